@@ -1,0 +1,205 @@
+// Whole runs of the program on hostile settings, list files and sources: libFuzzer calls tly() again and again in one process.
+//
+// An input is kHeadBytes bytes that choose the mode, the switches, the source's extension and the way to it, then up to three texts
+// with a line "===" between them: the settings file, the -F list and the source. Missing texts are left away from the front, so
+// that any plain source file is a useful input.
+//
+// All files are in a private directory. A list text can't name anything outside of it (see Tame); tly's reports go to /dev/null.
+
+#include <cerrno>
+#include <csetjmp>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include "run/tly.h"
+
+namespace {
+
+constexpr size_t kHeadBytes = 6;
+
+constexpr const char *kModes[] = {nullptr, "-H", "-C", "-X"};
+constexpr const char *kExtensions[] = {"c", "h", "cpp", "java", "cs", "hpp", "txt", "C"};
+// One bit of the head each.
+constexpr const char *kSwitches[] = {"-a", "-c", "-d",       "-fa",        "-fd", "-fm", "-fp", "-i",  "-k2", "-kd", "-m",  "-n",
+                                     "-o", "-s", "-xNOWRAP", "-xNOHEADER", "-v",  "-Td", "-Ta", "-Tl", "-TL", "-Ts", "-Tn", "-Rn"};
+// At most one of these: they end the run early, or change all of it.
+constexpr const char *kSpecial[] = {nullptr,    nullptr,
+                                    "-y",       "-hs",
+                                    "-hn",      "-hc",
+                                    "-hf",      "-Rl",
+                                    "-b",       "-Rd",
+                                    "-k11",     "-Sa<b&\"'",
+                                    "-Tz",      "-uFile XSL x.xsl",
+                                    "-xDEBUG",  "-l",
+                                    "-e",       "-k9",
+                                    "-xNOWRAP", "-uFile CFG tly.cfg"};
+
+std::string place; // the private directory; the runs work in its subdirectory "w"
+bool running;
+jmp_buf run_end;
+std::vector<FILE *> open_streams; // opened by the run and not closed yet
+
+// Leaves a "/" only where it can't lead out of the private directory: behind a name and not ahead of a dot.
+std::string Tame(std::string_view text) {
+    std::string tame(text);
+    for (size_t i = 0; i < tame.size(); ++i) {
+        const char before = i > 0 ? tame[i - 1] : '\0';
+        const bool behind_name = (before >= 'a' && before <= 'z') || (before >= '0' && before <= '9');
+        if (tame[i] == '/' && (!behind_name || (i + 1 < tame.size() && tame[i + 1] == '.'))) {
+            tame[i] = '_';
+        }
+    }
+    return tame;
+}
+
+void WriteFile(const char *name, std::string_view text) {
+    FILE *file = fopen(name, "wb");
+    if (!file || fwrite(text.data(), 1, text.size(), file) != text.size() || fclose(file) != 0) {
+        fprintf(stderr, "fuzz_run: can't write %s: %s\n", name, std::strerror(errno));
+        abort();
+    }
+}
+
+void RemovePlace() {
+    const std::string command = "rm -rf '" + place + "'";
+    if (chdir("/") != 0 || system(command.c_str()) != 0) {
+        fprintf(stderr, "fuzz_run: %s is left behind\n", place.c_str());
+    }
+}
+
+std::vector<std::string> Arguments(const uint8_t *head, const std::string &source_name) {
+    std::vector<std::string> arguments{"tly"};
+    const auto add = [&arguments](const char *argument) {
+        if (argument) {
+            arguments.emplace_back(argument);
+        }
+    };
+    add(kModes[head[0] % std::size(kModes)]);
+    for (size_t i = 0; i < std::size(kSwitches); ++i) {
+        if (head[1 + i / 8] >> (i % 8) & 1) {
+            add(kSwitches[i]);
+        }
+    }
+    add(kSpecial[head[4] % std::size(kSpecial)]);
+    switch (head[5] / 8 % 4) {
+    case 0: add("-Flist.txt"); break;
+    case 1: add("-rc,h,cpp,java,cs,hpp ."); break;
+    default: add(source_name.c_str()); break;
+    }
+    return arguments;
+}
+
+void Run(const std::vector<std::string> &arguments) {
+    std::vector<std::string> texts = arguments;
+    std::vector<char *> argv;
+    for (std::string &text : texts) {
+        argv.push_back(text.data());
+    }
+    argv.push_back(nullptr);
+    optind = 0; // getopt starts anew
+    running = true;
+    if (setjmp(run_end) == 0) {
+        tly(static_cast<int>(argv.size()) - 1, argv.data());
+    }
+    running = false;
+}
+
+} // namespace
+
+// The end of a process is the end of a run.
+extern "C" [[noreturn]] void __real_exit(int status);
+extern "C" [[noreturn]] void __wrap_exit(int status);
+void __wrap_exit(int status) {
+    if (running) {
+        longjmp(run_end, 1);
+    }
+    __real_exit(status);
+}
+
+static FILE *Opened(FILE *stream) {
+    if (stream && running) {
+        open_streams.push_back(stream);
+    }
+    return stream;
+}
+
+extern "C" FILE *__real_fopen(const char *name, const char *mode);
+extern "C" FILE *__wrap_fopen(const char *name, const char *mode);
+FILE *__wrap_fopen(const char *name, const char *mode) {
+    return Opened(__real_fopen(name, mode));
+}
+
+extern "C" FILE *__real_fdopen(int fd, const char *mode);
+extern "C" FILE *__wrap_fdopen(int fd, const char *mode);
+FILE *__wrap_fdopen(int fd, const char *mode) {
+    return Opened(__real_fdopen(fd, mode));
+}
+
+extern "C" int __real_fclose(FILE *stream);
+extern "C" int __wrap_fclose(FILE *stream);
+int __wrap_fclose(FILE *stream) {
+    std::erase(open_streams, stream);
+    return stream == stdout ? fflush(stream) : __real_fclose(stream);
+}
+
+// What a run leaves to the end of its process isn't a leak.
+extern "C" const char *__asan_default_options();
+const char *__asan_default_options() {
+    return "detect_leaks=0";
+}
+
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
+int LLVMFuzzerInitialize(int *, char ***) {
+    place = std::string(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp") + "/tly-fuzz-XXXXXX";
+    if (!mkdtemp(place.data()) || atexit(RemovePlace) != 0) {
+        abort();
+    }
+    const std::string work = place + "/w";
+    if (mkdir(work.c_str(), 0700) != 0 || chdir(work.c_str()) != 0 || mkdir("sub", 0700) != 0) {
+        abort();
+    }
+    WriteFile("sub/x.h", "#define X 1 // sub\n");
+    clearenv();
+    setenv("TLYHOME", work.c_str(), 1);
+    setenv("PATH", "/usr/bin:/bin", 1);
+    setenv("SUB", "sub", 1);
+    setenv("TZ", "UTC", 1);
+    if (!freopen("/dev/null", "w", stdout) || !freopen("/dev/null", "r", stdin)) {
+        abort();
+    }
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    if (size < kHeadBytes) {
+        return 0;
+    }
+    std::string_view rest(reinterpret_cast<const char *>(data) + kHeadBytes, size - kHeadBytes);
+    std::vector<std::string_view> texts;
+    constexpr std::string_view kSeparator = "\n===\n";
+    for (size_t end; texts.size() < 2 && (end = rest.find(kSeparator)) != std::string_view::npos;) {
+        texts.push_back(rest.substr(0, end + 1));
+        rest.remove_prefix(end + kSeparator.size());
+    }
+    const std::string source_name = std::string("in.") + kExtensions[data[5] % std::size(kExtensions)];
+    WriteFile("tly.cfg", texts.empty() ? std::string_view{} : texts[0]);
+    WriteFile("list.txt", texts.size() < 2 ? source_name : Tame(texts[1]));
+    WriteFile(source_name.c_str(), rest);
+
+    Run(Arguments(data, source_name));
+
+    while (!open_streams.empty()) {
+        fclose(open_streams.back());
+    }
+    unlink(source_name.c_str());
+    return 0;
+}

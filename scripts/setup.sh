@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Installs what is missing on Debian 12: setup.sh build (to build tly) or setup.sh test (to test it as well; the default).
+# Does nothing, and needs no network and no root, when everything is there.
+set -euo pipefail
+
+# package, and the program or file that tells that it is there
+build=(g++ g++  cmake cmake  ninja-build ninja)
+test=(doctest-dev /usr/include/doctest/doctest.h  clang-format clang-format  clang-tidy clang-tidy  clang clang++
+      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux  libxml2-utils xmllint  tidy tidy  python3 python3  git git)
+
+case ${1:-test} in
+build) wanted=("${build[@]}") ;;
+test) wanted=("${build[@]}" "${test[@]}") ;;
+*) echo "usage: setup.sh [build|test]" >&2; exit 2 ;;
+esac
+
+missing=()
+for ((i = 0; i < ${#wanted[@]}; i += 2)); do
+    mark=${wanted[i + 1]}
+    [[ $mark == /* && -e $mark ]] || command -v "$mark" >/dev/null || missing+=("${wanted[i]}")
+done
+[[ ${#missing[@]} -gt 0 ]] || exit 0
+
+root=()
+if [[ $(id -u) -ne 0 ]]; then
+    command -v sudo >/dev/null || { echo "setup.sh: please install: ${missing[*]}" >&2; exit 1; }
+    root=(sudo)
+fi
+echo "setup.sh: installing ${missing[*]}" >&2
+"${root[@]}" apt-get update -qq </dev/null >&2
+"${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" </dev/null >&2

@@ -1,0 +1,9 @@
+// The line scanner: what one physical source line is, and what it counts.
+#pragma once
+
+struct Globals;
+
+// Scans the length bytes of line_buffer, which is NUL terminated and keeps its line end, as line line_number of the current file.
+void ParseLine(int line_bytes, int line_number, Globals *G);
+// 1 if ch is the only significant character of the line, blanks, ";" and comments behind it aside.
+int SingleChar(const char *line, char ch);

@@ -1,0 +1,61 @@
+// The file's counters into the project's sums, and back.
+#include "analysis/roll_up.h"
+
+#include <array>
+#include <bit>
+#include <type_traits>
+
+#include "run/globals.h"
+
+namespace {
+
+static_assert(std::has_unique_object_representations_v<FileCounters>, "FileCounters holds ints only: it is summed cell by cell");
+using CounterCells = std::array<int, sizeof(FileCounters) / sizeof(int)>;
+
+void AddCounters(FileCounters &sum, const FileCounters &file) {
+    CounterCells cells = std::bit_cast<CounterCells>(sum);
+    const CounterCells more = std::bit_cast<CounterCells>(file);
+    for (size_t i = 0; i < cells.size(); ++i) {
+        cells[i] += more[i];
+    }
+    sum = std::bit_cast<FileCounters>(cells);
+}
+
+// A header goes to the Header group whatever language it is read as.
+LanguageGroup GroupOf(const Globals *G) {
+    return G->is_c_header ? kHeaderGroup
+           : G->is_c      ? kCGroup
+           : G->is_cpp    ? kCppGroup
+           : G->is_java   ? kJavaGroup
+           : G->is_cs     ? kCsGroup
+                          : kOtherGroup;
+}
+
+} // namespace
+
+void ResetState(Globals *G) {
+    static_cast<PerFile &>(*G) = PerFile{};
+    G->comment_star_index = -1;
+}
+
+void AddTotal(Globals *G) {
+    AddCounters(G->total, *G);
+    G->total_points.fp_loc += G->fp_loc;
+    G->total_points.fp_eloc += G->fp_eloc;
+    G->total_points.fp_lloc += G->fp_lloc;
+
+    LanguageSums &sums = G->language_sums[GroupOf(G)];
+    sums.loc += G->file_loc;
+    sums.eloc += G->file_loc - G->just_brace_count - G->just_paren_count;
+    sums.lloc += G->semicolon_count - G->for_count;
+    sums.comments += G->file_comments;
+    sums.blanks += G->file_blank;
+    sums.lines += G->file_line_no;
+}
+
+void SetTotal(Globals *G) {
+    static_cast<FileCounters &>(*G) = G->total;
+    static_cast<FunctionPointValues &>(*G) = G->total_points;
+    G->project_files =
+        G->c_files + G->c_header_files + G->cpp_files + G->cpp_header_files + G->java_files + G->cs_files + G->other_files;
+}

@@ -1,0 +1,45 @@
+// The line in hand: what the scanner's handlers are given beside G. It lives as long as one call of ParseLine.
+#pragma once
+
+struct Globals;
+
+struct Scan {
+    const char *line;   // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
+    int number;         // line number in the file
+    int length;         // characters without the line end
+    int index;          // the character in hand; a handler may move it forward
+    int blank;          // no byte above 32 in the line
+    int is_loc;         // a line of code
+    int non_effective;  // just a brace or just a parenthesis
+    int is_logical;     // a ";" in code
+    int c_comment_line; // a /* */ comment covers part of the line
+    int white_end;      // white space counts up to here
+    char *kinds;        // one SpanKind per character for those who ask for the line's split; null otherwise
+};
+
+// What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
+enum SpanKind : char { kCodeSpan, kStringSpan, kCommentSpan, kPassedOver };
+
+// The handlers of the characters that mean something in code, each called with scan.index on its character.
+// They leave index on the last character that they used up.
+void OnHash(Scan &scan, Globals *G);
+void OnOpenParen(Scan &scan, Globals *G);
+void OnCloseParen(Scan &scan, Globals *G);
+void OnOpenBrace(Scan &scan, Globals *G);
+void OnCloseBrace(Scan &scan, Globals *G);
+void OnSemicolon(Scan &scan, Globals *G);
+// Tests the word from begin up to end against the keywords.
+void OnWord(const Scan &scan, int begin, int end, Globals *G);
+
+// Walks the line in code from scan.index until a comment or literal opens or the line ends.
+void ScanCode(Scan &scan, Globals *G);
+
+// 1 if the character at index stands behind an odd run of backslashes.
+int IsEscaped(const Scan &scan);
+// Notes for the line's split what the characters from begin up to end are.
+void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
+
+// The reports of -d and -wD on the line just scanned.
+void ReportLine(const Scan &scan, int line_has_c_comment, Globals *G);
+// Splits the line just scanned into G's line_code, line_string and line_comment.
+void SplitLine(const Scan &scan, Globals *G);

@@ -1,0 +1,276 @@
+// The settings file: defaults, reader, writer. What settings there are stands in settings_table.cpp; here is how each type of them
+// is read and written.
+#include "config/settings.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <strings.h>
+
+#include "config/languages.h"
+#include "config/settings_table.h"
+#include "report/mode.h"
+#include "report/names.h"
+#include "run/globals.h"
+#include "run/program_files.h"
+#include "run/read_lines.h"
+
+namespace {
+
+constexpr const char *kRow = "####################################################################\n";
+
+bool IsYes(const char *value) {
+    return *value != 'n' && *value != 'N';
+}
+
+// ---- Reading ----------------------------------------------------------------------------------------------------------------
+
+// A value that is longer than its field is cut.
+void ReadText(const Setting &row, const char *value, Globals *G) {
+    CopyText(row.field.text(*G), value);
+}
+
+// "99999999999" is the greatest value of the row, not what is left of it in an int.
+int ReadInteger(const Setting &row, const char *value) {
+    return static_cast<int>(std::clamp<long>(strtol(value, nullptr, 10), row.minimum, row.maximum));
+}
+
+// With TLYCFGHOME set, all side files lie there: a bare name goes behind it, and a value with a path of its own is passed over.
+void ReadUdqnFile(const char *value, Globals *G) {
+    CopyText(G->udqn_setting, value);
+    const bool has_home = strlen(G->TLYCFGHOME) > 1;
+    if (strlen(value) < 2) {
+        if (has_home) {
+            FormatText(G->udqn_file, "%stly_udqn.cfg", G->TLYCFGHOME);
+        }
+    } else if (!has_home) {
+        CopyText(G->udqn_file, value);
+    } else if (!strchr(value, '/')) {
+        FormatText(G->udqn_file, "%s%s", G->TLYCFGHOME, value);
+    }
+}
+
+void ReadValue(const Setting &row, const char *value, Globals *G) {
+    const char first = *value;
+    switch (row.type) {
+    case SettingType::kComment: break;
+    case SettingType::kFlag: row.field.number(*G) = IsYes(value); break;
+    case SettingType::kInvertedFlag: row.field.number(*G) = !IsYes(value); break;
+    case SettingType::kInteger:
+        if (IsDigit(first)) {
+            row.field.number(*G) = ReadInteger(row, value);
+        }
+        break;
+    case SettingType::kScopeLimit:
+        if (IsDigit(first)) {
+            const int limit = ReadInteger(row, value);
+            row.field.number(*G) = limit == 0 ? row.number : limit;
+        }
+        break;
+    case SettingType::kPercent:
+        if (IsDigit(first)) {
+            row.field.percent(*G) = static_cast<float>(std::clamp<double>(strtod(value, nullptr), row.minimum, row.maximum));
+        }
+        break;
+    case SettingType::kText:
+        if (first != '\0') {
+            ReadText(row, value, G);
+        }
+        break;
+    case SettingType::kKeyString:
+        if (first != '\0') {
+            ReadText(row, value, G);
+            G->key_string_set = 1;
+        }
+        break;
+    case SettingType::kTitle:
+        if (IsLetterOrDigit(first)) {
+            ReadText(row, value, G);
+        }
+        break;
+    case SettingType::kColor:
+        if (IsLetterOrDigit(first) || first == '#') {
+            ReadText(row, value, G);
+        }
+        break;
+    case SettingType::kList:
+        if (IsLetterOrDigit(first)) {
+            ReadText(row, value, G);
+            // The table of languages doesn't exist yet when tly.cfg is read, but it does for a file of -u.
+            parseUlpiExtensions(G->ulpi[row.language], value, G);
+        }
+        break;
+    case SettingType::kPlain: ReadText(row, value, G); break;
+    case SettingType::kPath: ReadText(row, first == '\r' ? "" : value, G); break;
+    case SettingType::kUdqnFile: ReadUdqnFile(value, G); break;
+    case SettingType::kDeprecated:
+        Message(G,
+                "Notice: Using \"include cyclo complexity in work files\"\n        in tly.cfg is deprecated.  Use the %s\n"
+                "        file to define the elements of the baseline metrics\n        differential report\n\n",
+                "tly_workdiff.cfg");
+        break;
+    }
+}
+
+// "Maximum Line Length       : 80\n": only the first colon counts, "Report Header Text Line: a:b" has the value "a:b". Comments
+// are lines like all others whose text in front of a colon is no key.
+void ReadLine(char *line, Globals *G) {
+    char *colon = strchr(line, ':');
+    if (!colon) {
+        return;
+    }
+    *colon = '\0';
+    Rtrim(line);
+    Rtrim(colon + 1);
+    for (const Setting &row : SettingsTable()) {
+        if (row.key && strcasecmp(row.key, line) == 0) {
+            ReadValue(row, Ltrim(colon + 1), G);
+            return;
+        }
+    }
+}
+
+// ---- Writing ----------------------------------------------------------------------------------------------------------------
+
+// A value on one line: an argument or a directory name may hold a line end, which would begin another setting.
+std::string OneLine(const char *value) {
+    std::string text = value;
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c >= 0 && c < 32 && c != '\t'; }, '?');
+    return text;
+}
+
+std::string ValueText(const Setting &row, bool display, Globals *G) {
+    char number[32] = "";
+    switch (row.type) {
+    case SettingType::kFlag: return row.field.number(*G) ? "Yes" : "No";
+    case SettingType::kInvertedFlag: return row.field.number(*G) ? "No" : "Yes";
+    case SettingType::kInteger:
+    case SettingType::kScopeLimit: FormatText(number, "%d", row.field.number(*G)); return number;
+    case SettingType::kPercent: FormatText(number, "%-6.2f", static_cast<double>(row.field.percent(*G))); return number;
+    case SettingType::kUdqnFile:
+        // The display tells where the file is, the settings file keeps what its user wrote.
+        return OneLine(display ? G->udqn_file : G->udqn_setting);
+    case SettingType::kComment:
+    case SettingType::kDeprecated: return "";
+    default: return OneLine(row.field.text(*G).data());
+    }
+}
+
+// A text for the stream: escaped where it goes into a page.
+std::string Escaped(const std::string &text, bool html) {
+    if (!html) {
+        return text;
+    }
+    std::string escaped;
+    HTML_esc(text.c_str(), escaped);
+    return escaped;
+}
+
+void WriteRow(FILE *stream, const Setting &row, bool html, const std::string &value) {
+    const std::string shown = Escaped(value, html);
+    if (html && row.type == SettingType::kColor) {
+        fprintf(stream, "%-40s: <font color=\"%s\">%s</font>\n", row.key, shown.c_str(), shown.c_str());
+    } else if (const size_t padded = std::max<size_t>(strlen(row.key), 40) + 2 + value.length() + 1; padded < sizeof(LineText)) {
+        fprintf(stream, "%-40s: %s\n", row.key, shown.c_str());
+    } else {
+        // The padding would push the end of the value out of the line that the reader takes.
+        fprintf(stream, "%s:%s\n", row.key, shown.c_str());
+    }
+}
+
+void WriteHead(FILE *stream, bool html, const Globals *G) {
+    fputs("# Tallyline\n# Configuration Data File\n\n", stream);
+    fprintf(stream,
+            "# This output creates a template for %s.  TLY uses this file\n"
+            "# for configuring its operation.  This file is a text file and\n"
+            "# must exist in the TLY directory upon the system path or at\n"
+            "# at a location specified by the environment variable TLYHOME.\n"
+            "# The TLY configuration files may also be solely located at a\n"
+            "# location specified by the environment variable TLYCFGHOME.\n"
+            "#\n",
+            "tly.cfg");
+    fputs("# Lines beginning with the # sign are comments in this file.\n"
+          "# Specific text lines before the colon must appear exactly as\n"
+          "# written.  You may changed the value after the colon to either\n"
+          "# a Yes or No or to a specified value.\n",
+          stream);
+    fprintf(stream, "TLY CFG Version: %s\n\n", Escaped(OneLine(G->cfg_version), html).c_str());
+    fprintf(stream, "%s: %s\n", "# Current Working Dir.", Escaped(OneLine(G->start_dir), html).c_str());
+    fprintf(stream, "%s: %s\n", "# Located Config. File", Escaped(OneLine(G->cfg_file), html).c_str());
+    fprintf(stream, "%s: %s\n", "# Located Macro File  ", Escaped(OneLine(G->macro_file), html).c_str());
+    fputs("\n# The following is the current configuration data\n\n", stream);
+}
+
+void WriteSettings(FILE *stream, bool display, bool html, Globals *G) {
+    if (html) {
+        fputs("<html><header><title>\"TLY Configuration\"</title></header><body><pre>", stream);
+    }
+    WriteHead(stream, html, G);
+    for (const Setting &row : SettingsTable()) {
+        if (row.type == SettingType::kComment) {
+            fputs(row.text, stream);
+        } else if (!row.read_only) {
+            WriteRow(stream, row, html, ValueText(row, display, G));
+        }
+    }
+    fprintf(stream, "%s# end of %s\n", kRow, "tly.cfg");
+    if (html) {
+        fputs("</pre></body></html>", stream);
+    }
+}
+
+// The file is plain text in every mode.
+void WriteCfgFile(FILE *stream, Globals *G) {
+    WriteSettings(stream, false, false, G);
+}
+
+// Writes cfg_file as a file of this version.
+int SaveCfg(Globals *G) {
+    CopyText(G->cfg_version, G->version);
+    return WriteProgramFile(G->cfg_file, WriteCfgFile, G);
+}
+
+} // namespace
+
+void DefaultSettings(Globals *G) {
+    static_cast<Settings &>(*G) = Settings{};
+    for (const Setting &row : SettingsTable()) {
+        if (row.field.number) {
+            row.field.number(*G) = row.number;
+        } else if (row.field.percent) {
+            row.field.percent(*G) = static_cast<float>(row.number);
+        } else if (row.field.text) {
+            CopyText(row.field.text(*G), row.text);
+        }
+    }
+    G->treat_c_headers_as_cpp = G->notice_enabled[25];
+}
+
+int LoadCfg(Globals *G) {
+    LineReader reader;
+    if (!OpenLines(&reader, G->cfg_file)) {
+        // Only a missing file is generated: one that is there but can't be read is its user's.
+        if (errno != ENOENT || !SaveCfg(G)) {
+            return 0;
+        }
+        if (!OpenLines(&reader, G->cfg_file)) {
+            return 1;
+        }
+    }
+    LineText line;
+    while (NextLine(&reader, line)) {
+        ReadLine(line, G);
+    }
+    const bool read_whole = !ferror(reader.file);
+    CloseLines(&reader);
+    G->treat_c_headers_as_cpp = G->notice_enabled[25];
+    // A file that was read in part only isn't rewritten: the rest of its values would be lost.
+    if (read_whole && strcasecmp(G->cfg_version, G->version) != 0) {
+        SaveCfg(G);
+    }
+    return 1;
+}
+
+void ShowCfg(FILE *stream, Globals *G) {
+    WriteSettings(stream, true, OutputMode(G) == Mode::kHtml, G);
+}

@@ -1,0 +1,95 @@
+// Big blocks in, lines out. See source_reader.h for the rules.
+#include "files/source_reader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+int OpenSource(SourceReader *reader, const char *name) {
+    reader->fd = open(name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (reader->fd < 0) {
+        return 0;
+    }
+    struct stat info;
+    if (fstat(reader->fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+        close(reader->fd);
+        errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+        return 0;
+    }
+    reader->at_end = 0;
+    reader->has_nul = 0;
+    reader->failed = 0;
+    reader->begin = 0;
+    reader->end = 0;
+    return 1;
+}
+
+void CloseSource(SourceReader *reader) {
+    close(reader->fd);
+}
+
+namespace {
+
+// Moves what is unread to the front of the block and fills the rest.
+void Refill(SourceReader *reader) {
+    memmove(reader->block, reader->block + reader->begin, reader->end - reader->begin);
+    reader->end -= reader->begin;
+    reader->begin = 0;
+    ssize_t got;
+    do {
+        got = read(reader->fd, reader->block + reader->end, sizeof reader->block - reader->end);
+    } while (got < 0 && errno == EINTR);
+    if (got <= 0) {
+        reader->at_end = 1;
+        reader->failed = got < 0 ? errno : 0;
+    } else {
+        reader->end += got;
+    }
+    reader->has_nul = memchr(reader->block, '\0', reader->end) != nullptr;
+}
+
+int LeadingHighBytes(const char *text) {
+    int count = 0;
+    while (text[count] < 0) {
+        ++count;
+    }
+    return count;
+}
+
+} // namespace
+
+Piece NextPiece(SourceReader *reader, char *line, int *length) {
+    size_t bytes;
+    const void *feed;
+    for (;;) {
+        const char *text = reader->block + reader->begin;
+        const size_t most = std::min<size_t>(reader->end - reader->begin, kMaxPiece);
+        feed = memchr(text, '\n', most);
+        bytes = feed ? static_cast<const char *>(feed) - text + 1 : most;
+        if (feed || most == kMaxPiece || reader->at_end) {
+            memcpy(line, text, bytes);
+            break;
+        }
+        Refill(reader);
+    }
+    reader->begin += bytes;
+    memset(line + bytes, 0, 17);
+    const bool filled = !feed && bytes == kMaxPiece;
+    if (*line < 0) {
+        const int skipped = LeadingHighBytes(line);
+        bytes -= skipped;
+        memmove(line, line + skipped, bytes + 17);
+    }
+    const size_t text_length = reader->has_nul ? strlen(line) : bytes;
+    const bool holds_nul = text_length < bytes;
+    if (holds_nul) {
+        memset(line + text_length, 0, 17);
+    }
+    *length = static_cast<int>(text_length);
+    if (filled) {
+        return holds_nul ? Piece::kLine : Piece::kTooLong;
+    }
+    return feed || *line == '\t' || *line > 11 ? Piece::kLine : Piece::kEnd;
+}

@@ -1,0 +1,121 @@
+// The four forms of a report line, under one another, checked by the compiler.
+//
+//   constexpr Forms<int, Shown> kFiles{
+//       .text = "  Files %d - %s\n",
+//       .html = "  <b>Files</b> %d - %s\n",
+//       .csv = "Files,%d,%s\n",
+//       .xml = "<file_count>%d</file_count>\n<name>%s</name>\n"};
+//   Print(G, kFiles, count, Shown{name});
+//
+// An empty form prints nothing. A form may use fewer arguments than it is given, from the front.
+#pragma once
+
+#include <string>
+#include <type_traits>
+
+#include "report/mode.h"
+
+struct Globals;
+
+// Text from outside: encoded for the mode when it is printed. Null shows as empty.
+struct Shown {
+    const char *text;
+};
+
+namespace forms {
+
+// The conversion letter a type may be printed with: 'd' int, 'l' long (%ld), 'f' double, 's' const char * or Shown, 'c' char.
+template <class T> consteval char Kind() {
+    if constexpr (std::is_same_v<T, int>) {
+        return 'd';
+    } else if constexpr (std::is_same_v<T, long>) {
+        return 'l';
+    } else if constexpr (std::is_same_v<T, double>) {
+        return 'f';
+    } else if constexpr (std::is_same_v<T, char>) {
+        return 'c';
+    } else {
+        static_assert(std::is_same_v<T, const char *> || std::is_same_v<T, Shown>);
+        return 's';
+    }
+}
+
+inline void FormatDoesNotMatchItsArguments() {} // not constexpr: reached only by a wrong format, which then doesn't compile
+
+template <class... Args> struct Format {
+    const char *text = "";
+    Format() = default;
+    consteval Format(const char *format)
+        : text(format) { // NOLINT: implicit on purpose
+        const char kinds[] = {Kind<Args>()..., '\0'};
+        int next = 0;
+        for (const char *p = format; *p; ++p) {
+            if (*p != '%') {
+                continue;
+            }
+            if (*++p == '%') {
+                continue;
+            }
+            while (*p == '-' || *p == '.' || *p == '0' || (*p >= '1' && *p <= '9')) {
+                ++p;
+            }
+            const char found = *p == 'l' && p[1] == 'd' ? *p++ : *p;
+            if (found != kinds[next++]) {
+                FormatDoesNotMatchItsArguments();
+            }
+        }
+    }
+};
+
+// How an argument reaches printf: a Shown as its encoded text, everything else as it is.
+template <class T> struct Passed {
+    T value;
+    Passed(Mode, T v)
+        : value(v) {}
+    T get() const { return value; }
+};
+template <> struct Passed<Shown> {
+    std::string value;
+    Passed(Mode mode, Shown shown);
+    const char *get() const { return value.c_str(); }
+};
+
+} // namespace forms
+
+template <class... Args> struct Forms {
+    forms::Format<Args...> text{}, html{}, csv{}, xml{};
+    constexpr const char *Of(Mode mode) const {
+        switch (mode) {
+        case Mode::kHtml: return html.text;
+        case Mode::kCsv: return csv.text;
+        case Mode::kXml: return xml.text;
+        case Mode::kText: break;
+        }
+        return text.text;
+    }
+};
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral" // the one place: Format has checked what it is handed
+// Writes the form of the mode to gTLYOUT.
+template <class... Args> void PrintAs(Mode mode, const Forms<Args...> &forms, std::type_identity_t<Args>... args) {
+    const char *format = forms.Of(mode);
+    if (*format == '\0') {
+        return;
+    }
+    if constexpr (sizeof...(Args) == 0) {
+        fprintf(gTLYOUT, format, 0);
+    } else {
+        fprintf(gTLYOUT, format, forms::Passed<Args>(mode, args).get()...);
+    }
+}
+
+// One checked form for every mode, for a text that the modes don't share.
+template <class... Args> void PrintOnly(Mode mode, forms::Format<std::type_identity_t<Args>...> format, Args... args) {
+    fprintf(gTLYOUT, format.text, forms::Passed<Args>(mode, args).get()...);
+}
+#pragma GCC diagnostic pop
+
+template <class... Args> void Print(const Globals *G, const Forms<Args...> &forms, std::type_identity_t<Args>... args) {
+    PrintAs(OutputMode(G), forms, args...);
+}

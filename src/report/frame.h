@@ -1,0 +1,31 @@
+// The frame of a report: heads, titles, centring, rules, the close of the document.
+#pragma once
+
+#include <cstdio>
+
+struct Globals;
+
+// Heads of text and HTML, CSV, and XML reports.
+void ShowHeader(FILE *stream, Globals *G);
+void CSV_Header(FILE *stream, Globals *G);
+void XML_Header(FILE *stream, Globals *G);
+// One centred title for every analysis that is on.
+void ShowFMCHeader(Globals *G);
+// Writes a text centred on the page, with a line feed; longer texts behind one blank. The text goes out as it stands.
+void Center(const char *text);
+// Writes marked-up text centred by the width of the plain text.
+void Center_HTML(const char *plain, const char *marked);
+// "\n  <rule>\n\n" of 72 dashes, ahead of a report.
+void DashRule();
+// "  <rule>\n\n" of 72 underscores, at the end of a head or a run.
+void UnderscoreRule();
+// Center(title), in HTML in the header colour: what stands between a report's rule and its lines. Text and HTML only.
+void CenteredTitle(const char *title, const Globals *G);
+// The sort line of a report; nothing without a sort key.
+void ShowSortMethod(const Globals *G);
+// Rules and title of the code listing; a title longer than a line ends the process.
+void SetBars(Globals *G);
+// The close of the document: banner, "</pre></body></html>", "</vxtly>".
+void CloseDocument(Globals *G);
+// The compile date as the compiler writes it, "Sep  2 2009".
+const char *BuildDate();

@@ -1,0 +1,211 @@
+// One file: open, read line by line, store the metrics, report, roll up, reset.
+#include "run/file_loop.h"
+
+#include <cerrno>
+
+#include "analysis/parse_line.h"
+#include "analysis/roll_up.h"
+#include "config/languages.h"
+#include "files/source_reader.h"
+#include "report/file_reports.h"
+#include "report/forms.h"
+#include "report/lines.h"
+#include "report/totals.h"
+#include "run/compare.h"
+#include "run/globals.h"
+#include "run/progress.h"
+
+namespace {
+
+int Holds(const char *line, const char *token) {
+    return *token && strstr(line, token);
+}
+
+// Follows the skip tokens, which are searched in the raw line, in comments and strings too; only the first that matches counts.
+// Returns 1 if the line is to be skipped: the line of the end token still is.
+int FollowSkipTokens(const char *line, Globals *G) {
+    if (Holds(line, G->skip_start_token)) {
+        G->skip_lines_active = 1;
+    } else if (Holds(line, G->skip_end_token)) {
+        G->skip_lines_active = 0;
+        return 1;
+    } else if (Holds(line, G->quality_skip_start_token)) {
+        G->skip_quality_active = 1;
+    } else if (Holds(line, G->quality_skip_end_token)) {
+        G->skip_quality_active = 0;
+    }
+    return G->skip_lines_active;
+}
+
+void ReadLines(SourceReader *reader, Globals *G) {
+    for (;;) {
+        int length;
+        const Piece piece = NextPiece(reader, G->line_buffer, &length);
+        if (piece == Piece::kEnd) {
+            return;
+        }
+        if (piece == Piece::kTooLong) {
+            Message(G,
+                    "\n  Error: Text line %d length greater than %d characters\n"
+                    "         Examine file for proper text file formatting.\n",
+                    G->file_line_no, kMaxPiece + 1);
+            continue;
+        }
+        ++G->file_line_no;
+        if (G->skip_tokens_active && FollowSkipTokens(G->line_buffer, G)) {
+            ++G->skipped_lines;
+        } else {
+            ParseLine(length, G->file_line_no, G);
+        }
+    }
+}
+
+void StoreMetrics(FileData *file, Globals *G) {
+    file->lines = G->file_line_no;
+    file->loc = G->file_loc;
+    file->eloc = G->file_loc - G->just_brace_count - G->just_paren_count;
+    file->lloc = G->semicolon_count - G->for_count;
+    file->comments = G->file_comments;
+    file->blanks = G->file_blank;
+    file->skipped = G->skipped_lines;
+    file->fp_loc = GetFP(file->loc, 0, G);
+    file->fp_eloc = GetFP(file->eloc, 1, G);
+    file->fp_lloc = GetFP(file->lloc, 2, G);
+    G->fp_loc += file->fp_loc;
+    G->fp_eloc += file->fp_eloc;
+    G->fp_lloc += file->fp_lloc;
+}
+
+// With a -F list: the file counts in the first listed directory that its own directory's name begins with.
+void AddToDirectory(const FileData *file, Globals *G) {
+    const char *slash = strrchr(file->name, '/');
+    if (!slash) {
+        return;
+    }
+    LineText directory;
+    CopyPart(directory, file->name, slash - file->name);
+    const LlistNode *node = LlistSearch(&G->dir_metrics_list, directory, IsInName_NodeType);
+    if (!node) {
+        return;
+    }
+    NodeData *sums = Record<NodeData>(node);
+    ++sums->params;
+    sums->loc += file->loc;
+    sums->eloc += file->eloc;
+    sums->lloc += file->lloc;
+    sums->comments += file->comments;
+    sums->lines += file->lines;
+}
+
+constexpr Forms<int, int> kBracesDiffer{.text = "\n    NOTICE: The end of the source file has been reached where the\n"
+                                                "            open brace count { %d != %d } close brace count \n"
+                                                "            This is an indication of non-compilable code within the source\n"
+                                                "            file.  TLY processes all source code including code wrapped\n"
+                                                "            with preprocessor directives.  Accurate metrics requires that\n"
+                                                "            all code present in this file must be compilable.\n",
+                                        .csv = "\n    NOTICE: The end of the source file has been reached where the\n"
+                                               "            open brace count { %d != %d } close brace count \n"
+                                               "            This is an indication of non-compilable code within the source\n"
+                                               "            file.  TLY processes all source code including code wrapped\n"
+                                               "            with preprocessor directives.  Accurate metrics requires that\n"
+                                               "            all code present in this file must be compilable.\n"};
+
+void WarnOfBraces(Globals *G) {
+    if (OutputMode(G) != Mode::kHtml) {
+        Print(G, kBracesDiffer, G->open_braces, G->closebrace_count);
+        return;
+    }
+    PrintOnly<Shown, int, int>(
+        Mode::kHtml,
+        "\n    <font color=\"%s\"><b>Notice</b></font>: The end of the source file has been reached where the\n"
+        "            <b>open brace count { %d != %d } close brace count</b>\n"
+        "            This is an indication of non-compilable code within the source\n"
+        "            file.  TLY processes all source code including code wrapped\n"
+        "            with preprocessor directives.  Accurate metrics requires that\n"
+        "            all code present in this file must be compilable.\n",
+        Shown{G->html_notice_color}, G->open_braces, G->closebrace_count);
+}
+
+void ReportFile(const FileData *file, Globals *G) {
+    if (G->csv_file_lines) {
+        CSV_File_Line(gTLYOUT, file->name, file->date, file->size, file->loc, file->eloc, file->lloc, file->comments, file->blanks,
+                      file->lines, 0, file->functions, file->params, file->returns, file->cyclo, G->notice_count, 0, G);
+        return;
+    }
+    if (!G->comment_doc_mode && !G->extract_mode && !G->totals_only) {
+        if (G->file_summary || G->function_metrics) {
+            ShowTotalSummary(G, 0, 0);
+        }
+        if (G->memory_metrics) {
+            ShowMemorySummary(G);
+        }
+    }
+    if (G->report_switch_given && !G->totals_only) {
+        ShowFileEnd(file->name, G);
+    }
+}
+
+void EndFile(FileData *file, Globals *G) {
+    StoreMetrics(file, G);
+    if (G->file_list_mode) {
+        AddToDirectory(file, G);
+    }
+    if (!G->totals_only && G->open_braces != G->closebrace_count) {
+        WarnOfBraces(G);
+    }
+    ReportFile(file, G);
+    AddTotal(G);
+    file->notices = G->notice_count;
+    if (OutputMode(G) == Mode::kXml && !G->totals_no_file_names) {
+        if (!G->list_files_only) {
+            LOCLine(file->loc, file->eloc, file->lloc, file->comments, file->lines, G);
+            FPLine(G, file->fp_loc, file->fp_eloc, file->fp_lloc);
+        }
+        Put("</file>\n");
+    }
+}
+
+void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
+    G->file_data = file;
+    G->file_name = file->name;
+    if (*file->name <= 32 || strcmp(file->name, ".") == 0) {
+        return;
+    }
+    if (!OpenSource(reader, file->name)) {
+        Message(G, "\n  Error: Problem opening input file:\n         %s\n         For read, %s\n\n", file->name,
+                errno == EINVAL ? "Not a regular file" : strerror(errno));
+        return;
+    }
+    if (G->show_progress) {
+        ShowFileProgress(file->name, G);
+    }
+    if (OutputMode(G) == Mode::kXml && !G->totals_no_file_names) {
+        Put("<file>\n");
+    }
+    G->file_size = file->size;
+    G->file_date = file->date;
+    G->total_size += file->size;
+    ShowFileLine(file->name, file->date, file->size, G->totals_only, 0, G);
+    file->language = WhichFile(file->name, G, 1);
+    ++G->files_processed;
+    ReadLines(reader, G);
+    if (reader->failed) {
+        Message(G, "\n  Error: Problem reading input file:\n         %s\n         At line %d, %s\n\n", file->name, G->file_line_no,
+                strerror(reader->failed));
+    }
+    EndFile(file, G);
+    ResetState(G);
+    CloseSource(reader);
+}
+
+} // namespace
+
+void ProcessFiles(Globals *G) {
+    static SourceReader reader;
+    ResetState(G);
+    for (FileData *file : Records<FileData>(G->file_list)) {
+        ProcessFile(file, &reader, G);
+    }
+    G->file_data = nullptr;
+    G->file_name = nullptr;
+}

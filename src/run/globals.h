@@ -1,0 +1,41 @@
+// The one state record. Every folder declares its fields in its own *_state.h; this file only joins them, so that G->file_loc works
+// everywhere and the file a field stands in tells who owns it.
+//
+// The second axis is lifetime. What stands in PerFile is cleared behind every source file; all else lasts for the run. Membership
+// in PerFile is the reset list.
+#pragma once
+
+#include "analysis/line_state.h"
+#include "config/config_state.h"
+#include "files/files_state.h"
+#include "report/report_state.h"
+#include "run/records.h"
+#include "run/run_state.h"
+
+// Cleared by ResetState behind every source file.
+struct PerFile : FileCounters, FunctionPointValues, LineState {};
+
+struct Globals : RunSwitches,
+                 CommandText,
+                 ProgramPaths,
+                 OutputModes,
+                 ReportSwitches,
+                 TotalsSwitches,
+                 FileSwitches,
+                 ToolSwitches,
+                 WorkSwitches,
+                 Languages,
+                 Settings,
+                 FileLists,
+                 CurrentFile,
+                 LineBuffers,
+                 ReportState,
+                 PerFile {
+    FileCounters total;               // the project: the same shape as one file
+    FunctionPointValues total_points; // the project's function points
+    LanguageSums language_sums[kLanguageGroups];
+    int project_files; // files of all languages, once the totals are set
+};
+
+// Frees everything in G, and G itself.
+void FreeGlobals(Globals *G);

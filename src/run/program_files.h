@@ -1,0 +1,17 @@
+// Where the program's own files are, and how they are written.
+#pragma once
+
+#include <cstdio>
+#include <span>
+
+struct Globals;
+
+// Reads the environment into G.
+void LoadEnv(Globals *G);
+// Works out PROGPATH from argv[0], and TLYHOME where the environment gave none.
+void SetProgramPath(Globals *G);
+// The path of one of the program's files. A name that holds a "/" leaves dest as it is.
+void GetProgFile(std::span<char> dest, const char *name, Globals *G);
+// Writes a file of the program's beside its place and renames it, so that a failure leaves the old one whole. Returns 1 when the
+// new file is in place.
+int WriteProgramFile(const char *path, void (*write)(FILE *stream, Globals *G), Globals *G);

@@ -1,0 +1,127 @@
+// Constructors and free functions of the list records.
+#include "run/records.h"
+
+#include "run/compare.h"
+#include "run/globals.h"
+#include "run/text.h"
+
+namespace {
+
+template <class T> T *NewRecord() {
+    return static_cast<T *>(calloc(1, sizeof(T)));
+}
+
+// Copies a record's text. A null text stays null and is no failure.
+bool StoreText(char **field, const char *text) {
+    *field = CopyOnHeap(text);
+    return *field || !text;
+}
+
+void FreeText(char **field) {
+    free(*field);
+    *field = nullptr;
+}
+
+// Hands a finished record to the list, or frees it with its texts.
+int AddOrFree(bool complete, void *record, LlistFree free_texts, Llist *list, LlistCompare compare, Globals *G) {
+    if (complete && LlistAdd(list, record, compare, G)) {
+        return 1;
+    }
+    free_texts(record);
+    free(record);
+    return 0;
+}
+
+} // namespace
+
+int AddListNode(int sort_key, const char *name, const char *parameters, const char *inherit_line, const char *template_line,
+                const char *file, int line, int64_t date, int64_t params, int loc, int eloc, int lloc, int comments, int blanks,
+                int lines, int cyclo, int returns, int public_methods, int protected_methods, int private_methods, int public_data,
+                int protected_data, int private_data, int nesting, int parents, int is_struct, const char *diff_file, Llist *list,
+                Globals *G, float percent) {
+    NodeData *node = name && list ? NewRecord<NodeData>() : nullptr;
+    if (!node) {
+        return 0;
+    }
+    const bool complete = StoreText(&node->name, name) && StoreText(&node->parameters, parameters) &&
+                          StoreText(&node->inherit_line, inherit_line) && StoreText(&node->template_line, template_line) &&
+                          StoreText(&node->diff_file, diff_file);
+    node->file = file;
+    node->line = line;
+    node->date = date;
+    node->params = params;
+    node->loc = loc;
+    node->eloc = eloc;
+    node->lloc = lloc;
+    node->comments = comments;
+    node->blanks = blanks;
+    node->lines = lines;
+    node->cyclo = cyclo;
+    node->returns = returns;
+    node->public_methods = public_methods;
+    node->protected_methods = protected_methods;
+    node->private_methods = private_methods;
+    node->public_data = public_data;
+    node->protected_data = protected_data;
+    node->private_data = private_data;
+    node->nesting = nesting;
+    node->parents = parents;
+    node->is_struct = is_struct;
+    node->percent = percent;
+    return AddOrFree(complete, node, NodeDataFree, list, NodeDataComparator(sort_key), G);
+}
+
+int AddFileNode(const char *name, int64_t date, int64_t size, int language, const FunctionPointValues &points,
+                const Metrics &metrics, Llist *list, int sort_key, Globals *G) {
+    FileData *file = name && list ? NewRecord<FileData>() : nullptr;
+    if (!file) {
+        return 0;
+    }
+    static_cast<Metrics &>(*file) = metrics;
+    static_cast<FunctionPointValues &>(*file) = points;
+    file->date = date;
+    file->size = size;
+    file->language = language;
+    return AddOrFree(StoreText(&file->name, name), file, FileDataFree, list, FileDataComparator(sort_key), G);
+}
+
+int AddNameNode(const char *name, int line, int number, Llist *list, int sort_flag, Globals *G) {
+    NameData *entry = name && list ? NewRecord<NameData>() : nullptr;
+    if (!entry) {
+        return 0;
+    }
+    entry->line = line;
+    entry->number = number;
+    return AddOrFree(StoreText(&entry->name, name), entry, NameDataFree, list, sort_flag == 1 ? CompName_NameData : nullptr, G);
+}
+
+// The caller has let go of the record, so one that can't be added ends here.
+int AddNameRawNode(NameData *record, int sort_flag, Llist *list, Globals *G) {
+    if (record) {
+        AddOrFree(true, record, NameDataFree, list, sort_flag == 1 ? CompName_NameData : nullptr, G);
+    }
+    return 1;
+}
+
+int AddDirMetricsNode(const char *directory, Globals *G) {
+    return AddListNode(1, directory, nullptr, nullptr, nullptr, nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                       nullptr, &G->dir_metrics_list, G, 0.0F);
+}
+
+void NodeDataFree(void *record) {
+    NodeData *node = static_cast<NodeData *>(record);
+    FreeText(&node->name);
+    FreeText(&node->parameters);
+    FreeText(&node->inherit_line);
+    FreeText(&node->template_line);
+    FreeText(&node->diff_file);
+    node->file = nullptr;
+}
+
+void NameDataFree(void *record) {
+    FreeText(&static_cast<NameData *>(record)->name);
+}
+
+void FileDataFree(void *record) {
+    FreeText(&static_cast<FileData *>(record)->name);
+}

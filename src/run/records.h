@@ -1,0 +1,76 @@
+// The records that travel in lists: FileData (a source file), NodeData (a function, class, namespace, directory or work file entry)
+// and NameData (a name with two numbers), with their constructors and free functions.
+//
+// Every text in a record is a private copy, apart from NodeData.file, which points at the FileData's name and so lives as long as
+// file_list. A constructor returns 1, or 0 after freeing whatever it had allocated.
+#pragma once
+
+#include <cstdint>
+
+#include "run/llist.h"
+
+struct Metrics {
+    int loc, eloc, lloc, comments, blanks, lines;
+    int functions, params, returns, cyclo;
+};
+
+struct FunctionPointValues {
+    double fp_loc, fp_eloc, fp_lloc;
+};
+
+struct FileData : Metrics, FunctionPointValues {
+    char *name;   // as it will be opened; owned
+    int64_t date; // modification time, seconds
+    int64_t size; // bytes
+    int language; // index in ulpi; -1 for an extension of no language
+    int notices;  // quality notices in the file
+    int skipped;  // lines skipped by tokens
+};
+
+struct NodeData {
+    char *name;          // owned
+    char *parameters;    // parameter text of a function; owned, may be null
+    char *inherit_line;  // base class text; owned, may be null
+    char *template_line; // template text; owned, may be null
+    const char *file;    // the FileData's name; shared, may be null
+    int64_t date;
+    int64_t params; // parameters; in a directory entry: number of files
+    int loc, eloc, lloc, cyclo;
+    int comments, blanks, lines;
+    int returns;   // return points; in a work file comparison: the state
+    float percent; // in a class or namespace: number of its functions
+    int public_methods, protected_methods, private_methods;
+    int public_data, protected_data, private_data;
+    int nesting;     // class nesting depth, 0 at the top; in a namespace: number of its classes
+    int line;        // of the declaration
+    int parents;     // base classes
+    int is_struct;   // 1 for a struct
+    char *diff_file; // owned, may be null
+};
+
+struct NameData {
+    char *name; // owned
+    int line;   // of a notice or a #define; 0 for an entry of the macro file or a directory
+    int number; // of a notice; 1 for a macro of the macro file, 0 for a #define
+};
+
+// Creates a NodeData in list, sorted by sort_key. Null texts stay null; a null name or list is refused.
+int AddListNode(int sort_key, const char *name, const char *parameters, const char *inherit_line, const char *template_line,
+                const char *file, int line, int64_t date, int64_t params, int loc, int eloc, int lloc, int comments, int blanks,
+                int lines, int cyclo, int returns, int public_methods, int protected_methods, int private_methods, int public_data,
+                int protected_data, int private_data, int nesting, int parents, int is_struct, const char *diff_file, Llist *list,
+                Globals *G, float percent);
+// Creates a FileData in list, sorted by sort_key. A null name or list is refused.
+int AddFileNode(const char *name, int64_t date, int64_t size, int language, const FunctionPointValues &points,
+                const Metrics &metrics, Llist *list, int sort_key, Globals *G);
+// Creates a NameData in list; sort_flag 1 sorts by name, anything else appends.
+int AddNameNode(const char *name, int line, int number, Llist *list, int sort_flag, Globals *G);
+// Adds an existing NameData, which the list then owns. Always 1.
+int AddNameRawNode(NameData *record, int sort_flag, Llist *list, Globals *G);
+// Adds a directory to dir_metrics_list, sorted by name.
+int AddDirMetricsNode(const char *directory, Globals *G);
+
+// Free the record's own texts and null the fields. NameDataFree frees a NameData, FileDataFree a FileData.
+void NodeDataFree(void *record);
+void NameDataFree(void *record);
+void FileDataFree(void *record);

@@ -1,0 +1,192 @@
+// Switches that name files: the list of -F, the report of -O, the tree of -r and the user's own files of -u.
+#include "run/command_line.h"
+
+#include <cerrno>
+#include <cstring>
+#include <strings.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "config/languages.h"
+#include "config/settings.h"
+#include "report/frame.h"
+#include "report/mode.h"
+#include "run/globals.h"
+#include "run/switches.h"
+
+namespace {
+
+bool SameFile(const char *a, const char *b) {
+    struct stat stat_a, stat_b;
+    return stat(a, &stat_a) == 0 && stat(b, &stat_b) == 0 && stat_a.st_dev == stat_b.st_dev && stat_a.st_ino == stat_b.st_ino;
+}
+
+// The letter in an argument like "-cFlist.txt" or "-cF" that takes what follows as its parameter; null when none does.
+const char *LetterWithParameter(const char *argument) {
+    for (const char *p = argument + 1; *p; ++p) {
+        const char *known = *p == ':' ? nullptr : strchr(kSwitchLetters, *p);
+        if (known && known[1] == ':') {
+            return p;
+        }
+    }
+    return nullptr;
+}
+
+// True when the run will read this file: as a file argument, or as the list of -F.
+bool IsInputOfRun(const char *path, const Globals *G) {
+    bool only_files = false; // behind "--"
+    for (int i = 1; i < G->argc; ++i) {
+        const char *argument = G->argv[i];
+        if (only_files || argument[0] != '-' || argument[1] == '\0') {
+            if (SameFile(path, argument)) {
+                return true;
+            }
+        } else if (strcmp(argument, "--") == 0) {
+            only_files = true;
+        } else if (const char *letter = LetterWithParameter(argument)) {
+            const bool attached = letter[1] != '\0';
+            i += attached ? 0 : 1;
+            const char *parameter = attached ? letter + 1 : i < G->argc ? G->argv[i] : "";
+            if (*letter == 'F' && SameFile(path, parameter)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+// With "-O *.c" the shell hands over "-O a.c b.c": a report must not be written over what it measures.
+void RefuseSourceAsOutput(const char *path, Globals *G) {
+    struct stat found;
+    if (stat(path, &found) != 0 || !S_ISREG(found.st_mode)) {
+        return;
+    }
+    const char *extension = getExtension(path, G);
+    if ((extension && findUlpi(extension, G) >= 0) || IsInputOfRun(path, G)) {
+        EndWithError(G, 1,
+                     "\n  Error: The output file of the -O option is a source file\n"
+                     "         or an input file that already exists\n"
+                     "         Filename: %s\n"
+                     "         Use -hs for help text\n",
+                     path);
+    }
+}
+
+bool IsCurrentDirectory(const char *directory) {
+    for (const char *name : {".", ".\\", "./", "\\", "/", "*", "*.*"}) {
+        if (strcmp(directory, name) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void ShowHeads(Globals *G) {
+    ShowHeader(gTLYOUT, G);
+    ShowFMCHeader(G);
+}
+
+// "File CFG my.cfg": lays that file over the settings read so far.
+void TakeUserCfg(const FileForm &form, Globals *G) {
+    if (!G->user_cfg_enabled) {
+        return;
+    }
+    if (form.length == 0) {
+        ShowHeads(G);
+        EndWithError(G, 0, "\n  Error: -w \"File cfg\" file name not parsed\n         Check command line syntax\n");
+    }
+    PathText name;
+    StoreParameter(name, form.name, form.length, 'u', G);
+    if (access(name, R_OK) != 0) {
+        ShowHeads(G);
+        EndWithError(G, 0, "\n  Error: File name [%s] not found\n         path\\filename required\n", name);
+    }
+    CopyText(G->cfg_file, name);
+    LoadCfg(G);
+}
+
+void TakeStyleSheet(const FileForm &form, Globals *G) {
+    if (form.length == 0) {
+        ShowHeads(G);
+        EndWithError(G, 0, "\n  Error: -w \"File xsl\" file name not parsed\n         Check command line syntax\n");
+    }
+    StoreParameter(G->xsl_file, form.name, form.length, 'u', G);
+    G->xsl_file_set = 1;
+}
+
+} // namespace
+
+void SwitchFileList(const char *parameter, Globals *G) {
+    G->recursive_mode = 0;
+    StoreParameter(G->file_list_name, parameter, strlen(parameter), 'F', G);
+}
+
+void SwitchOutputFile(const char *parameter, Globals *G) {
+    StoreParameter(G->output_file_name, parameter, strlen(parameter), 'O', G);
+    set_output_file(G->output_file_name, G);
+}
+
+void set_output_file(const char *path, Globals *G) {
+    if (gTLYOUT != stdout) { // a second -O
+        fclose(gTLYOUT);
+        gTLYOUT = stdout;
+    }
+    RefuseSourceAsOutput(path, G);
+    FILE *stream = fopen(path, "wbe");
+    if (!stream) {
+        EndWithError(G, 1,
+                     "\n  Error: Could not open output file\n"
+                     "         Filename: %s\n"
+                     "         %s\n\n",
+                     path, strerror(errno));
+    }
+    gTLYOUT = stream;
+    printf("\n  TLY using output file: %s\n", path);
+}
+
+void SwitchRecursive(const char *parameter, Globals *G) {
+    G->file_list_mode = 0;
+    ClearText(G->extension_list);
+    ClearText(G->top_dir);
+    const size_t extensions = strcspn(parameter, " ");
+    StoreParameter(G->extension_list, parameter, extensions, 'r', G);
+    if (parameter[extensions] == ' ') {
+        const char *directory = parameter + extensions + 1;
+        StoreParameter(G->top_dir, directory, strcspn(directory, "\n"), 'r', G);
+    }
+    const bool directory_given = *G->top_dir != '\0';
+    LineText here;
+    if (IsCurrentDirectory(G->top_dir) && getcwd(here, sizeof here)) {
+        CopyText(G->top_dir, here);
+    }
+    if (!directory_given || (!IsLetter(*G->extension_list) && !IsLetter(*G->top_dir))) {
+        EndWithError(G, 1,
+                     "\n  Error: In the specified parameter: -r\n"
+                     "         For the recursive descent option -r,\n"
+                     "         The option parameters must be delimited by quotes.\n"
+                     "         Specify the file extensions separated by commas.\n"
+                     "         The specified directory must be the last parameter.\n"
+                     "\n"
+                     "         Windows Example: -r\"h,c,java,cs c:\\my project\"\n"
+                     "         UNIX Example: -r\"h,cpp,java,cs /my_project\"\n"
+                     "         Use -hs for help text\n");
+    }
+}
+
+void SwitchUserFile(const char *parameter, Globals *G) {
+    if (*parameter != 'f' && *parameter != 'F') {
+        ShowHeads(G);
+        EndWithError(G, 1, "\n  Error: Invalid or missing parameter for -u option\n         Use -hs for help text\n");
+    }
+    const FileForm form = SplitFileForm(parameter);
+    if (strcasecmp(form.type, "cfg") == 0) {
+        TakeUserCfg(form, G);
+    } else if (strcasecmp(form.type, "xsl") == 0) {
+        TakeStyleSheet(form, G);
+    } else {
+        ShowHeads(G);
+        EndWithError(G, 0,
+                     "\n  Error: -u \"File [cfg | xsl] [path\\filename]\"\n"
+                     "         Command line syntax is not correct\n");
+    }
+}

@@ -1,0 +1,199 @@
+// The work file switches -w and the extended options -x.
+#include <cstring>
+#include <strings.h>
+#include <unistd.h>
+
+#include "report/mode.h"
+#include "run/globals.h"
+#include "run/switches.h"
+
+namespace {
+
+// clang-format off
+constexpr FlagRow kWork[] = {
+    {'d', {&Globals::diff_code_lines}},
+    {'e', {&Globals::skip_equal}},
+    {'r', {&Globals::skip_removed}},
+    {'m', {&Globals::skip_modified}},
+    {'n', {&Globals::skip_new}},
+    {'g', {&Globals::show_glossary}},
+    {'b', {&Globals::show_work_basis}},
+    {'p', {&Globals::show_productivity}},
+    {'s', {&Globals::diff_show_details}},
+    {'v', {&Globals::work_verbose}},
+};
+
+struct WordRow {
+    const char *word; // compared without regard to case
+    Flag flags[2];
+};
+constexpr WordRow kExtended[] = {
+    {"NOCONFIG",  {&Globals::no_config}},
+    {"NOCOMMAND", {&Globals::no_command}},
+    {"NOHEADER",  {&Globals::no_header}},
+    {"UDQNSHOW",  {&Globals::quality_notices, &Globals::udqn_show}},
+    {"DEBUG",     {&Globals::debug}},
+    {"DIFFDEBUG", {&Globals::diff_debug}},
+};
+// clang-format on
+
+// "Create /proj": this run makes a baseline of everything below a directory.
+void TakeCreate(const char *parameter, Globals *G) {
+    constexpr Flag kCreate[] = {&Globals::work_file_create, &Globals::complexity_metrics, &Globals::object_metrics,
+                                &Globals::function_metrics};
+    SetFlags(kCreate, G);
+    if (*G->work_file_name == '\0') {
+        CopyText(G->work_file_name, "workfile.dat");
+    }
+    if (strncasecmp(parameter, "create", 6) != 0) {
+        EndWithError(G, 1,
+                     "\n  Error: The correct syntax for the work file create\n"
+                     "         option is: -w \"Create top directory of baseline\"\n"
+                     "         Windows Example: -w \"Create c:\\my project\"\n"
+                     "         Unix Example: -w \"Create /Project_Dir\"\n"
+                     "         Current Directory Example: -w \"Create .\"\n");
+    }
+    const char *directory = parameter[6] == '\0' ? "" : parameter + 7;
+    size_t length = strlen(directory);
+    if (length > 1 && directory[length - 1] == '/') {
+        --length;
+    }
+    if (length == 0 || (length == 1 && *directory != '.')) {
+        EndWithError(G, 1,
+                     "\n  Error: No baseline directory specififed for the\n"
+                     "         -w \"Create dir\" option.\n");
+    }
+    StoreParameter(G->top_dir, directory, length, 'w', G);
+}
+
+// "File dat base/one.dat": the name of the work file, and where the latest one is kept.
+void TakeWorkName(const FileForm &form, Globals *G) {
+    if (form.length == 0) {
+        EndWithError(G, 0, "\n  Error: -w \"File dat\" file name not parsed\n         Check command line syntax\n");
+    }
+    StoreParameter(G->work_file_name, form.name, form.length, 'w', G);
+    const char *slash = strrchr(G->work_file_name, '/');
+    if (!slash) {
+        CopyText(G->work_file_path, ".");
+    } else if (slash == G->work_file_name) {
+        CopyText(G->work_file_path, "/");
+    } else {
+        CopyPart(G->work_file_path, G->work_file_name, static_cast<size_t>(slash - G->work_file_name));
+    }
+}
+
+void TakeDiffCfg(const FileForm &form, Globals *G) {
+    if (form.length == 0) {
+        EndWithError(G, 0, "\n  Error: -w \"File cfg\" file name not parsed\n         Check command line syntax\n");
+    }
+    PathText name;
+    StoreParameter(name, form.name, form.length, 'w', G);
+    if (access(name, R_OK) != 0) {
+        EndWithError(G, 0, "\n  Error: File name [%s] not found\n", name);
+    }
+    CopyText(G->diff_cfg_file, name);
+}
+
+void TakeWorkFile(const char *parameter, Globals *G) {
+    const FileForm form = SplitFileForm(parameter);
+    if (strcasecmp(form.type, "dat") == 0) {
+        TakeWorkName(form, G);
+    } else if (strcasecmp(form.type, "cfg") == 0) {
+        TakeDiffCfg(form, G);
+    } else {
+        EndWithError(G, 0,
+                     "\n  Error: -w \"File [dat|cfg] [path\\filename]\"\n"
+                     "         Command line syntax is not correct\n");
+    }
+}
+
+void StoreTrimmed(std::span<char> field, const char *text, size_t length, Globals *G) {
+    for (; length > 0 && IsBlankOrTab(*text); ++text, --length) {
+    }
+    for (; length > 0 && IsBlankOrTab(text[length - 1]); --length) {
+    }
+    StoreParameter(field, text, length, 'w', G);
+}
+
+// "x old.dat, new.dat": compares two baselines.
+[[noreturn]] void TakeCompare(const char *names, Globals *G) {
+    const char *comma = strchr(names, ',');
+    if (!comma) {
+        EndWithError(G, 1,
+                     "\n  Error: -wx option syntax is invalid\n"
+                     "         Example -w\"x work file old, work file new\"\n"
+                     "         Use -hs for help text\n");
+    }
+    StoreTrimmed(G->old_work_name, names, static_cast<size_t>(comma - names), G);
+    StoreTrimmed(G->new_work_name, comma + 1, strlen(comma + 1), G);
+    EndWithError(G, 1, "\n  Error: Comparing baselines is not built yet\n         Use -hs for help text\n");
+}
+
+// "File csv my.cfg": the elements of a configurable CSV report. Another first word with this letter only counts as a report.
+void TakeReportFile(const char *parameter, Globals *G) {
+    G->report_switch_given = 1;
+    const FileForm form = SplitFileForm(parameter);
+    if (strcasecmp(form.first, "file") != 0) {
+        return;
+    }
+    if (strcasecmp(form.type, "csv") != 0) {
+        EndWithError(G, 1, "\n  Error: Invalid report file type\n");
+    }
+    const size_t length = strcspn(form.name, " \t\r\n");
+    if (length == 0) {
+        EndWithError(G, 1, "\n  Error: -x \"File csv\" file name not parsed\n         Check command line syntax\n");
+    }
+    G->report_file_type = 2;
+    StoreParameter(G->csv_report_file, form.name, length, 'x', G);
+    if (G->debug) {
+        Message(G, "*** Debug: Report File Options\n*** Type: %s\n*** File: %s\n", "Comma Separated Variables - CSV",
+                G->csv_report_file);
+    }
+}
+
+} // namespace
+
+void SwitchWork(const char *parameter, Globals *G) {
+    switch (*parameter) {
+    case 'c':
+    case 'C': TakeCreate(parameter, G); return;
+    case 'f':
+    case 'F': TakeWorkFile(parameter, G); return;
+    case 'x': TakeCompare(parameter + 1, G);
+    case 'D':
+        G->totals_no_file_names = 0;
+        G->work_file_create = 0;
+        G->work_deterministic = 1;
+        return;
+    case 'W':
+        EndWithError(G, 0,
+                     "\n  Error: The -wW switch has been deprecated and is no\n"
+                     "         longer supported.  Use the -wx switch to perform\n"
+                     "         baseline differentials\n\n");
+    default: break;
+    }
+    if (!SetRowFlags(kWork, *parameter, G)) {
+        EndWithError(G, 1, "\n  Error: Invalid or missing parameter for -w option\n         Use -hs for help text\n");
+    }
+}
+
+void SwitchExtended(const char *parameter, Globals *G) {
+    for (const WordRow &row : kExtended) {
+        if (strcasecmp(parameter, row.word) == 0) {
+            SetFlags(row.flags, G);
+            return;
+        }
+    }
+    if (strcasecmp(parameter, "NOWRAP") == 0) {
+        G->wrap_long_names = 0;
+        return;
+    }
+    switch (*parameter) {
+    case 'c':
+    case 'C': EndWithError(G, 1, "\n  Error: The CSV template is not built yet\n         Use -hs for help text\n");
+    case 'f':
+    case 'F': TakeReportFile(parameter, G); return;
+    case ' ': EndWithError(G, 1, "\n  -x Work Diff extraction mode is now supported under the -wx option\n");
+    default: EndWithError(G, 1, "\n  Error: Invalid parameter for -x option\n         Use -hs for help text\n");
+    }
+}

@@ -1,0 +1,276 @@
+// The order of a run: defaults, environment, settings, languages, command line, heads, file list, files, project reports, close.
+#include "run/tly.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+#include "analysis/roll_up.h"
+#include "config/languages.h"
+#include "config/macros.h"
+#include "config/settings.h"
+#include "files/file_list.h"
+#include "report/benchmark.h"
+#include "report/file_reports.h"
+#include "report/forms.h"
+#include "report/frame.h"
+#include "report/lines.h"
+#include "report/names.h"
+#include "report/totals.h"
+#include "run/command_line.h"
+#include "run/file_loop.h"
+#include "run/globals.h"
+#include "run/program_files.h"
+#include "run/read_lines.h"
+
+void InitGlobals(Globals *G) {
+    gTLYOUT = stdout;
+    gTLYIN = stdin;
+    *G = Globals{};
+    DefaultSettings(G);
+    G->ulpi_count = -1;
+    G->ulpi_last = -1;
+    CopyText(G->version, "7.75");
+    CopyText(G->extension_list, "c,cc,cpp,cxx,C,CC,h,hh,H,hxx,java,jav,cs");
+    if (!getcwd(G->start_dir, sizeof G->start_dir)) {
+        ClearText(G->start_dir);
+    }
+    ResetState(G);
+}
+
+namespace {
+
+void JoinArguments(int argc, char **argv, Globals *G) {
+    if (argc > 1) {
+        CopyText(G->command_line, argv[1]);
+    }
+    for (int i = 2; i < argc && strlen(G->command_line) <= 3995; ++i) {
+        AppendChar(G->command_line, ' ');
+        AppendText(G->command_line, argv[i]);
+    }
+}
+
+void LocateFile(PathText &path, const char *name, Globals *G) {
+    ClearText(path);
+    GetProgFile(path, name, G);
+}
+
+// Half a second, or a key: whoever debugs reads the lines above first. A prompt has no place ahead of a document.
+void Pause(Globals *G) {
+    for (int i = 1; i < G->argc; ++i) {
+        if (G->argv[i][0] == '-' && (G->argv[i][1] == 'X' || G->argv[i][1] == 'H')) {
+            usleep(500000);
+            return;
+        }
+    }
+    Message(G, "\n  Press Enter Key To Continue ...\n");
+    FlushEarlyMessages(G);
+    fflush(gTLYOUT);
+    char key[3];
+    if (!fgets(key, sizeof key, gTLYIN)) {
+        return; // nobody there to press it
+    }
+}
+
+void ShowSystemParameters(Globals *G) {
+    Message(G, "*** Debug: System Parameters\n");
+    Message(G, "*** Debug: Prog Path   = %s\n", G->PROGPATH);
+    Message(G, "*** Debug: Macro File  = %s\n", G->macro_file);
+    Message(G, "*** Debug: TLYHOME     = %s\n", G->TLYHOME);
+    Message(G, "*** Debug: System Path = %s\n", G->SYSTEMPATH ? G->SYSTEMPATH : "");
+    Pause(G);
+}
+
+void LoadSettings(int argc, char **argv, Globals *G) {
+    InitGlobals(G);
+    CopyText(G->prog_name, argc > 0 ? argv[0] : "tly");
+    G->argc = argc;
+    G->argv = argv;
+    LoadEnv(G);
+    SetProgramPath(G);
+    JoinArguments(argc, argv, G);
+    LocateFile(G->macro_file, "tly_macro.cfg", G);
+    LocateFile(G->cfg_file, "tly.cfg", G);
+    LocateFile(G->diff_cfg_file, "tly_workdiff.cfg", G);
+    if (G->debug) {
+        ShowSystemParameters(G);
+    }
+    LoadCfg(G);
+    AddBuiltInLanguages(G);
+    buildExtensions(G);
+    LoadMacros(G);
+}
+
+// The report goes to a file: only then is progress shown, whatever the settings say. Classes need their functions measured.
+void SettleSwitches(Globals *G) {
+    G->show_progress = G->output_to_file;
+    if (G->object_metrics && !G->function_metrics) {
+        G->function_metrics = 1;
+        G->function_metrics_implied = 1;
+    }
+}
+
+void OpenFileList(Globals *G) {
+    G->file_list_stream = OpenFileOrStream(G->file_list_name);
+    if (!G->file_list_stream) {
+        Message(G, "\n  Error: Cannot open the specified file: %s\n         for read, %s\n\n", G->file_list_name, strerror(errno));
+        EndProcess(G, -1);
+    }
+}
+
+void BeginListing(Globals *G) {
+    if (OutputMode(G) == Mode::kHtml) {
+        Put("<html><head><title>Tallyline %s</title></head><body><pre><P>", G->version);
+    }
+    SetBars(G);
+    FlushEarlyMessages(G);
+}
+
+// The heads, and between them the last steps that can fail before the first file is looked at.
+void BeginReport(ProcessTimer *timer, Globals *G) {
+    const Mode mode = OutputMode(G);
+    if ((mode == Mode::kText || mode == Mode::kHtml) && !G->print_mode) {
+        ShowHeader(gTLYOUT, G);
+    }
+    ShowFMCHeader(G);
+    if (G->benchmark_mode) {
+        Timer(timer, kTimerStart, G);
+    }
+    if (G->show_progress) {
+        fputs("  Acquiring Files\n", stderr);
+    }
+    if (G->file_list_mode) {
+        OpenFileList(G);
+    }
+    G->treat_c_headers_as_cpp = G->notice_enabled[25];
+    if (mode == Mode::kCsv) {
+        CSV_Header(gTLYOUT, G);
+    } else if (mode == Mode::kXml) {
+        XML_Header(gTLYOUT, G);
+    }
+    if (G->print_mode) {
+        BeginListing(G);
+    }
+}
+
+void GatherFiles(int first_argument, Globals *G) {
+    G->file_arg_count = BuildFileList(first_argument, G);
+    if (G->file_arg_count > 0) {
+        G->have_files = 1;
+    }
+    if (G->debug) {
+        LlistShow(&G->file_list, FileShow, G);
+    }
+    if (!G->show_progress) {
+        return;
+    }
+    if (G->progress_by_name) {
+        fprintf(stderr, "  Processing %d Files - Status By File Name\n", G->file_arg_count);
+    } else {
+        fprintf(stderr, "  Processing %d Files - Status(.) %d Files\n  ", G->file_arg_count, G->progress_interval);
+    }
+}
+
+void EndProgress(const Globals *G) {
+    if (G->show_progress) {
+        fprintf(stderr, "(100%%)\n  Processing Files Complete\n  %sReporting and Post Processing\n",
+                G->sort_key || G->sort_input_by_name ? "Sorting, " : "");
+    }
+}
+
+void ProjectHeading(const Globals *G) {
+    char files[16];
+    FormatText(files, "%d", G->project_files);
+    LineText plain;
+    FormatText(plain, "~~ Project Analysis For %s Files ~~", files);
+    std::string color;
+    switch (OutputMode(G)) {
+    case Mode::kHtml:
+        HTML_esc(G->html_total_color, color);
+        LineText marked;
+        FormatText(marked, "<b>~~ Total Metrics For <font color=\"%s\">%s</font> Files ~~</b>", color.c_str(), files);
+        DashRule();
+        Center_HTML(plain, marked);
+        break;
+    case Mode::kXml: break;
+    case Mode::kCsv: Put("\nProject,%s,Files", files); break;
+    case Mode::kText:
+        DashRule();
+        Center(plain);
+        break;
+    }
+}
+
+void ProjectReports(Globals *G) {
+    if (G->totals_only) {
+        ShowTotalReport(G);
+    } else {
+        if (G->file_list_mode) {
+            ShowTotalDirSummary(G);
+        }
+        if (G->file_summary) {
+            Put("\n");
+            ShowTotalSummary(G, 1, 1);
+        }
+    }
+    if (G->memory_metrics) {
+        ShowMemorySummary(G);
+    }
+    if (G->have_files || G->totals_summary) {
+        if (OutputMode(G) == Mode::kCsv) {
+            Put("\n");
+        }
+        ShowFileSummary(G);
+    }
+}
+
+// Listings, extractions and rewritten sources have no totals.
+int HasTotals(const Globals *G) {
+    return !G->print_mode && !G->comment_doc_mode && !G->extract_mode && !G->decharacter_mode;
+}
+
+void EndReport(ProcessTimer *timer, Globals *G) {
+    if (HasTotals(G)) {
+        SetTotal(G);
+        if (G->csv_mode && G->csv_file_lines) {
+            CSV_File_Line(gTLYOUT, "total", 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, G);
+        }
+        if (!G->list_functions && !G->list_files_only) {
+            ProjectHeading(G);
+            ProjectReports(G);
+        }
+    }
+    if (!G->print_mode && !G->decharacter_mode) {
+        Benchmark(timer, G);
+        if (OutputMode(G) == Mode::kText || OutputMode(G) == Mode::kHtml) {
+            UnderscoreRule();
+        }
+    }
+    CloseDocument(G);
+}
+
+} // namespace
+
+int tly(int argc, char **argv) {
+    Globals *G = static_cast<Globals *>(calloc(1, sizeof(Globals)));
+    if (!G) {
+        gTLYOUT = stdout;
+        Put("\n  Error: memory allocation failed\n\n");
+        return 1;
+    }
+    ProcessTimer timer{};
+    LoadSettings(argc, argv, G);
+    const int first_argument = SetUpParams(argc, argv, G);
+    SettleSwitches(G);
+    BeginReport(&timer, G);
+    GatherFiles(first_argument, G);
+    ProcessFiles(G);
+    EndProgress(G);
+    EndReport(&timer, G);
+
+    const int status = FinishOutput(G->quality_notices ? G->notice_count : 0);
+    if (G->show_progress) {
+        fprintf(stderr, "  TLY Processed - %d Files\n", G->files_processed);
+    }
+    FreeGlobals(G);
+    return status;
+}

@@ -1,0 +1,9 @@
+// The whole run.
+#pragma once
+
+struct Globals;
+
+// Runs the program on its arguments. Returns the exit status.
+int tly(int argc, char **argv);
+// Sets every default on a zeroed record: what the settings file holds, and the rest.
+void InitGlobals(Globals *G);

@@ -1,0 +1,439 @@
+// The command line and the program's own files. Most wrong command lines end the process, so every command line runs in a child
+// process, in a directory of its own, and answers with its status and all that it wrote.
+#include <doctest/doctest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <initializer_list>
+#include <string>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include "config/languages.h"
+#include "report/mode.h"
+#include "run/command_line.h"
+#include "run/globals.h"
+#include "run/program_files.h"
+#include "run/switches.h"
+#include "run/tly.h"
+#include "tools/help.h"
+
+namespace {
+
+constexpr int kReturned = 100; // status of a child whose command line let the run go on
+
+struct Outcome {
+    int status;
+    std::string text;
+};
+
+using Words = std::vector<std::string>;
+using Look = void (*)(int first_file, Globals *G);
+
+struct TempDir {
+    char path[32] = "/tmp/tly_test_XXXXXX";
+    TempDir() { REQUIRE(mkdtemp(path)); }
+    ~TempDir() {
+        const std::string command = std::string("rm -rf ") + path;
+        CHECK(system(command.c_str()) == 0);
+    }
+    TempDir(const TempDir &) = delete;
+    std::string operator/(const std::string &name) const { return std::string(path) + "/" + name; }
+};
+
+void WriteText(const std::string &path, const std::string &text) {
+    FILE *file = fopen(path.c_str(), "wb");
+    REQUIRE(file);
+    fputs(text.c_str(), file);
+    fclose(file);
+}
+
+std::string ReadText(const std::string &path) {
+    std::string text;
+    if (FILE *file = fopen(path.c_str(), "rb")) {
+        for (int c; (c = getc(file)) != EOF;) {
+            text += static_cast<char>(c);
+        }
+        fclose(file);
+    }
+    return text;
+}
+
+Globals *NewGlobals() {
+    Globals *G = static_cast<Globals *>(calloc(1, sizeof(Globals)));
+    InitGlobals(G);
+    AddBuiltInLanguages(G);
+    G->no_page_breaks = 0;
+    return G;
+}
+
+[[noreturn]] void RunChild(const Words &words, Look look) {
+    Globals *G = NewGlobals();
+    static std::vector<char *> argv;
+    static Words kept;
+    kept = words;
+    kept.insert(kept.begin(), "tly");
+    for (std::string &word : kept) {
+        argv.push_back(word.data());
+    }
+    G->argc = static_cast<int>(argv.size());
+    argv.push_back(nullptr);
+    G->argv = argv.data();
+    CopyText(G->prog_name, "tly");
+    const int first_file = SetUpParams(G->argc, G->argv, G);
+    FlushEarlyMessages(G);
+    if (look) {
+        look(first_file, G);
+    }
+    fflush(nullptr);
+    _exit(kReturned);
+}
+
+Outcome Run(const Words &words, Look look = nullptr, const char *directory = "/tmp") {
+    char name[] = "/tmp/tly_answer_XXXXXX";
+    const int answer = mkstemp(name);
+    REQUIRE(answer >= 0);
+    fflush(nullptr);
+    const pid_t child = fork();
+    REQUIRE(child >= 0);
+    if (child == 0) {
+        const int nowhere = open("/dev/null", O_RDWR);
+        if (chdir(directory) != 0 || dup2(answer, 1) < 0 || dup2(nowhere, 0) < 0 || dup2(nowhere, 2) < 0) {
+            _exit(101);
+        }
+        gTLYOUT = stdout;
+        RunChild(words, look);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    close(answer);
+    Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadText(name)};
+    unlink(name);
+    return outcome;
+}
+
+bool Has(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
+
+struct LookCase {
+    Words words;
+    const char *expected; // what look wrote, all of it
+};
+
+void CheckLooks(const std::vector<LookCase> &cases, Look look) {
+    for (const LookCase &one : cases) {
+        const Outcome outcome = Run(one.words, look);
+        CAPTURE(one.words[0]);
+        CHECK(outcome.status == kReturned);
+        CHECK(outcome.text == one.expected);
+    }
+}
+
+} // namespace
+
+TEST_CASE("switches that look at others depend on their order") {
+    CheckLooks({{{"-C", "-s"}, "1 0"}, {{"-s", "-C"}, "0 0"}, {{"-C", "-fa"}, "1 1"}, {{"-fa", "-A"}, "0 0"}},
+               [](int, Globals *G) { printf("%d %d", G->csv_file_lines, G->csv_function_lines); });
+    CheckLooks({{{"-Ns", "-Tp"}, "0 1"}, {{"-Tp", "-Nv"}, "1 0"}, {{"-Tq"}, "1 1"}, {{"-Nv", "-Tq"}, "1 0"}},
+               [](int, Globals *G) { printf("%d %d", G->notices_by_file, G->notice_short_format); });
+    CheckLooks({{{"-Flist", "-rc src"}, "0 1"}, {{"-rc src", "-Flist"}, "1 0"}},
+               [](int, Globals *G) { printf("%d %d", G->file_list_mode, G->recursive_mode); });
+    CheckLooks({{{"-wCreate .", "-wD"}, "0 0"}, {{"-wD", "-we"}, "0 1"}},
+               [](int, Globals *G) { printf("%d %d", G->work_file_create, G->totals_no_file_names); });
+    CheckLooks({{{"-xnowrap", "-xUdqnShow", "-xNOHEADER", "-xNOCOMMAND"}, "0 1 1 1 0 0"}, {{"-xfoo"}, "1 0 0 0 0 1"}},
+               [](int, Globals *G) {
+                   printf("%d %d %d %d %d %d", G->wrap_long_names, G->udqn_show, G->no_header, G->no_command, G->no_config,
+                          G->report_switch_given);
+               });
+}
+
+TEST_CASE("numbers are clipped to what the page can hold") {
+    CheckLooks({{{"-L5", "-M-3", "-B-1", "-P-1"}, "20 0 0 -1 1"},
+                {{"-L99999999999999999999", "-M44", "-B201", "-P-99999"}, "2000 43 200 -10000 1"},
+                {{"-L", "100", "-M43", "-B", "7", "-P66"}, "100 43 7 66 0"}},
+               [](int, Globals *G) {
+                   printf("%d %d %d %d %d", G->print_line_length, G->print_left_margin, G->print_top_margin, G->print_page_length,
+                          G->no_page_breaks);
+               });
+    const auto sort = [](int, Globals *G) { printf("%d %d %d", G->sort_key, G->sort_active, G->sort_descending); };
+    const std::string tail = " invalid sort key value.\n         Defaulting to no sort\n         Use -hs for help text\n0 1 0";
+    CheckLooks({{{"-k10"}, "10 1 0"}, {{"-kd", "-k", "2"}, "2 1 1"}, {{"-k0"}, "0 1 0"}}, sort);
+    CHECK(Run({"-k11"}, sort).text == "\n  Error: 11" + tail);
+    CHECK(Run({"-k-99999999999"}, sort).text == "\n  Error: -2147483648" + tail);
+}
+
+TEST_CASE("the parameter of -r is extensions, a blank and a directory") {
+    const auto look = [](int, Globals *G) { printf("%s|%s", G->extension_list, G->top_dir); };
+    CheckLooks({{{"-rh,cpp /my proj\nx"}, "h,cpp|/my proj"},
+                {{"-rcpp ."}, "cpp|/tmp"},
+                {{"-rcpp *.*"}, "cpp|/tmp"},
+                {{"-rcpp /"}, "cpp|/tmp"},
+                {{"-r src"}, "|src"},
+                {{"-r", "c ./src"}, "c|./src"}},
+               look);
+    for (const char *wrong : {"-r*.c /tmp", "-r /tmp", "-rcpp", "-rcpp ", "-r*.c *", "-r\n"}) {
+        CAPTURE(wrong);
+        const Outcome outcome = Run({wrong}, look);
+        CHECK(outcome.status == 1);
+        CHECK(outcome.text.starts_with("\n  Error: In the specified parameter: -r\n"));
+    }
+}
+
+TEST_CASE("names of work files and side files") {
+    const auto look = [](int, Globals *G) { printf("%s|%s|%s", G->top_dir, G->work_file_name, G->work_file_path); };
+    CheckLooks({{{"-wCreate /a/b/", "-wFile dat one.dat"}, "/a/b|one.dat|."},
+                {{"-wFile dat /x/y z.dat", "-wCREATE ."}, ".|/x/y z.dat|/x"},
+                {{"-wFile\tDAT  /one.dat\n"}, "|/one.dat|/"}},
+               look);
+    CheckLooks({{{"-wFile cfg /dev/null", "-xFile CSV a.cfg b", "-uFile xsl  my style.xsl"}, "/dev/null|a.cfg 2|my style.xsl 1"}},
+               [](int, Globals *G) {
+                   printf("%s|%s %d|%s %d", G->diff_cfg_file, G->csv_report_file, G->report_file_type, G->xsl_file,
+                          G->xsl_file_set);
+               });
+    const auto own_settings = [](int, Globals *G) { printf("%d", strcmp(G->cfg_file, "x.cfg") == 0); };
+    CheckLooks({{{"-uFile CFG x.cfg"}, "0"}, {{"-uFile cfg"}, "0"}}, own_settings); // not enabled: no message either
+}
+
+TEST_CASE("a wrong switch ends the process with its own message and status") {
+    const std::string help = "         Use -hs for help text\n";
+    struct ErrorCase {
+        Words words;
+        int status;
+        std::string end; // how the output ends
+    };
+    const ErrorCase cases[] = {
+        {{"-?"}, 1, "\n  Error: Command line parse error, invalid option.\n         Use -hs to show program help syntax.\n"},
+        {{"-L"}, 1, "\n  Error: Command line parse error, invalid option.\n         Use -hs to show program help syntax.\n"},
+        {{"-Dx"}, 1, "\n  Error: Invalid or missing parameter for -D option\n" + help},
+        {{"-ES"}, 1, "\n  Error: Invalid parameter for -E option\n" + help},
+        {{"-f", "x.c"}, 1, "         -fp for function points derived from LOC metrics\n         Use -hs for program syntax\n"},
+        {{"-N", ""}, 1, "\n  Error: Invalid or missing parameter for -N option\n" + help},
+        {{"-Rx"}, 1, "\n  Error: Invalid parameter for -R option\n" + help},
+        {{"-Tz"}, 1, "\n  Error: Invalid or missing parameter for -T option\n" + help},
+        {{"-q"}, 1, "\n  -q Query setup mode is now supported in the tly.cfg file.\n"},
+        {{"-W"}, 1, "\n  -W Work Diff mode is now supported under the -wx option\n"},
+        {{"-ux"}, 1, "\n  Error: Invalid or missing parameter for -u option\n" + help},
+        {{"-uFile foo bar"},
+         0,
+         "\n  Error: -u \"File [cfg | xsl] [path\\filename]\"\n         Command line syntax is not correct\n"},
+        {{"-uFile xsl \n"}, 0, "\n  Error: -w \"File xsl\" file name not parsed\n         Check command line syntax\n"},
+        {{"-wz"}, 1, "\n  Error: Invalid or missing parameter for -w option\n" + help},
+        {{"-wc"}, 1, "         Current Directory Example: -w \"Create .\"\n"},
+        {{"-wcreate"}, 1, "\n  Error: No baseline directory specififed for the\n         -w \"Create dir\" option.\n"},
+        {{"-wCreate /"}, 1, "\n  Error: No baseline directory specififed for the\n         -w \"Create dir\" option.\n"},
+        {{"-wfile"}, 0, "\n  Error: -w \"File [dat|cfg] [path\\filename]\"\n         Command line syntax is not correct\n"},
+        {{"-wFile dat"}, 0, "\n  Error: -w \"File dat\" file name not parsed\n         Check command line syntax\n"},
+        {{"-wFile cfg"}, 0, "\n  Error: -w \"File cfg\" file name not parsed\n         Check command line syntax\n"},
+        {{"-wFile cfg /no/such"}, 0, "\n  Error: File name [/no/such] not found\n"},
+        {{"-wW"}, 0, "         longer supported.  Use the -wx switch to perform\n         baseline differentials\n\n"},
+        {{"-wx one two"}, 1, "         Example -w\"x work file old, work file new\"\n" + help},
+        {{"-xFile txt a"}, 1, "\n  Error: Invalid report file type\n"},
+        {{"-xFile csv"}, 1, "\n  Error: -x \"File csv\" file name not parsed\n         Check command line syntax\n"},
+        {{"-xold,new"}, 1, "\n  Error: Invalid parameter for -x option\n" + help},
+        {{"-x", " old"}, 1, "\n  -x Work Diff extraction mode is now supported under the -wx option\n"},
+        {{"-H", "-Tz"}, 1, help + "</pre></body></html>"},
+        {{"-Tz", "-H"}, 1, help},
+    };
+    for (const ErrorCase &one : cases) {
+        const Outcome outcome = Run(one.words);
+        CAPTURE(one.words.back());
+        CAPTURE(outcome.text);
+        CHECK(outcome.status == one.status);
+        CHECK(outcome.text.ends_with(one.end));
+    }
+    CHECK(Has(Run({"-uFile foo"}).text, "Tallyline (TM) for C, C++, C# and Java")); // -u errors stand behind a head
+}
+
+TEST_CASE("a parameter that its field can't hold is refused") {
+    const std::string path(1024, 'p'), text(2048, 't');
+    for (const std::string &word :
+         {"-S" + text, "-O" + path, "-F" + path, "-r" + text + " d", "-rc " + text, "-uFile xsl " + path, "-wFile dat " + path,
+          "-wFile cfg " + path, "-wCreate " + text, "-wx a," + path, "-wx " + path + ",b", "-xFile csv " + path}) {
+        CAPTURE(word.substr(0, 12));
+        const Outcome outcome = Run({word});
+        CHECK(outcome.status == 1);
+        CHECK(Has(outcome.text, std::string("\n  Error: The parameter of the ") + word.substr(0, 2) + " option is too long\n"));
+    }
+    CHECK(Run({"-S" + text.substr(1), "-F" + path.substr(1), "-rc " + text.substr(1)}).status == kReturned);
+}
+
+TEST_CASE("-O takes the report and spares what the run reads") {
+    TempDir dir;
+    for (const char *name : {"a.c", "list", "old.txt", "note"}) {
+        WriteText(dir / name, "kept");
+    }
+    CHECK(symlink("a.c", (dir / "link").c_str()) == 0);
+    const auto put = [](int, Globals *) { Put("report"); };
+    const std::vector<Words> refused = {{"-O", "a.c", "b.c"},  {"-O./a.c"},           {"-Onote", "-c", "note"},
+                                        {"-O", "link", "a.c"}, {"-Olist", "-cFlist"}, {"-O", "list", "-F", "list"}};
+    for (const Words &words : refused) {
+        const Outcome outcome = Run(words, put, dir.path);
+        CAPTURE(words[0]);
+        CHECK(outcome.status == 1);
+        CHECK(Has(outcome.text, "\n  Error: The output file of the -O option is a source file\n"));
+    }
+    for (const char *name : {"a.c", "list", "note"}) {
+        CHECK(ReadText(dir / name) == "kept");
+    }
+    CHECK(Run({"-S", "old.txt", "-O", "old.txt", "a.c"}, put, dir.path).text == "\n  TLY using output file: old.txt\n");
+    CHECK(ReadText(dir / "old.txt") == "report");
+    CHECK(Run({"-Onew.c", "-Olast"}, put, dir.path).status == kReturned);
+    CHECK(ReadText(dir / "new.c").empty());
+    CHECK(ReadText(dir / "last") == "report");
+    CHECK(Run({"-H", "-O/no/dir/x"}, put, dir.path).text ==
+          "\n  Error: Could not open output file\n         Filename: /no/dir/x\n         No such file or directory\n\n"
+          "</pre></body></html>");
+    CHECK(Run({"-Orest", "-Tz"}, put, dir.path).status == 1);
+    CHECK(Has(ReadText(dir / "rest"), "-T option"));
+}
+
+TEST_CASE("the index of the first file counts switches, the file count walks the arguments") {
+    CheckLooks({{{"a.c", "b.c"}, "1 2 1"},
+                {{"-c", "a.c"}, "2 1 1"},
+                {{"a.c", "-c", "b.c"}, "2 2 1"},
+                {{"-c", "-s", "-d", "a.c"}, "4 1 1"},
+                {{"-a", "-b", "-c", "-d", "a.c"}, "5 1 1"},
+                {{"-S", "title", "a.c"}, "2 2 1"},
+                {{"-ab", "a.c", "b.c"}, "3 2 1"},
+                {{"-c", "--", "-odd.c"}, "2 0 0"},
+                {{"-a", "-b", "-c"}, "4 0 0"}},
+               [](int first_file, Globals *G) { printf("%d %d %d", first_file, G->file_arg_count, G->have_files); });
+}
+
+TEST_CASE("the stored command line is wrapped, then escaped") {
+    const auto show = [](const Words &words, size_t length) {
+        static std::string text;
+        text = std::string(length - 2, 'x') + "<&";
+        return Run(words,
+                   [](int, Globals *G) {
+                       CopyText(G->command_line, text.c_str());
+                       ShowCmdLine(stdout, G);
+                   })
+            .text;
+    };
+    const std::string x(57, 'x'), next = "\n                ";
+    CHECK(show({"-c"}, 58) == x.substr(1) + "<& ");
+    CHECK(show({"-c"}, 59) == x + "<" + next + "& ");
+    CHECK(show({"-H"}, 59) == x + "&lt;" + next + "&amp; ");
+    CHECK(show({"-xNOWRAP"}, 59) == x + "<& ");
+    CHECK(show({"-C"}, 59) == x + "<&");
+    CHECK(show({"-X"}, 59) == "<command>" + x + "&lt;&amp;</command>\n");
+    CHECK(show({"-c"}, 4000).size() == 2046 + 1);
+}
+
+// Every switch has a line in the list, and every line fits a terminal.
+TEST_CASE("the switch list knows every switch") {
+    const Outcome help = Run({"-hs"});
+    CHECK(help.status == 0);
+    const auto lists = [&help](const std::string &name) {
+        size_t at = 0;
+        while ((at = help.text.find("          -" + name, at)) != std::string::npos && IsLetter(help.text[at + 11 + name.size()])) {
+            ++at;
+        }
+        return at != std::string::npos;
+    };
+    for (const char *p = kSwitchLetters; *p; ++p) {
+        CAPTURE(*p);
+        CHECK((*p == ':' || lists(std::string(1, *p))));
+    }
+    for (const char *sub : {"Dtud", "EscC", "fadmp", "hsfcnp", "kd", "Nsv", "Rdln", "TadfilLnNopqsvw", "wDdermngbpsvW"}) {
+        for (const char *p = sub + 1; *p; ++p) {
+            const std::string name{*sub, *p};
+            CHECK_MESSAGE(lists(name), name);
+        }
+    }
+    for (const char *name :
+         {"w\"Create ", "w\"File dat ", "w\"File cfg ", "w\"x ", "u\"File CFG ", "u\"File XSL ", "k0", "k10", "xNOCONFIG",
+          "xNOCOMMAND", "xNOHEADER", "xNOWRAP", "xUDQNSHOW", "xDEBUG", "xDIFFDEBUG", "xc", "x\"File csv "}) {
+        CHECK_MESSAGE(Has(help.text, std::string("             -") + name), name);
+    }
+    for (size_t at = 0, end; (end = help.text.find('\n', at)) != std::string::npos; at = end + 1) {
+        CHECK_MESSAGE(end - at < 80, help.text.substr(at, end - at));
+    }
+    CHECK(help.text.ends_with("          -y Display configuration parameters, export tly.cfg\n"));
+    CHECK(Has(Run({"-H", "-hs"}).text, "-switch[&quot;compound option&quot;]"));
+}
+
+TEST_CASE("no arguments and -hp give the short syntax") {
+    const std::string last = "          -hs Help syntax for operation\n          -hf Help manual full text\n";
+    const Outcome none = Run({});
+    CHECK(none.status == 0);
+    CHECK(Has(none.text, "\n  Syntax: tly -option or -switch[option]\n          or -switch[\"compound option\"] filenames"));
+    CHECK(none.text.ends_with(last));
+    CHECK(Run({"-hp"}).text.ends_with(last + "\n  Press Enter Key To Continue ...\n"));
+    CHECK(Run({"-O/dev/null", "-hp"}).text == "\n  TLY using output file: /dev/null\n");
+}
+
+namespace {
+
+std::string ProgFile(const char *name, const char *cfg_home, const char *home, const char *program, const char *path) {
+    Globals *G = NewGlobals();
+    const std::pair<const char *, const char *> variables[] = {{"TLYCFGHOME", cfg_home}, {"TLYHOME", home}, {"PATH", path}};
+    const std::string old_path = getenv("PATH");
+    for (const auto &[variable, value] : variables) {
+        setenv(variable, value, 1);
+    }
+    std::string argument = program;
+    char *argv[] = {argument.data(), nullptr};
+    G->argc = 1;
+    G->argv = argv;
+    LoadEnv(G);
+    SetProgramPath(G);
+    PathText found = "as it was";
+    GetProgFile(found, name, G);
+    setenv("PATH", old_path.c_str(), 1);
+    unsetenv("TLYHOME");
+    unsetenv("TLYCFGHOME");
+    FreeGlobals(G);
+    return found;
+}
+
+} // namespace
+
+TEST_CASE("homes of the program's files") {
+    TempDir dir;
+    WriteText(dir / "tly.cfg", "");
+    const std::string path = "/no/such;;" + std::string(2000, 'p') + ":" + dir.path;
+    const std::string longest(1023, 'h');
+    CHECK(ProgFile("a.cfg", "/cfg", "/home", "/bin/tly", path.c_str()) == "/cfg/a.cfg");
+    CHECK(ProgFile("a.cfg", "/", "/home/", "/bin/tly", path.c_str()) == "/home/a.cfg");
+    CHECK(ProgFile("a.cfg", "", "", "/bin/tly", path.c_str()) == "/bin/a.cfg");
+    CHECK(ProgFile("a.cfg", "", "", "tly", path.c_str()) == dir / "a.cfg");
+    CHECK(ProgFile("a.cfg", "", "", "tly", "/no/such") == "./a.cfg");
+    CHECK(ProgFile("b/a.cfg", "/cfg", "", "tly", "") == "as it was");
+    CHECK(ProgFile("a.cfg", "", longest.c_str(), "tly", "").size() < sizeof(PathText));
+    CHECK(ProgFile("a.cfg", "", "", ("/" + longest + "/tly").c_str(), "") == "./a.cfg");
+}
+
+TEST_CASE("a program file is replaced whole or not at all") {
+    TempDir dir;
+    const std::string file = dir / "tly.cfg", link = dir / "link", dead = dir / "dead";
+    const auto write = [](FILE *stream, Globals *) { fputs("new", stream); };
+    const auto fail = [](FILE *stream, Globals *) {
+        fputs("half", stream);
+        close(fileno(stream)); // as on a disk that is full: the bytes can't leave
+    };
+    CHECK(WriteProgramFile(file.c_str(), write, nullptr) == 1);
+    CHECK(ReadText(file) == "new");
+    WriteText(file, "old");
+    CHECK(WriteProgramFile(file.c_str(), fail, nullptr) == 0);
+    CHECK(ReadText(file) == "old");
+    CHECK(chmod(file.c_str(), 0640) == 0);
+    CHECK(symlink("tly.cfg", link.c_str()) == 0);
+    CHECK(WriteProgramFile(link.c_str(), write, nullptr) == 1);
+    struct stat found;
+    CHECK((lstat(link.c_str(), &found) == 0 && S_ISLNK(found.st_mode)));
+    CHECK((stat(file.c_str(), &found) == 0 && (found.st_mode & 0777) == 0640));
+    CHECK(ReadText(file) == "new");
+    CHECK(symlink("nothing", dead.c_str()) == 0);
+    for (const std::string &path : {std::string("/dev/null"), std::string(dir.path), dead, dir / "no/such"}) {
+        CHECK(WriteProgramFile(path.c_str(), write, nullptr) == 0);
+    }
+    const std::string count = "test $(ls -A " + std::string(dir.path) + " | wc -l) = 3";
+    CHECK(system(count.c_str()) == 0); // no temporary stays
+}

@@ -1,0 +1,190 @@
+// The list, its records and their order.
+#include <doctest/doctest.h>
+
+#include <memory>
+#include <random>
+#include <string>
+
+#include "run/compare.h"
+#include "run/globals.h"
+
+namespace {
+
+struct ListBench {
+    std::unique_ptr<Globals> G = std::make_unique<Globals>();
+    Llist list{};
+    ~ListBench() { LlistDestroy(&list, NameDataFree); }
+
+    void Add(const char *name, int line = 0) { CHECK(AddNameNode(name, line, 0, &list, 0, G.get())); }
+};
+
+int CompareLine(const void *record, const LlistNode *node, int) {
+    return static_cast<const NameData *>(record)->line - Record<NameData>(node)->line;
+}
+
+int CompareNameText(const void *key, const LlistNode *node, int) {
+    return strcmp(static_cast<const char *>(key), Record<NameData>(node)->name);
+}
+
+int SameAddress(const void *key, const LlistNode *node, int) {
+    return key == node->data ? 0 : 1;
+}
+
+NameData *NewName(const char *name, int line) {
+    return new (calloc(1, sizeof(NameData))) NameData{strdup(name), line, 0};
+}
+
+// Names from the head; every link is checked on the way.
+template <class T> std::string Names(const Llist &list) {
+    std::string names;
+    int count = 0;
+    const LlistNode *last = nullptr;
+    for (const LlistNode *node = list.head; node; node = node->next) {
+        CHECK(node->prev == last);
+        last = node;
+        names += names.empty() ? "" : " ";
+        names += Record<T>(node)->name;
+        ++count;
+    }
+    CHECK(list.tail == last);
+    CHECK(list.count == count);
+    return names;
+}
+
+} // namespace
+
+TEST_CASE("list: the chain stays whole through every operation") {
+    ListBench b;
+    Globals *G = b.G.get();
+    CHECK(LlistGet(&b.list, 1) == nullptr);
+    LlistDestroy(&b.list, NameDataFree);
+
+    LlistNode *m = LlistInsert(&b.list, nullptr, NewName("m", 0), 1, G);
+    CHECK(LlistInsert(&b.list, nullptr, m->data, 1, G) == nullptr); // no place told
+    LlistInsert(&b.list, m, NewName("a", 0), 0, G);
+    LlistInsert(&b.list, m, NewName("z", 0), 1, G);
+    LlistInsert(&b.list, m, NewName("n", 0), 1, G);
+    CHECK(Names<NameData>(b.list) == "a m n z");
+    CHECK(LlistGet(&b.list, -1) == b.list.head);
+    CHECK(LlistGet(&b.list, 2) == m);
+    CHECK(LlistGet(&b.list, 4) == b.list.tail);
+
+    LlistRemoveNodeByData(&b.list, "nothing", CompareNameText, NameDataFree);
+    LlistRemoveNodeByData(&b.list, "z", CompareNameText, NameDataFree);
+    LlistRemoveNodeInList(&b.list, b.list.head, NameDataFree);
+    CHECK(Names<NameData>(b.list) == "m n");
+    NameData *kept = Record<NameData>(m);
+    LlistDetachNode(&b.list, m);
+    CHECK(std::string(kept->name) == "m");
+    CHECK(Names<NameData>(b.list) == "n");
+
+    Llist other{};
+    LlistConcatenate(&b.list, &other);
+    CHECK(Names<NameData>(b.list) == "n");
+    LlistConcatenate(&other, &b.list); // an empty list takes the other's nodes
+    CHECK(Names<NameData>(b.list) == "");
+    CHECK(AddNameRawNode(kept, 0, &b.list, G) == 1);
+    LlistConcatenate(&b.list, &other);
+    CHECK(Names<NameData>(b.list) == "m n");
+    CHECK(Names<NameData>(other) == "");
+}
+
+TEST_CASE("list: refusals leave the record with the caller") {
+    ListBench b;
+    Globals *G = b.G.get();
+    CHECK(LlistAdd(&b.list, nullptr, nullptr, G) == nullptr);
+    NameData *first = NewName("first", 5);
+    NameData *twin = NewName("twin", 5);
+    CHECK(LlistAddUnique(&b.list, first, nullptr, G) == 1);
+    CHECK(LlistAddUnique(&b.list, twin, nullptr, G) == 0);
+    CHECK(LlistAddUnique(&b.list, twin, CompareLine, G) == 0);
+    twin->line = 4;
+    CHECK(LlistAddUnique(&b.list, twin, CompareLine, G) == 1);
+    CHECK(Names<NameData>(b.list) == "twin first");
+    CHECK(AddNameNode(nullptr, 0, 0, &b.list, 0, G) == 0);
+    CHECK(AddNameNode("x", 0, 0, nullptr, 0, G) == 0);
+    CHECK(AddFileNode("x", 0, 0, 0, {}, {}, nullptr, 0, G) == 0);
+    CHECK(AddDirMetricsNode(nullptr, G) == 0);
+}
+
+TEST_CASE("list: sorting equals inserting one by one, ties included") {
+    std::mt19937 random(7);
+    ListBench b;
+    Globals *G = b.G.get();
+    for (int round = 0; round < 1500; ++round) {
+        G->sort_descending = round % 2;
+        const int key = round % 11;
+        Llist plain{};
+        Llist inserted{};
+        for (int i = 0, n = static_cast<int>(random() % 40); i < n; ++i) {
+            const std::string name = "f" + std::to_string(random() % 9) + (key == 1 ? "" : "_" + std::to_string(i));
+            Metrics metrics{};
+            metrics.loc = metrics.eloc = metrics.lloc = metrics.cyclo = metrics.functions = static_cast<int>(random() % 6);
+            const int64_t big = static_cast<int64_t>(random() % 4) << 33; // more than an int holds
+            AddFileNode(name.c_str(), big, -big, 0, {}, metrics, &plain, 0, G);
+            AddFileNode(name.c_str(), big, -big, 0, {}, metrics, &inserted, key, G);
+        }
+        const FileData *kept = plain.head ? Record<FileData>(plain.head) : nullptr;
+        LlistResort_FileData(&plain, key, G);
+        REQUIRE(Names<FileData>(plain) == Names<FileData>(inserted));
+        CHECK((!kept || LlistSearch(&plain, kept, SameAddress))); // records keep their addresses
+        LlistDestroy(&plain, FileDataFree);
+        LlistDestroy(&inserted, FileDataFree);
+    }
+}
+
+TEST_CASE("list: ties, directions and keys") {
+    ListBench b;
+    Globals *G = b.G.get();
+    Llist entities{};
+    auto add = [&](const char *name, int loc, int state, int key) {
+        AddListNode(key, name, nullptr, "base", nullptr, nullptr, 0, 0, 0, loc, 0, 0, 0, 0, 0, 0, state, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                    nullptr, &entities, G, 0.0F);
+    };
+    struct Case {
+        int key, descending;
+        const char *order;
+    };
+    const Case cases[] = {
+        {0, 0, "b a d c"}, {1, 0, "a b c d"}, {1, 1, "a b c d"}, // names of entities always sort upward
+        {2, 0, "a b d c"}, {2, 1, "c d a b"},                    // a and b are equal, a was added last
+        {6, 0, "c d b a"}, {7, 0, "b a d c"}, {-3, 0, "b a d c"},
+    };
+    for (const Case &c : cases) {
+        CAPTURE(c.key);
+        CAPTURE(c.descending);
+        G->sort_descending = c.descending;
+        for (int resort = 0; resort < 2; ++resort) { // sorted while adding, then afterwards
+            const int key = resort ? 0 : c.key;
+            add("b", 1, 3, key);
+            add("a", 1, 4, key);
+            add("d", 2, 2, key);
+            add("c", 3, 1, key);
+            LlistResort_NodeData(&entities, resort ? c.key : 0, G);
+            CHECK(Names<NodeData>(entities) == c.order);
+            LlistDestroy(&entities, NodeDataFree);
+        }
+    }
+}
+
+TEST_CASE("list: searches by name") {
+    ListBench b;
+    Globals *G = b.G.get();
+    Llist dirs{};
+    for (const char *name : {"/src/lib", "/src", "/Doc"}) {
+        AddListNode(0, name, nullptr, nullptr, nullptr, nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                    nullptr, &dirs, G, 0.0F);
+    }
+    auto position = [&](const char *key, LlistCompare compare) {
+        const LlistNode *node = LlistSearch(&dirs, key, compare);
+        return node ? std::string(Record<NodeData>(node)->name) : std::string("-");
+    };
+    CHECK(position("/src/sub", IsInName_NodeType) == "/src"); // the entry is a prefix of the key
+    CHECK(position("/src/lib/x", IsInName_NodeType) == "/src/lib");
+    CHECK(position("/sr", IsInName_NodeType) == "-");
+    CHECK(position("sr", ListCompPartName) == "/src/lib"); // the key is a part of the entry
+    CHECK(position("/doc", CompareName_Node_Case) == "-");
+    CHECK(position("/doc", CompareName_Node_NoCase) == "/Doc");
+    CHECK(LlistSearch(&dirs, nullptr, CompareName_Node_Case) == nullptr);
+    LlistDestroy(&dirs, NodeDataFree);
+}

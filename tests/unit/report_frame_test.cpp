@@ -1,0 +1,375 @@
+// The frame of a report: heads, messages around them, texts from outside in all four modes, and the lines that reports share.
+#include <doctest/doctest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "report/forms.h"
+#include "report/frame.h"
+#include "report/lines.h"
+#include "report/names.h"
+#include "run/globals.h"
+
+namespace {
+
+struct FreeRecord {
+    void operator()(Globals *G) const { free(G); }
+};
+
+// A state record as a run has it behind its settings, in one mode.
+struct Desk {
+    std::unique_ptr<Globals, FreeRecord> record{static_cast<Globals *>(calloc(1, sizeof(Globals)))};
+    Globals *G = record.get();
+
+    explicit Desk(Mode mode = Mode::kText) {
+        G->html_mode = mode == Mode::kHtml;
+        G->csv_mode = mode == Mode::kCsv;
+        G->xml_mode = mode == Mode::kXml;
+        G->wrap_long_names = 1;
+        CopyText(G->version, "7.75");
+        CopyText(G->html_header_color, "#993300");
+        CopyText(G->start_dir, "/home/me");
+    }
+    ~Desk() {
+        LlistDestroy(&G->early_messages, [](void *) {});
+    }
+};
+
+// What the function writes to the report.
+std::string Written(const std::function<void()> &write) {
+    FILE *const report = gTLYOUT;
+    char *text = nullptr;
+    size_t size = 0;
+    gTLYOUT = open_memstream(&text, &size);
+    write();
+    fclose(gTLYOUT);
+    gTLYOUT = report;
+    std::string shown(text, size);
+    free(text);
+    return shown;
+}
+
+void WriteHead(Globals *G) {
+    switch (OutputMode(G)) {
+    case Mode::kCsv: CSV_Header(gTLYOUT, G); break;
+    case Mode::kXml: XML_Header(gTLYOUT, G); break;
+    default: ShowHeader(gTLYOUT, G); break;
+    }
+}
+
+bool Holds(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
+
+// Runs a function that ends the process, in a child. Returns what it wrote to the report and its status.
+std::pair<std::string, int> Ended(const std::function<void()> &run, const char *path = nullptr) {
+    char name[] = "/tmp/tly_end_XXXXXX";
+    close(mkstemp(name));
+    fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        gTLYOUT = fopen(path ? path : name, "wb");
+        stderr = fopen("/dev/null", "w");
+        run();
+        _exit(99);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    std::string text;
+    FILE *file = fopen(name, "rb");
+    for (int c; (c = getc(file)) != EOF;) {
+        text += static_cast<char>(c);
+    }
+    fclose(file);
+    unlink(name);
+    return {text, WEXITSTATUS(status)};
+}
+
+const Mode kModes[] = {Mode::kText, Mode::kHtml, Mode::kCsv, Mode::kXml};
+const char *const kHostile = "<&\"'--\x01\xFF>,%s";
+
+} // namespace
+
+TEST_CASE("texts from outside can't break a document") {
+    const struct {
+        const char *text, *html, *xml;
+    } rows[] = {
+        {"a<b>&\"c'", "a&lt;b&gt;&amp;&quot;c'", "a&lt;b&gt;&amp;&quot;c&apos;"},
+        {"\t\n\r\x01\x1F\x7F", "\t\n\r\x01\x1F\x7F", "\t\n\r??\x7F"},
+        {"\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80 \xF4\x8F\xBF\xBF", "\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80 \xF4\x8F\xBF\xBF",
+         "\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80 \xF4\x8F\xBF\xBF"},
+        {"\xE4", "\xE4", "?"},                                              // Latin-1
+        {"\xC0\xAF\xE0\x80\xAF", "\xC0\xAF\xE0\x80\xAF", "?????"},          // overlong "/"
+        {"\xED\xA0\x80\xEF\xBF\xBE", "\xED\xA0\x80\xEF\xBF\xBE", "??????"}, // surrogate, U+FFFE
+        {"\xF4\x90\x80\x80\xF5", "\xF4\x90\x80\x80\xF5", "?????"},          // above U+10FFFF
+        {"x\xE2\x82", "x\xE2\x82", "x??"},                                  // cut off
+        {"\xC3<", "\xC3&lt;", "?&lt;"},
+        {nullptr, "", ""},
+    };
+    std::string out;
+    for (const auto &row : rows) {
+        HTML_esc(row.text, out);
+        CHECK(out == row.html);
+        xml_encode(row.text, out);
+        CHECK(out == row.xml);
+    }
+    csv_field("f(int a,int b)", out);
+    CHECK(out == "f(int a int b)");
+    url_encode("file:///a b/c#\"%\xE4.c", out);
+    CHECK(out == "file:///a%20b/c%23%22%25%E4.c");
+}
+
+TEST_CASE("a message waits for the document and is encoded where it lands") {
+    const char *const bodies[] = {
+        "early <--> -\ntext head late <-->\n",
+        "early &lt;--&gt; -\n",
+        "early <--> -\nTallyline\n",
+        "<!--early &lt;-&#45;&gt; -\n-->\n<program>Tallyline</program>\n",
+    };
+    for (const Mode mode : kModes) {
+        Desk desk(mode);
+        desk.G->no_header = desk.G->no_config = desk.G->no_command = 1;
+        CHECK(Written([&] { Message(desk.G, "early %s\n", "<--> -"); }) == "");
+        std::string shown = Written([&] {
+            WriteHead(desk.G);
+            Put("text head ");
+            Message(desk.G, "late %s\n", "<-->");
+        });
+        CHECK(Holds(shown, bodies[static_cast<int>(mode)]));
+        CHECK(Holds(shown, mode == Mode::kHtml || mode == Mode::kXml ? "late &lt;--&gt;\n" : "late <-->\n"));
+    }
+    Desk xml(Mode::kXml);
+    CHECK(Written([&] {
+              Message(xml.G, "---");
+              Message(xml.G, "-");
+              xml.G->root_open = 1;
+              FlushEarlyMessages(xml.G);
+              CloseDocument(xml.G);
+              Message(xml.G, "behind");
+          }) == "<!---&#45;&#45;-->\n<!--&#45;-->\n</vxtly>\n<!--behind-->\n");
+}
+
+TEST_CASE("an early end closes what is open, once, and owns up to a lost report") {
+    const auto end = [](Mode mode, bool head, bool closed) {
+        return Ended([=] {
+            Globals *G = static_cast<Globals *>(calloc(1, sizeof(Globals)));
+            G->html_mode = mode == Mode::kHtml;
+            G->xml_mode = mode == Mode::kXml;
+            G->no_header = G->no_config = G->no_command = 1;
+            Message(G, "<no>\n");
+            if (head) {
+                WriteHead(G);
+            }
+            if (closed) {
+                CloseDocument(G);
+            }
+            EndProcess(G, 1);
+        });
+    };
+    CHECK(end(Mode::kText, false, false) == std::pair<std::string, int>{"<no>\n", 1});
+    CHECK(end(Mode::kHtml, false, false).first == "&lt;no&gt;\n</pre></body></html>");
+    CHECK(end(Mode::kXml, false, false).first == "<no>\n");
+    CHECK(Holds(end(Mode::kXml, true, false).first, "</date>\n</vxtly>\n"));
+    for (const Mode mode : {Mode::kHtml, Mode::kXml}) {
+        const std::string closed = end(mode, true, true).first;
+        const std::string last = mode == Mode::kHtml ? "</html>" : "</vxtly>";
+        CHECK(closed.find(last) == closed.rfind(last));
+    }
+    const auto full = [] {
+        Put("%5000s", "");
+        EndProcess(nullptr, 0);
+    };
+    CHECK(Ended(full, "/dev/full").second == 1);
+    CHECK(Ended([] { EndProcess(nullptr, -1); }).second == 255);
+}
+
+TEST_CASE("heads under hostile names and titles") {
+    const auto head = [](Mode mode, auto &&change) {
+        Desk desk(mode);
+        Globals *G = desk.G;
+        for (std::span<char> text : {std::span<char>(G->cfg_file), {G->report_title}, {G->header_text}, {G->xsl_file}}) {
+            CopyText(text, kHostile);
+        }
+        CopyText(G->header_html, "<i>mine</i>");
+        G->no_command = G->title_set = G->report_header_active = G->xsl_file_set = 1;
+        change(G);
+        return Written([&] { WriteHead(G); });
+    };
+    const auto as_is = [](Globals *) {};
+    const std::string blanks(32, ' ');
+    const std::string text = head(Mode::kText, as_is);
+    CHECK(text.starts_with(blanks + kHostile + "\n\n           Tallyline (TM) for C, C++, C# and Java\n" +
+                           "                                Version 7.75\n\n  Build Date  : "));
+    CHECK(text.ends_with(std::string(kUnderscores) + kUnderscores + "\n\n  Config. File: " + kHostile + "\n\n" + blanks + kHostile +
+                         "\n\n"));
+    const std::string html = head(Mode::kHtml, as_is);
+    const std::string escaped = "&lt;&amp;&quot;'--\x01\xFF&gt;,%s";
+    CHECK(Holds(html, "<pre>\n<i>mine</i>\n<b><font color=\"\">\n             Tallyline&#8482; for C"));
+    CHECK(html.ends_with("<font color=\"#993300\">Config. File</font></b>: " + escaped + "\n\n" + blanks + "<b><i>" + escaped +
+                         "</i></b>\n\n"));
+    const std::string xml = head(Mode::kXml, as_is);
+    const std::string encoded = "&lt;&amp;&quot;&apos;--??&gt;,%s";
+    CHECK(Holds(xml, "?>\n<?xml-stylesheet type=\"text/xsl\" href=\"file:///" + encoded + "\"?>\n<vxtly>\n<banner>" + encoded +
+                         "</banner>\n<program>"));
+    CHECK(xml.ends_with("<config_file>" + encoded + "</config_file>\n<title>" + encoded + "</title>\n"));
+    const std::string csv = head(Mode::kCsv, as_is);
+    CHECK(csv.starts_with(std::string(kHostile) + "\n\nTallyline\nVersion,7.75\nDate Processed,"));
+    CHECK(csv.ends_with("\n\nConfiguration File,<&\"'--\x01\xFF> %s\n\n" + std::string(kHostile) + "\n"));
+
+    CHECK(head(Mode::kText, [](Globals *G) { G->no_header = 1; }) == "");
+    CHECK(head(Mode::kHtml, [](Globals *G) { G->no_header = 1; }).ends_with("<pre>\n"));
+    CHECK(Holds(head(Mode::kXml, [](Globals *G) { CopyText(G->xsl_file, "c:\\x\\y.xsl"); }), "href=\"file:///c:/x/y.xsl\""));
+    CHECK(Holds(head(Mode::kXml, [](Globals *G) { CopyText(G->xsl_file, "./x\\y.xsl"); }), "href=\"./x\\y.xsl\""));
+    const std::string longest(sizeof(LineText) - 1, '<');
+    CHECK(head(Mode::kText, [&](Globals *G) { CopyText(G->report_title, longest.c_str()); }).ends_with("\n\n " + longest + "\n\n"));
+    for (const bool background : {false, true}) {
+        for (const bool link : {false, true}) {
+            const std::string page = head(Mode::kHtml, [=](Globals *G) {
+                CopyText(G->html_background_color, background ? "\">" : "");
+                CopyText(G->html_link_color, link ? "red" : "");
+                CopyText(G->html_text_color, "blue");
+                CopyText(G->html_vlink_color, "tan");
+            });
+            const std::string rest =
+                link ? "text=\"blue\" vlink=\"tan\" link=\"red\" alink=\"\"" : "text=\"#000000\" vlink=\"#660099\" ";
+            CHECK(Holds(page, std::string("<body ") + (background ? "bgcolor=\"&quot;&gt;\" " : "") + rest));
+        }
+    }
+}
+
+TEST_CASE("centring, wrapping, links") {
+    const struct { size_t length, blanks; } widths[] = {{0, 38}, {1, 38}, {2, 37}, {73, 2}, {74, 1}, {3000, 1}};
+    for (const auto &row : widths) {
+        const std::string text(row.length, 'x');
+        CHECK(Written([&] { Center(text.c_str()); }) == std::string(row.blanks, ' ') + text + "\n");
+    }
+    Desk desk;
+    Globals *G = desk.G;
+    LineText out;
+    const auto wrapped = [&](const char *name) {
+        AdjNameLength(name, out, 5, 2, G);
+        return std::string(out);
+    };
+    CHECK(wrapped("12345") == "12345");
+    CHECK(wrapped("123456") == "12345\n  6");
+    AdjNameLength(std::string(2000, 'n').c_str(), out, 2, 7, G);
+    CHECK(strlen(out) == 2046);
+    G->wrap_long_names = 0;
+    CHECK(wrapped("123456") == "123456");
+
+    const struct {
+        const char *name, *absolute, *relative;
+    } links[] = {
+        {"/x/a.c", "file:///x/a.c", "/x/a.c"},
+        {"./a.c", "file:///home/me/a.c", "./a.c"},
+        {"a.c/", "file:///home/me/a.c", "a.c"},
+        {"c:/home/me/a.c", "file://c:/home/me/a.c", "a.c"},
+        {"c:/home/me2/a.c", "file://c:/home/me2/a.c", "c:/home/me2/a.c"},
+        {"c:/home/me", "file://c:/home/me", ""},
+        {"/", "file:///", "/"},
+    };
+    for (const auto &row : links) {
+        G->relative_html_links = 0;
+        CHECK(std::string(HTMLPathFile(row.name, G)) == row.absolute);
+        G->relative_html_links = 1;
+        CHECK(std::string(HTMLPathFile(row.name, G)) == row.relative);
+    }
+}
+
+TEST_CASE("sort line and listing bars") {
+    const char *const lines[] = {
+        "                         Sorted By: LOC  - Ascending\n",
+        "\n                        <b><font color=\"#993300\">Sorted By LOC  - Ascending</font></b>\n",
+        "Sorted By: LOC  - Ascending\n",
+        "<sort_mode>LOC</sort_mode>\n<sort_direction>Ascending</sort_direction>\n",
+    };
+    for (const Mode mode : kModes) {
+        Desk desk(mode);
+        desk.G->sort_key = 2;
+        CHECK(Written([&] { ShowSortMethod(desk.G); }) == lines[static_cast<int>(mode)]);
+        for (const int none : {0, 11}) {
+            desk.G->sort_key = none;
+            CHECK(Written([&] { ShowSortMethod(desk.G); }) == "");
+        }
+    }
+    Desk desk;
+    Globals *G = desk.G;
+    G->print_left_margin = 2;
+    G->print_line_length = 9;
+    CopyText(G->report_title, "four");
+    SetBars(G);
+    CHECK(std::string(G->bar_dash) == "  _________\n\n");
+    CHECK(std::string(G->bar_page) == "  _________\n");
+    CHECK(std::string(G->bar_header) == "     four\n"); // 2 + 4.5 - 2, rounded up
+    G->print_left_margin = 100;
+    G->print_line_length = 2147483647;
+    CopyText(G->report_title, std::string(2047, 't').c_str());
+    SetBars(G);
+    CHECK(std::string(G->left_margin) == std::string(43, ' '));
+    CHECK(std::string(G->bar_dash).ends_with("__\n\n"));
+    CHECK(std::string(G->bar_header) == std::string(2046, 't') + "\n");
+}
+
+TEST_CASE("sums of a file and of the project") {
+    const auto sums = [](Mode mode, int project, int list_functions) {
+        Desk desk(mode);
+        Globals *G = desk.G;
+        G->file_loc = 12, G->just_brace_count = 3, G->just_paren_count = 1;
+        G->semicolon_count = 7, G->for_count = 2, G->file_comments = 4, G->file_line_no = 21, G->skipped_lines = 5;
+        G->files_processed = 8;
+        G->report_switch_given = G->function_points = 1;
+        G->fp_loc = 0.25;
+        G->list_functions = list_functions;
+        return Written([&] { ShowTotalSummary(G, project, 1); });
+    };
+    const std::string rule = std::string("  ") + kDashes + kDashes + "\n\n";
+    CHECK(sums(Mode::kText, 1, 0) == rule + "                         ~~ Total Project Summary ~~\n\n"
+                                            "  LOC 12       eLOC 8        lLOC 5        Comment 4        Lines       21\n"
+                                            "  Average per File, metric/8 files\n"
+                                            "  LOC 1        eLOC 1        lLOC 0        Comment 0        Lines        2\n"
+                                            "  Function Points         FP(LOC) 0.2     FP(eLOC) 0.0    FP(lLOC)     0.0\n"
+                                            "  Total physical lines skipped from skip token match: 5\n\n\n");
+    CHECK(sums(Mode::kHtml, 0, 0)
+              .starts_with(rule + "<b><font color=\"#993300\">                          ~~ Total File Summary ~~\n"
+                                  "</font></b>\n  <b>LOC</b> 12       <b>eLOC</b> 8"));
+    CHECK(
+        sums(Mode::kCsv, 0, 0).starts_with("LOC,12,eLOC,8,lLOC,5,Comment,4,Lines,21\nAvg LOC,1,eLOC,1,lLOC,0,Comment,0,Lines,2\n"));
+    CHECK(sums(Mode::kCsv, 1, 1) == "\nTotal,Skipped,Lines,5\nFunction,Point,Totals\n"
+                                    "FP LOC,       0.2,FP eLOC,       0.0,FP lLOC,       0.0,\n\n"
+                                    "Project,Totals\nLOC,12,eLOC,8,lLOC,5,Comment,4,Lines,21,Comment/eLOC,0.50\n\n");
+    CHECK(sums(Mode::kXml, 1, 0) ==
+          "<totals>\n<loc>12</loc>\n<eloc>8</eloc>\n<lloc>5</lloc>\n<comments>4</comments>\n<lines>21</lines>\n"
+          "<comment_per_eloc>0.50</comment_per_eloc>\n<function_point_loc>0.2</function_point_loc>\n"
+          "<function_point_eloc>0.0</function_point_eloc>\n<function_point_lloc>0.0</function_point_lloc>\n"
+          "<lines_skipped>5</lines_skipped>\n</totals>\n");
+    CHECK(sums(Mode::kXml, 0, 0) == "");
+    CHECK(sums(Mode::kText, 1, 1) == "");
+}
+
+TEST_CASE("function points, complexity, notices per line") {
+    Desk desk(Mode::kXml);
+    Globals *G = desk.G;
+    G->fp_per_language[3] = 128, G->fp_per_language[9 + 1] = 53;
+    G->is_java = 1;
+    CHECK(GetFP(530, 1, G) == 10.0);
+    CHECK(GetFP(530, 0, G) == 0.0);
+    CHECK(GetFP(530, 3, G) == 0.0);
+    G->is_java = 0, G->is_c = 1;
+    CHECK(GetFP(64, 0, G) == 0.5);
+    G->is_c_header = 1; // ahead of the C that it is too
+    CHECK(GetFP(64, 0, G) == 0.0);
+    CHECK(Written([&] { ComplexLine(1, 2, 4, G); }) == "");
+    G->complexity_metrics = 1;
+    CHECK(Holds(Written([&] { ComplexLine(1, 2, 4, G); }),
+                "<interface_complexity>3</interface_complexity>\n<cyclomatic_complexity>4<"));
+    CHECK(Holds(Written([&] { FileMethodNotices(0, 3, 0, G); }),
+                "<notices_per_function>0.0</notices_per_function>\n<notices_per_KeLOC>0<"));
+    G->xml_mode = 0;
+    CHECK(Written([&] { ComplexLine(1, 2, 4, G); }) ==
+          "  Complexity   Param 1       Return 2      Cyclo Vg 4       Total        7\n");
+    CHECK(Written([&] { FileMethodNotices(2, 3, 60, G); }) ==
+          "  Quality      Funcs 2       Notice 3      QN/Func  1.5    QN/KeLOC     50\n");
+}
