@@ -32,9 +32,13 @@ static FILE *Open(const char *path, bool streams) {
     return nullptr;
 }
 
-FILE *OpenRegularFile(const char *path) { return Open(path, false); }
+FILE *OpenRegularFile(const char *path) {
+    return Open(path, false);
+}
 
-FILE *OpenFileOrStream(const char *path) { return Open(path, true); }
+FILE *OpenFileOrStream(const char *path) {
+    return Open(path, true);
+}
 
 bool OpenLines(LineReader *reader, const char *path) {
     reader->file = OpenRegularFile(path);

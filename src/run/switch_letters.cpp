@@ -156,9 +156,15 @@ void SwitchTitle(const char *parameter, Globals *G) {
     StoreParameter(G->report_title, parameter, strlen(parameter), 'S', G);
 }
 
+// The settings page closes itself.
+static void ShowSettings(Globals *G) {
+    ShowCfg(gTLYOUT, G);
+    G->document_closed = OutputMode(G) == Mode::kHtml;
+}
+
 void SwitchHelp(const char *parameter, Globals *G) {
     switch (*parameter) {
-    case 'c': ShowCfg(gTLYOUT, G); break;
+    case 'c': ShowSettings(G); break;
     case 'p':
         G->syntax_pause = 1;
         ShowSyntax(G);
@@ -169,6 +175,6 @@ void SwitchHelp(const char *parameter, Globals *G) {
 }
 
 void SwitchShowSettings(const char *, Globals *G) {
-    ShowCfg(gTLYOUT, G);
+    ShowSettings(G);
     EndProcess(G, 0);
 }
