@@ -99,7 +99,9 @@ void ScanCode(Scan &scan, Globals *G) {
         case kOperator: break;
         case kWord: {
             const int end = EndOfWord(line, i);
-            OnWord(scan, i, end, G);
+            if (!G->is_other) {
+                OnWord(scan, i, end, G);
+            }
             i = end - 1;
             break;
         }
@@ -117,6 +119,8 @@ void ScanCode(Scan &scan, Globals *G) {
                 G->string_flag = 1;
                 leave = 1;
                 NoteSpan(scan, i, i + 1, kStringSpan);
+            } else if (EndsBackslashLiteral(scan)) {
+                ++G->string_count;
             }
             break;
         case kApostrophe:

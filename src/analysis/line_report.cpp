@@ -48,6 +48,8 @@ void ReportSource(const Scan &scan, int line_has_c_comment, Globals *G) {
         PrintOnly<int, const char *, Shown>(Mode::kHtml,
                                             "\n  <b>Line</b> %d: <font color=\"%s\">%s</font>  <b>LOC Type(s)</b>:", scan.number,
                                             G->html_line_color, Shown{Ltrim(scan.line)});
+    } else if (OutputMode(G) == Mode::kCsv) { // the source as it is, commas too
+        Put("\n  Line %d: %s  LOC Type(s):", scan.number, scan.line);
     } else {
         PrintOnly<int, Shown>(OutputMode(G), "\n  Line %d: %s  LOC Type(s):", scan.number, Shown{scan.line});
     }
@@ -65,7 +67,7 @@ constexpr Forms<Shown> kCodeHeadFile{
 
 constexpr Forms<int, char, double, Shown> kCodeRow{.text = "  %6d |  %c  %-20.15f | %s",
                                                    .html = "  %6d |  %c  %-20.15f | %s",
-                                                   .csv = "%d,%c,%-20.15f,%s",
+                                                   .csv = "%d,%c,%-20.15f,", // the source follows as it is, commas too
                                                    .xml = "  %6d |  %c  %-20.15f | %s"};
 
 void ReportCode(const Scan &scan, char letter, Globals *G) {
@@ -79,6 +81,9 @@ void ReportCode(const Scan &scan, char letter, Globals *G) {
     }
     if (letter) {
         Print(G, kCodeRow, scan.number, letter, LineCode(scan.line, G), Shown{scan.line});
+        if (OutputMode(G) == Mode::kCsv) {
+            Put("%s", scan.line);
+        }
         if (!strchr(scan.line, '\n')) { // the last line of a file may lack its line end; the report's line doesn't
             Put("\n");
         }

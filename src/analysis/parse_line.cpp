@@ -7,6 +7,7 @@
 
 #include <array>
 #include <bit>
+#include <climits>
 #include <cstdint>
 
 #include "analysis/scan.h"
@@ -97,10 +98,9 @@ void ScanBlockComment(Scan &scan, Globals *G) {
 
 void ScanString(Scan &scan, Globals *G) {
     while (LeapTo(scan, '"')) {
-        const char *quote = scan.line + scan.index;
         if (!IsEscaped(scan)) {
             ++G->quote_count;
-        } else if (scan.index < 3 || memcmp(quote - 3, "@\"\\", 3) != 0) { // @"\" is a whole literal
+        } else if (!EndsBackslashLiteral(scan)) {
             ++scan.index;
             continue;
         }
@@ -176,6 +176,13 @@ void ShowSplitLine(const Scan &scan, Globals *G) {
             G->line_string, G->line_comment);
 }
 
+// A file may hold more characters than an int counts.
+void AddClamped(int &sum, int more) {
+    if (__builtin_add_overflow(sum, more, &sum)) {
+        sum = INT_MAX;
+    }
+}
+
 int LengthWithoutLineEnd(const char *line, int bytes) {
     int length = bytes;
     length -= length > 0 && line[length - 1] == '\n';
@@ -191,6 +198,10 @@ int IsEscaped(const Scan &scan) {
         ++run;
     }
     return run % 2;
+}
+
+int EndsBackslashLiteral(const Scan &scan) {
+    return scan.index >= 3 && memcmp(scan.line + scan.index - 3, "@\"\\", 3) == 0;
 }
 
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
@@ -215,7 +226,7 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     if (!G->continuation) {
         G->quote_count = 0;
     }
-    G->file_chars += scan.length;
+    AddClamped(G->file_chars, scan.length);
 
     // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to the line's split
     int first = 0;
@@ -227,9 +238,9 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     WalkLine(scan, G);
 
     if (scan.white_end == scan.length) {
-        G->file_white += CountWhite(scan.line, scan.length, G->tab_width);
+        AddClamped(G->file_white, CountWhite(scan.line, scan.length, G->tab_width));
     } else {
-        G->file_white += CountWhiteAhead(scan.line, scan.white_end, G->tab_width);
+        AddClamped(G->file_white, CountWhiteAhead(scan.line, scan.white_end, G->tab_width));
     }
 
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <bit>
+#include <climits>
 #include <type_traits>
 
 #include "run/globals.h"
@@ -16,7 +17,9 @@ void AddCounters(FileCounters &sum, const FileCounters &file) {
     CounterCells cells = std::bit_cast<CounterCells>(sum);
     const CounterCells more = std::bit_cast<CounterCells>(file);
     for (size_t i = 0; i < cells.size(); ++i) {
-        cells[i] += more[i];
+        if (__builtin_add_overflow(cells[i], more[i], &cells[i])) {
+            cells[i] = INT_MAX; // characters of a very large project
+        }
     }
     sum = std::bit_cast<FileCounters>(cells);
 }

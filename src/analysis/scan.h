@@ -36,6 +36,8 @@ void ScanCode(Scan &scan, Globals *G);
 
 // 1 if the character at index stands behind an odd run of backslashes.
 int IsEscaped(const Scan &scan);
+// 1 if the quote at index ends the C# literal @"\", whose backslash escapes nothing.
+int EndsBackslashLiteral(const Scan &scan);
 // Notes for the line's split what the characters from begin up to end are.
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
 

@@ -205,6 +205,9 @@ void WriteSettings(FILE *stream, bool display, bool html, Globals *G) {
     if (html) {
         fputs("<html><header><title>\"TLY Configuration\"</title></header><body><pre>", stream);
     }
+    if (stream == gTLYOUT) { // the display is a report of its own, and has begun here
+        FlushEarlyMessages(G);
+    }
     WriteHead(stream, html, G);
     for (const Setting &row : SettingsTable()) {
         if (row.type == SettingType::kComment) {

@@ -9,7 +9,6 @@
 #include "config/languages.h"
 #include "report/benchmark.h"
 #include "report/file_reports.h"
-#include "report/forms.h"
 #include "report/frame.h"
 #include "report/mode.h"
 #include "run/compare.h"
@@ -123,17 +122,10 @@ void ListFileOfNames(Globals *G) {
     LlistShow(&G->file_list, FileShow, G);
     Put("\n");
     Benchmark(timer, G);
-    const Mode mode = OutputMode(G);
-    if (mode != Mode::kCsv) {
+    if (OutputMode(G) != Mode::kCsv) {
         UnderscoreRule();
     }
-    if (G->report_header_active) {
-        switch (mode) {
-        case Mode::kHtml: Put("%s\n", G->header_html); break;
-        case Mode::kCsv: PrintOnly(mode, "\n%s\n", Shown{G->header_text}); break;
-        default: Center(G->header_text); break;
-        }
-    }
+    CloseDocument(G);
     EndProcess(G, 0);
 }
 
@@ -153,6 +145,13 @@ bool FindVariable(const char *text, Variable *found) {
     }
     *found = {std::string(first + 1, second), first, second + 1};
     return true;
+}
+
+// A report that is scanned while it is written grows without end: "tly -xDEBUG -r"h ." > lines.h".
+bool IsReport(const char *name) {
+    struct stat report, file;
+    return fstat(fileno(gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(name, &file) == 0 &&
+           file.st_dev == report.st_dev && file.st_ino == report.st_ino;
 }
 
 const char *RefuseExpansion(const char *line, const char *reason, Globals *G) {
@@ -194,6 +193,9 @@ int BuildFileList(int first_argument, Globals *G) {
 }
 
 int AddSourceFile(const char *name, const char *extension, Globals *G) {
+    if (IsReport(name)) {
+        return 1;
+    }
     SetFileDateSize(name, G);
     const bool is_header = *extension == 'h' || *extension == 'H';
     Llist *list = is_header ? &G->header_file_list : &G->source_file_list;

@@ -12,8 +12,8 @@ int BuildFileList(int first_argument, Globals *G);
 // Walks a directory tree and lists the files with one of the given extensions (separated by blanks, dots, commas or stars). Returns
 // 0 after an unreadable directory, which ends the walk.
 int ReadDir(const char *directory, const char *extensions, Globals *G);
-// Lists one file with its date and size, among the headers when its extension starts with "h" or "H". Returns 0, with a message,
-// when memory is out.
+// Lists one file with its date and size, among the headers when its extension starts with "h" or "H". The file that the report goes
+// to is left out. Returns 0, with a message, when memory is out.
 int AddSourceFile(const char *name, const char *extension, Globals *G);
 // Replaces the environment variables of a -F line ("%NAME%"). Returns out, or line itself when nothing was replaced. An unknown
 // variable gives a message and ends the replacing; one that never ends or doesn't fit gives a message and line itself.

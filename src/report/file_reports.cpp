@@ -258,7 +258,11 @@ void FileDetailShow(const FileData *file, Globals *G) {
     const Mode mode = OutputMode(G);
     char label[64];
     FormatText(label, mode == Mode::kCsv ? "Total All %ld,Files" : "Total All %ld Files", long{sums.files});
-    ShowSumsBlock(label, SumsAsFile(sums, 1), G);
+    FileData total = SumsAsFile(sums, 1);
+    total.fp_loc = sums.fp_loc; // only averages are whole numbers
+    total.fp_eloc = sums.fp_eloc;
+    total.fp_lloc = sums.fp_lloc;
+    ShowSumsBlock(label, total, G);
     if (sums.files > 0) {
         ShowSumsBlock(mode == Mode::kText ? "Average per File" : "Average Per File", SumsAsFile(sums, sums.files), G);
     }
@@ -315,7 +319,7 @@ void ShowFileSummary(Globals *G) {
         }
         FileDetailShow(nullptr, G);
     }
-    if (mode == Mode::kXml) { // the one place where an XML report holds the totals element
+    if (mode == Mode::kXml) { // whatever was asked for, an XML report holds the totals
         G->function_points = 1;
         ShowTotalSummary(G, 1, 1);
     }

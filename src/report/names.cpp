@@ -75,7 +75,8 @@ void xml_encode(const char *text, std::string &out) {
 
 void csv_field(const char *text, std::string &out) {
     out = text ? text : "";
-    std::replace(out.begin(), out.end(), ',', ' ');
+    std::replace_if(
+        out.begin(), out.end(), [](char c) { return c == ',' || IsLineEnd(c); }, ' ');
 }
 
 void url_encode(const char *text, std::string &out) {

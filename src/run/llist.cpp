@@ -149,8 +149,12 @@ void LlistFreeNode(LlistNode *node, LlistFree free_record) {
 }
 
 void LlistDestroy(Llist *list, LlistFree free_record) {
-    while (list->tail) {
-        LlistRemoveNodeInList(list, list->tail, free_record);
+    LlistNode *node = list->tail;
+    *list = Llist{};
+    while (node) {
+        LlistNode *const ahead = node->prev;
+        LlistFreeNode(node, free_record);
+        node = ahead;
     }
 }
 

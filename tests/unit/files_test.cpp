@@ -85,7 +85,8 @@ struct FilesBench {
         const int count = BuildFileList(0, G.get());
         std::string names;
         for (const FileData *file : Records<FileData>(G->file_list)) {
-            names += (names.empty() ? "" : ":") + std::string(file->name);
+            names += names.empty() ? "" : ":";
+            names += file->name;
         }
         CHECK(count == G->file_list.count);
         return names;
