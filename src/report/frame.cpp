@@ -12,7 +12,6 @@
 
 #include "report/forms.h"
 #include "report/names.h"
-#include "run/command_line.h"
 #include "run/globals.h"
 
 static constexpr int kMaxLeftMargin = 43; // blanks that left_margin holds
@@ -371,4 +370,31 @@ void CloseDocument(Globals *G) {
         break;
     }
     G->document_closed = 1;
+}
+
+void ShowCmdLine(FILE *stream, const Globals *G) {
+    const char *text = G->command_line;
+    const Mode mode = OutputMode(G);
+    if (mode == Mode::kCsv) {
+        fputs(text, stream);
+        return;
+    }
+    std::string encoded;
+    if (mode == Mode::kXml) {
+        xml_encode(text, encoded);
+        fprintf(stream, "<command>%s</command>\n", encoded.c_str());
+        return;
+    }
+    // Wrapped first and escaped then, so that a break never falls into an entity.
+    LineText wrapped;
+    constexpr int kWidth = 58;
+    if (strlen(text) > kWidth && G->wrap_long_names) {
+        AdjNameLength(text, wrapped, kWidth, 16, G);
+        text = wrapped;
+    }
+    if (mode == Mode::kHtml) {
+        HTML_esc(text, encoded);
+        text = encoded.c_str();
+    }
+    fprintf(stream, "%s ", text);
 }

@@ -9,6 +9,8 @@ struct Globals;
 void ShowHeader(FILE *stream, Globals *G);
 void CSV_Header(FILE *stream, Globals *G);
 void XML_Header(FILE *stream, Globals *G);
+// Prints the stored command line in the form of the mode.
+void ShowCmdLine(FILE *stream, const Globals *G);
 // One centred title for every analysis that is on.
 void ShowFMCHeader(Globals *G);
 // Writes a text centred on the page, with a line feed; longer texts behind one blank. The text goes out as it stands.

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include "report/mode.h"
-#include "report/names.h"
 #include "run/globals.h"
 #include "run/switches.h"
 #include "tools/help.h"
@@ -182,31 +181,4 @@ int SetUpParams(int argc, char **argv, Globals *G) {
         G->have_files = 1;
     }
     return 1 + switches;
-}
-
-void ShowCmdLine(FILE *stream, const Globals *G) {
-    const char *text = G->command_line;
-    const Mode mode = OutputMode(G);
-    if (mode == Mode::kCsv) {
-        fputs(text, stream);
-        return;
-    }
-    std::string encoded;
-    if (mode == Mode::kXml) {
-        xml_encode(text, encoded);
-        fprintf(stream, "<command>%s</command>\n", encoded.c_str());
-        return;
-    }
-    // Wrapped first and escaped then, so that a break never falls into an entity.
-    LineText wrapped;
-    constexpr int kWidth = 58;
-    if (strlen(text) > kWidth && G->wrap_long_names) {
-        AdjNameLength(text, wrapped, kWidth, 16, G);
-        text = wrapped;
-    }
-    if (mode == Mode::kHtml) {
-        HTML_esc(text, encoded);
-        text = encoded.c_str();
-    }
-    fprintf(stream, "%s ", text);
 }

@@ -1,13 +1,9 @@
 // The command line: switches to flags.
 #pragma once
 
-#include <cstdio>
-
 struct Globals;
 
 // Parses all switches. Returns the index in argv of the first file argument. Help, display and error switches end the process.
 int SetUpParams(int argc, char **argv, Globals *G);
 // -O: makes the file the report stream. A failure ends the process.
 void set_output_file(const char *path, Globals *G);
-// Prints the stored command line in the form of the mode.
-void ShowCmdLine(FILE *stream, const Globals *G);

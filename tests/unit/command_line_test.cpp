@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "config/languages.h"
+#include "report/frame.h"
 #include "report/mode.h"
 #include "run/command_line.h"
 #include "run/globals.h"
