@@ -1,28 +1,70 @@
-// Preprocessor lines. Conditional code isn't evaluated: all branches are scanned as code.
+// Preprocessor lines. Conditional code isn't evaluated: all branches are scanned as code, and so is the text of a macro.
+#include "analysis/char_tests.h"
+#include "analysis/entities.h"
+#include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
-#include "run/text.h"
+#include "report/state_line.h"
+#include "run/globals.h"
 
 namespace {
 
-int IsWord(const char *text, const char *word, const char *closers) {
+LineText mname; // name of the macro whose #define was read last
+
+int IsWord(const char *text, const char *word) {
     const size_t length = strlen(word);
-    return strncmp(text, word, length) == 0 && text[length] != '\0' && strchr(closers, text[length]) != nullptr;
+    const char *behind = text + length;
+    return strncmp(text, word, length) == 0 && (IsBlankOrTab(*behind) || IsLineEnd(*behind) || OpensComment(behind));
+}
+
+// text stands behind the word define.
+void Define(const char *text, Globals *G) {
+    ++G->define_count;
+    G->define_flag = 1;
+    text = Ltrim(text);
+    const size_t length = strcspn(text, " \t(\n\r");
+    CopyPart(mname, text, length);
+    if (text[length] == '(') { // #define MAX(a, b) ...
+        G->macro_flag = 1;
+        if (G->macro_metrics && G->quality_notices) {
+            MacroBegin(mname, G);
+        } else if (G->macro_metrics) {
+            EmitMacro(mname, G);
+        }
+    }
+    ++G->macro_count;
+    AddMacro(mname, G->file_line_no, G);
 }
 
 } // namespace
 
 // A "#" at the start of a line or behind a blank opens a directive; the scan goes on at its word.
-void OnHash(Scan &scan, Globals *) {
-    const char before = scan.line[scan.index - 1];
-    if (scan.index > 0 && !IsBlankOrTab(before)) {
+void OnHash(Scan &scan, Globals *G) {
+    G->preproc_flag = 1;
+    const int hash = scan.index;
+    if (hash > 0 && !IsBlankOrTab(scan.line[hash - 1])) { // a##b
         return;
     }
-    const int hash = scan.index;
+    ++G->preproc_count;
     const char *word = Ltrim(scan.line + hash + 1);
     scan.index = static_cast<int>(word - scan.line) - 1;
     NoteSpan(scan, hash, scan.index, kPassedOver);
-    if (IsWord(word, "region", " \n\t\r/")) { // "#region Don't touch": its text is prose
+    if (IsWord(word, "define")) {
+        Define(word + 6, G);
+    } else if (IsWord(word, "error")) {
+        G->error_flag = 1;
+    } else if (IsWord(word, "include")) {
+        ++G->include_count;
+    } else if (IsWord(word, "region") || strncmp(word, "region/", 7) == 0) { // "#region Don't touch": its text is prose
         scan.white_end = scan.index;
         scan.index = scan.length - 1;
+    } else if (word[0] == 'i' && word[1] == 'f') { // if, ifdef, ifndef
+        G->if_directive = 1;
+    }
+}
+
+void EndMacroRegion(Globals *G) {
+    G->macro_flag = 0;
+    if (G->macro_metrics && G->quality_notices) {
+        MacroEnd(mname, G);
     }
 }

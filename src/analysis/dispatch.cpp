@@ -4,24 +4,43 @@
 // makes the line code.
 #include <array>
 
+#include "analysis/char_tests.h"
+#include "analysis/keywords.h"
 #include "analysis/scan.h"
+#include "notices/raise.h"
 #include "run/globals.h"
 
 namespace {
 
 enum CharClass : unsigned char {
     kPassed,     // blanks, control bytes, bytes with the high bit set: nothing
-    kOperator,   // makes the line code, nothing else
-    kWord,       // a letter, digit or "_": the whole run is one step
+    kTab,        // the same, but it raises a notice
     kSlash,      // may open a comment
     kQuote,      // opens a string
     kApostrophe, // opens a character literal
+    kStar,       // remembered: the statement may declare a pointer
+    // what follows is code proper: what is waited for since an earlier line is looked for ahead of it
+    kOperator, // makes the line code, nothing else
+    kWord,     // a letter, digit or "_": the whole run is one step
+    kTwice,    // & and |: the second of two counts
+    kStep,     // + and -: in front of a name, the second of two is a notice
+    kTilde,    // a virtual destructor
+    kAt,       // a Java annotation
     kHash,
     kOpenParen,
     kCloseParen,
     kOpenBrace,
     kCloseBrace,
+    kOpenBracket,
+    kCloseBracket,
     kSemicolon,
+    kComma,
+    kColon,
+    kAssign,
+    kLess,
+    kGreater,
+    kQuestion,
+    kDot,
 };
 
 constexpr bool IsWordChar(int c) {
@@ -44,14 +63,45 @@ constexpr ClassTable kLiteralClasses = [] {
 
 constexpr ClassTable kCodeClasses = [] {
     ClassTable classes = kLiteralClasses;
+    classes['*'] = kStar;
+    classes['&'] = kTwice;
+    classes['|'] = kTwice;
+    classes['+'] = kStep;
+    classes['-'] = kStep;
+    classes['~'] = kTilde;
+    classes['@'] = kAt;
     classes['#'] = kHash;
     classes['('] = kOpenParen;
     classes[')'] = kCloseParen;
     classes['{'] = kOpenBrace;
     classes['}'] = kCloseBrace;
+    classes['['] = kOpenBracket;
+    classes[']'] = kCloseBracket;
     classes[';'] = kSemicolon;
+    classes[','] = kComma;
+    classes[':'] = kColon;
+    classes['='] = kAssign;
+    classes['<'] = kLess;
+    classes['>'] = kGreater;
+    classes['?'] = kQuestion;
+    classes['.'] = kDot;
     return classes;
 }();
+
+// Where notices print, every tab raises its own in its place; otherwise they are counted behind the line.
+constexpr ClassTable WithTabs(ClassTable classes) {
+    classes['\t'] = kTab;
+    return classes;
+}
+constexpr ClassTable kLiteralTabClasses = WithTabs(kLiteralClasses);
+constexpr ClassTable kCodeTabClasses = WithTabs(kCodeClasses);
+
+const ClassTable &ClassesFor(const Scan &scan, const Globals *G) {
+    if (scan.notices_print) {
+        return G->is_other ? kLiteralTabClasses : kCodeTabClasses;
+    }
+    return G->is_other ? kLiteralClasses : kCodeClasses;
+}
 
 int EndOfWord(const char *line, int index) {
     do {
@@ -77,63 +127,104 @@ int OnSlash(Scan &scan, Globals *G) {
     return 0;
 }
 
+// Where the handler gave up, so does the line.
 void Call(void (*handler)(Scan &, Globals *), Scan &scan, int &index, Globals *G) {
-    scan.index = index;
     handler(scan, G);
-    index = scan.index;
+    index = scan.aborted ? scan.length : scan.index;
+}
+
+// Something is waited for since an earlier line: the value of an assignment, or the body of an if.
+int IsWaiting(const Scan &scan, const Globals *G) {
+    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number;
+}
+
+void CountTwice(const Scan &scan, char c, Globals *G) {
+    if (scan.line[scan.index - 1] == c && G->function_scope > 0 && G->funcname_flag) {
+        ++(c == '&' ? G->local_and : G->local_or);
+    }
+}
+
+void NoteStep(const Scan &scan, char c, Globals *G) {
+    if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) { // --x
+        NoticePreStep(c == '-' ? 6 : 7, G);
+    }
 }
 
 } // namespace
 
 // The position and the table are locals, so that the run through plain characters stays in registers.
 void ScanCode(Scan &scan, Globals *G) {
-    const ClassTable &classes = G->is_other ? kLiteralClasses : kCodeClasses;
+    const ClassTable &classes = ClassesFor(scan, G);
     const char *line = scan.line;
-    const int length = scan.length;
+    int end = scan.length; // 0 once a comment or a literal opens
     int is_loc = scan.is_loc;
     int i = scan.index;
-    int leave = 0;
-    for (; i < length && !leave; ++i) {
-        switch (classes[static_cast<unsigned char>(line[i])]) {
+    int waiting = IsWaiting(scan, G) && !G->is_other;
+    for (; i < end; ++i) {
+        const char c = line[i];
+        const CharClass found = classes[static_cast<unsigned char>(c)];
+        if (found == kPassed) {
+            continue;
+        }
+        scan.index = i;
+        if (waiting && found > kStar) {
+            waiting = IsWaiting(scan, G);
+            if (waiting) {
+                CheckPending(scan, G);
+            }
+        }
+        switch (found) {
         case kPassed: continue;
+        case kTab: NoticeAtLine(30, G); continue;
         case kOperator: break;
         case kWord: {
-            const int end = EndOfWord(line, i);
+            const int behind = EndOfWord(line, i);
             if (!G->is_other) {
-                OnWord(scan, i, end, G);
+                OnWord(scan, behind, G);
             }
-            i = end - 1;
+            i = scan.aborted ? end : behind - 1;
             break;
         }
         case kSlash:
-            scan.index = i;
             if (OnSlash(scan, G)) {
-                leave = 1;
+                end = 0;
                 --i; // the "/" belongs to the comment
             }
             continue;
+        case kStar: G->star_flag |= !scan.c_comment_line; break;
         case kQuote:
-            scan.index = i;
             if (!IsEscaped(scan)) {
                 ++G->quote_count;
                 G->string_flag = 1;
-                leave = 1;
+                end = 0;
                 NoteSpan(scan, i, i + 1, kStringSpan);
             } else if (EndsBackslashLiteral(scan)) {
                 ++G->string_count;
             }
             break;
         case kApostrophe:
-            scan.index = i;
             G->char_flag = !IsEscaped(scan);
-            leave = G->char_flag;
+            end = G->char_flag ? 0 : end;
             break;
+        case kTwice: CountTwice(scan, c, G); break;
+        case kStep: NoteStep(scan, c, G); break;
+        case kTilde: G->virtual_dtor |= G->virtual_flag; break;
+        case kAt: G->at_flag |= G->is_java; break;
         case kHash: Call(OnHash, scan, i, G); break;
         case kOpenParen: Call(OnOpenParen, scan, i, G); break;
         case kCloseParen: Call(OnCloseParen, scan, i, G); break;
         case kOpenBrace: Call(OnOpenBrace, scan, i, G); break;
         case kCloseBrace: Call(OnCloseBrace, scan, i, G); break;
+        case kOpenBracket: Call(OnOpenBracket, scan, i, G); break;
+        case kCloseBracket: Call(OnCloseBracket, scan, i, G); break;
         case kSemicolon: Call(OnSemicolon, scan, i, G); break;
+        case kComma: Call(OnComma, scan, i, G); break;
+        case kColon: Call(OnColon, scan, i, G); break;
+        case kAssign: Call(OnAssign, scan, i, G); break;
+        case kLess: Call(OnLess, scan, i, G); break;
+        case kGreater: Call(OnGreater, scan, i, G); break;
+        case kQuestion: Call(OnQuestion, scan, i, G); break;
+        case kDot: Call(OnDot, scan, i, G); break;
         }
         is_loc = 1;
     }

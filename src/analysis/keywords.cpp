@@ -1,94 +1,288 @@
-// Keywords: one row per word.
+// Keywords: one row per word and way of closing it.
 //
 // There is no tokeniser. A word is a keyword by what stands in front of its first letter and behind its last: "x = (malloc(4));"
-// holds no allocation, as nothing is seen behind "(".
-#include <array>
+// holds no allocation, as nothing is seen behind "(". Most words only count, and what they count stands in their row; what the
+// others do is in keyword_actions.cpp.
+#include "analysis/keywords.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "analysis/char_tests.h"
+#include "analysis/keyword_actions.h"
+#include "analysis/namespaces.h"
 #include "analysis/scan.h"
+#include "notices/raise.h"
 #include "run/globals.h"
 
 namespace {
 
-// What may stand in front of a keyword, by its first letter, if it isn't the first character of the line.
-constexpr const char *AllowedAhead(char first) {
-    switch (first) {
-    case 'a':
-    case 'c':
-    case 'd':
-    case 'f':
-    case 'm':
-    case 'n': return first == 'm' ? " \t;)=" : " \t;)={}";
-    default: return "";
-    }
+// What may stand in front of a keyword, by its first letter, if that isn't the first character of the line.
+struct Ahead {
+    const char *letters, *allowed;
+};
+constexpr Ahead kAhead[] = {
+    {"acdfginprstu", " \t;)={}"}, {"b", " \t;{}"},  {"e", " \t;)=}"}, {"m", " \t;)="}, {"o", " \t:;)=("},
+    {"v", " \t;:()={}"},          {"w", " \t;){}"}, {"_", " \t;"},
+};
+
+// What closes a word.
+enum Closing : unsigned char {
+    kSet,    // at once a character of the row's closers; "#" among them stands for a comment that opens
+    kTermin, // KeywordTermin with the row's closer: if (a), if at the line's end
+    kNoTest, // anything
+    kName,   // the word begins a longer one too, but for one that goes on with "_": static, not static_cast
+    kOpName, // a blank, a line end or what follows operator directly: operator+, and "operatornew"
+};
+
+// The languages in which a row acts. A C file complains about a word of C++ (kAnsi), and does nothing else unless kC is there too.
+enum LanguageBit : unsigned char { kC = 1, kCpp = 2, kJava = 4, kCs = 8, kUnknown = 16, kNotC = 30, kAll = 31, kAnsi = 32 };
+
+using Action = void (*)(Scan &, int, Globals *);
+
+template <auto Flag> void Set(Scan &, int, Globals *G) {
+    G->*Flag = 1;
 }
 
-// How a word is closed.
-enum Closing : unsigned char {
-    kParen, // blanks may follow, then "(", a line end or a comment
-    kSet,   // at once one of the row's characters or a comment
-};
+template <auto Flag> void Clear(Scan &, int, Globals *G) {
+    G->*Flag = 0;
+}
+
+template <int n> void Notice(Scan &, int, Globals *G) {
+    NoticeAtLine(n, G);
+}
+
+template <int is_public, int is_protected, int is_private> void Access(Scan &, int, Globals *G) {
+    G->access_public = is_public;
+    G->access_protected = is_protected;
+    G->access_private = is_private;
+}
 
 struct Keyword {
-    const char *word;
+    std::string_view word;
     Closing closing;
-    const char *closers; // of kSet
-    int not_in_c;        // in a C file it is a name like any other
-    int FileCounters::*counter;
+    const char *closers;
+    unsigned char languages;
+    int FileCounters::*file_counter;
+    int FunctionCounters::*function_counter;
+    Action action;
 };
 
+using File = FileCounters;
+using Fn = FunctionCounters;
+using Head = FunctionState;
+using Scope = ScopeState;
+
+// Rows of one first letter stand together. The first row whose closing and languages fit is the word's.
 // clang-format off
 constexpr Keyword kKeywords[] = {
-    // word      closing  closers          not in C  counter
-    {"alloc",    kParen,  "",              0,        &FileCounters::alloc_count},
-    {"calloc",   kParen,  "",              0,        &FileCounters::alloc_count},
-    {"delete",   kSet,    " ([\n\t\r",     1,        &FileCounters::delete_count},
-    {"for",      kParen,  "",              0,        &FileCounters::for_count},
-    {"foreach",  kParen,  "",              0,        &FileCounters::for_count},
-    {"free",     kParen,  "",              0,        &FileCounters::free_count},
-    {"malloc",   kParen,  "",              0,        &FileCounters::alloc_count},
-    {"new",      kSet,    " (\n\t\r",      1,        &FileCounters::new_count},
+    // word              closing  closers         languages       file counter           function counter    action
+    {"_exit",            kTermin, "(",            kAll,           &File::_exit_count,    &Fn::local_return,  nullptr},
+    {"abort",            kTermin, "(",            kAll,           &File::abort_count,    &Fn::local_return,  nullptr},
+    {"alloc",            kTermin, "(",            kAll,           &File::alloc_count,    nullptr,            nullptr},
+    {"and",              kSet,    " (\n\t\r#",    kAll,           nullptr,               &Fn::local_and,     nullptr},
+    {"asm",              kSet,    " \n\t{\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"bool",             kSet,    " \n\t\r#",     kAnsi,          nullptr,               nullptr,            nullptr},
+    {"break",            kSet,    " \t;#",        kAll,           &File::break_count,    &Fn::local_break,   OnBreak},
+    {"break",            kTermin, ";",            kAll,           &File::break_count,    &Fn::local_break,   Notice<44>},
+    {"calloc",           kTermin, "(",            kAll,           &File::alloc_count,    nullptr,            nullptr},
+    {"case",             kSet,    " \n:\t\r(#",   kAll,           &File::case_count,     &Fn::local_case,    Clear<&Scope::break_flag>},
+    {"catch",            kSet,    " (\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Set<&Scope::catch_flag>},
+    {"class",            kSet,    " \n\t\r#",     kAnsi|kNotC,    nullptr,               nullptr,            OnClass},
+    {"const",            kSet,    " \n\t(\r#",    kAll,           &File::const_count,    nullptr,            Set<&Scope::const_flag>},
+    {"const_cast",       kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"continue",         kSet,    " ;\t#",        kAll,           nullptr,               nullptr,            Notice<43>},
+    {"default",          kSet,    " :\t#",        kAll,           &File::default_count,  &Fn::local_default, Clear<&Scope::break_flag>},
+    {"default",          kTermin, ":",            kAll,           &File::default_count,  &Fn::local_default, nullptr},
+    {"delegate",         kSet,    " ([\n\t\r/",   kCs,            nullptr,               nullptr,            Set<&Scope::delegate_flag>},
+    {"delete",           kSet,    " ([\n\t\r#",   kAnsi|kNotC,    &File::delete_count,   nullptr,            nullptr},
+    {"do",               kSet,    " \n\t\r#",     kAll,           &File::do_count,       nullptr,            OnDo},
+    {"dynamic_cast",     kSet,    " \n\t<\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"else",             kSet,    " \n\t\r{#",    kAll,           nullptr,               nullptr,            OnElse},
+    {"enum",             kSet,    " \t\n{\r#",    kAll,           nullptr,               nullptr,            OnEnum},
+    {"event",            kSet,    " \n\t\r#",     kCs,            nullptr,               nullptr,            Set<&Scope::event_flag>},
+    {"exit",             kTermin, "(",            kAll,           &File::exit_count,     &Fn::local_return,  nullptr},
+    {"extends",          kSet,    " (\n#",        kJava,          nullptr,               nullptr,            OnExtends},
+    {"false",            kSet,    " (\n\t;)\r#",  kAnsi,          nullptr,               nullptr,            nullptr},
+    {"final",            kSet,    " \n\t\r#",     kJava,          nullptr,               nullptr,            Set<&Scope::const_flag>},
+    {"for",              kTermin, "(",            kAll,           &File::for_count,      &Fn::local_for,     OnFor},
+    {"foreach",          kTermin, "(",            kAll,           &File::for_count,      &Fn::local_for,     OnForeach},
+    {"free",             kTermin, "(",            kAll,           &File::free_count,     nullptr,            nullptr},
+    {"friend",           kSet,    " \t\n\r#",     kAnsi|kNotC,    &File::friend_count,   nullptr,            Set<&Scope::friend_flag>},
+    {"get",              kNoTest, "",             kAll,           nullptr,               nullptr,            OnGet},
+    {"goto",             kSet,    " \n\t\r#",     kAll,           &File::goto_count,     &Fn::local_goto,    OnGoto},
+    {"if",               kTermin, "(",            kAll,           &File::if_count,       nullptr,            OnIf},
+    {"import",           kSet,    " \n\t\r#",     kJava,          &File::import_count,   nullptr,            nullptr},
+    {"inline",           kSet,    " ([\n\t;)\r#", kAll,           &File::inline_count,   nullptr,            Set<&Head::inline_flag>},
+    {"interface",        kSet,    " \n\t\r#",     kJava|kCs,      nullptr,               nullptr,            OnInterface},
+    {"malloc",           kTermin, "(",            kAll,           &File::alloc_count,    nullptr,            nullptr},
+    {"mutable",          kSet,    " \n\t\r#",     kAnsi,          nullptr,               nullptr,            nullptr},
+    {"namespace",        kSet,    " \n\t\r#",     kAnsi|kCpp|kCs, nullptr,               nullptr,            OnNamespace},
+    {"new",              kSet,    " (\n\t\r#",    kAnsi|kC,       nullptr,               nullptr,            Set<&Scope::new_flag>},
+    {"new",              kSet,    " (\n\t\r#",    kNotC,          &File::new_count,      nullptr,            Set<&Scope::new_flag>},
+    {"operator",         kOpName, "",             kAnsi,          nullptr,               nullptr,            nullptr},
+    {"or",               kSet,    " (\n\t\r#",    kAll,           nullptr,               &Fn::local_or,      nullptr},
+    {"overload",         kSet,    " (\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"package",          kSet,    " \t\r\n#",     kJava,          nullptr,               nullptr,            OnPackage},
+    {"private",          kSet,    " :\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Access<0, 0, 1>},
+    {"protected",        kSet,    " :\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Access<0, 1, 0>},
+    {"public",           kSet,    " :\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Access<1, 0, 0>},
+    {"realloc",          kSet,    "( \t#",        kAll,           nullptr,               nullptr,            Notice<8>},
+    {"reinterpret_cast", kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"return",           kSet,    " \t;#",        kAll,           nullptr,               nullptr,            OnReturn},
+    {"return",           kTermin, "(",            kAll,           &File::return_count,   &Fn::local_return,  nullptr},
+    {"set",              kNoTest, "",             kCs,            nullptr,               nullptr,            OnSet},
+    {"static",           kName,   "",             kAll,           nullptr,               nullptr,            OnStatic},
+    {"static_cast",      kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"struct",           kSet,    "{ \n\t\r#",    kAll,           nullptr,               nullptr,            OnStruct},
+    {"switch",           kSet,    " \t\n\r#",     kAll,           &File::switch_count,   &Fn::local_switch,  OnSwitch},
+    {"switch",           kTermin, "(",            kAll,           &File::switch_count,   &Fn::local_switch,  OnSwitch},
+    {"template",         kSet,    " \n\r<#",      kAnsi,          nullptr,               nullptr,            nullptr},
+    {"template",         kTermin, "<",            kNotC,          &File::template_count, nullptr,            OnTemplate},
+    {"this",             kSet,    " \r;\n\t)#",   kAnsi,          nullptr,               nullptr,            nullptr},
+    {"throw",            kSet,    " \n\t#",       kAnsi|kC,       nullptr,               &Fn::local_return,  nullptr},
+    {"true",             kSet,    " ;\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
+    {"try",              kSet,    " {\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Notice<38>},
+    {"typedef",          kSet,    " \n\t\r#",     kAll,           &File::typedef_count,  nullptr,            Set<&Scope::typedef_flag>},
+    {"typeid",           kSet,    " (\n\t#",      kAnsi,          nullptr,               nullptr,            nullptr},
+    {"union",            kTermin, "{",            kAll,           &File::union_count,    nullptr,            nullptr},
+    {"using",            kSet,    " \n\t#",       kAnsi|kCpp|kCs, &File::using_count,    nullptr,            Set<&Scope::using_flag>},
+    {"virtual",          kSet,    " (\n\t#",      kAnsi|kNotC,    nullptr,               nullptr,            OnVirtual},
+    {"void",             kSet,    " (\n\t;)#",    kAll,           nullptr,               nullptr,            OnVoid},
+    {"wchar_t",          kSet,    " (\n\t#",      kAnsi,          nullptr,               nullptr,            nullptr},
+    {"where",            kSet,    " \t\r\n",      kCs,            nullptr,               nullptr,            Set<&Scope::where_flag>},
+    {"while",            kTermin, "(",            kAll,           &File::while_count,    &Fn::local_while,   OnWhile},
 };
 // clang-format on
 
 constexpr int kKeywordCount = sizeof kKeywords / sizeof *kKeywords;
+static_assert(kKeywordCount < 256);
 
-// The first row of every first letter, so that most words cost one look-up.
-constexpr std::array<signed char, 128> kFirstRow = [] {
-    std::array<signed char, 128> rows{};
-    rows.fill(kKeywordCount);
-    for (int row = kKeywordCount - 1; row >= 0; --row) {
-        rows[kKeywords[row].word[0]] = static_cast<signed char>(row);
-    }
-    return rows;
-}();
+constexpr int kLongLength = 31; // lengths from here on share a bit
 
-int OpensComment(const char *p) {
-    return *p == '/' && (p[1] == '/' || p[1] == '*');
+constexpr bool IsPrefix(const Keyword &keyword) {
+    return keyword.closing == kName || keyword.closing == kOpName;
 }
 
-int IsClosed(const Keyword &keyword, const char *behind) {
-    if (keyword.closing == kSet) {
-        return (*behind != '\0' && strchr(keyword.closers, *behind)) || OpensComment(behind);
+// The rows of a first letter, and the lengths that a word of theirs can have: most names of a program fail here.
+struct Group {
+    uint32_t lengths;
+    unsigned char begin, end;
+};
+
+void RowsOfAFirstLetterStandTogether() {} // not constexpr: reached only by a wrong table, which then doesn't compile
+
+constexpr std::array<Group, 128> kGroups = [] {
+    std::array<Group, 128> groups{};
+    for (int row = 0; row < kKeywordCount; ++row) {
+        const Keyword &keyword = kKeywords[row];
+        Group &group = groups[keyword.word[0]];
+        if (group.end == 0) {
+            group.begin = static_cast<unsigned char>(row);
+        } else if (group.end != row) {
+            RowsOfAFirstLetterStandTogether();
+        }
+        group.end = static_cast<unsigned char>(row + 1);
+        const uint32_t own = 1U << keyword.word.size();
+        group.lengths |= IsPrefix(keyword) ? ~(own - 1) : own;
     }
-    behind = Ltrim(behind);
-    return *behind == '(' || IsLineEnd(*behind) || OpensComment(behind);
+    return groups;
+}();
+
+// Bit of a first letter: the small letters have 1 to 26, "_" has 31.
+constexpr int LetterBit(char letter) {
+    return letter & 31;
+}
+
+// For every character the first letters that it may stand in front of; NUL stands in front of the line.
+constexpr std::array<uint32_t, 256> kMayFollow = [] {
+    std::array<uint32_t, 256> letters{};
+    letters[0] = ~0U;
+    for (const Ahead &ahead : kAhead) {
+        for (const char *letter = ahead.letters; *letter; ++letter) {
+            for (const char *c = ahead.allowed; *c; ++c) {
+                letters[static_cast<unsigned char>(*c)] |= 1U << LetterBit(*letter);
+            }
+        }
+    }
+    return letters;
+}();
+
+unsigned LanguageOf(const Globals *G) {
+    return G->is_c ? kC : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
+}
+
+int IsInSet(const char *closers, const char *p) {
+    const char c = *p == '/' && OpensComment(p) && strchr(closers, '#') ? '#' : *p;
+    return c != '\0' && (c != '#' || *p == '/') && strchr(closers, c) != nullptr;
+}
+
+// Whether the word is closed at index; then counts it.
+int IsClosed(const Keyword &keyword, const char *line, int index, int *counter) {
+    const char *p = line + index;
+    int closed = 1;
+    switch (keyword.closing) {
+    case kTermin: return KeywordTermin(line, index, counter, keyword.closers[0], '\n');
+    case kSet: closed = IsInSet(keyword.closers, p); break;
+    case kName: closed = *p != '_'; break;
+    case kOpName: closed = IsBlankOrTab(*p) || IsLineEnd(*p) || is_operator(*p); break;
+    case kNoTest: break;
+    }
+    *counter += closed;
+    return closed;
+}
+
+// 1 if the row was the word's.
+int TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
+    const unsigned language = LanguageOf(G);
+    const int complains = (keyword.languages & kAnsi) && language == kC;
+    const int acts = (keyword.languages & language) != 0;
+    const int end = scan.index + static_cast<int>(keyword.word.size());
+    int uncounted = 0;
+    int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
+    if (!(complains | acts) || !IsClosed(keyword, scan.line, end, counter)) {
+        return 0;
+    }
+    if (complains) {
+        CPP_Symbol(scan.number, keyword.word.data(), G);
+    }
+    if (acts && keyword.function_counter) {
+        ++(G->*keyword.function_counter);
+    }
+    if (acts && keyword.action) {
+        keyword.action(scan, end, G);
+    }
+    return 1;
 }
 
 } // namespace
 
-void OnWord(const Scan &scan, int begin, int end, Globals *G) {
-    const char *word = scan.line + begin;
-    int row = kFirstRow[static_cast<unsigned char>(*word)];
-    if (row == kKeywordCount || (begin > 0 && !strchr(AllowedAhead(*word), word[-1]))) {
+int KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
+    const char *p = Ltrim(line + index);
+    if (*p == '\0' || (*p != term1 && *p != term2 && !IsLineEnd(*p) && !OpensComment(p))) {
+        return 0;
+    }
+    ++*counter;
+    return 1;
+}
+
+void OnWord(Scan &scan, int end, Globals *G) {
+    const char *word = scan.line + scan.index;
+    const int length = end - scan.index;
+    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
+    if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
         return;
     }
-    const size_t length = end - begin;
-    for (; row < kKeywordCount && kKeywords[row].word[0] == *word; ++row) {
+    if (!(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+        return;
+    }
+    for (int row = group.begin; row < group.end; ++row) {
         const Keyword &keyword = kKeywords[row];
-        if (strncmp(keyword.word, word, length) == 0 && keyword.word[length] == '\0') {
-            if (!(keyword.not_in_c && G->is_c) && IsClosed(keyword, scan.line + end)) {
-                ++(G->*keyword.counter);
-            }
+        const int size = static_cast<int>(keyword.word.size());
+        const int fits = size == length || (size < length && IsPrefix(keyword));
+        if (fits && memcmp(keyword.word.data(), word, size) == 0 && TakeKeyword(keyword, scan, G)) {
             return;
         }
     }

@@ -9,7 +9,7 @@ struct FileCounters {
     int notice_count;       // quality notices
     int file_line_no;       // physical lines read; skipped lines count
     int file_chars;         // characters of all scanned lines, line ends left out
-    int file_white;         // blanks, and tab_width for every tab
+    int file_white;         // blanks, and tab_width for every tab, of all lines ahead of the one in hand
     int file_loc;           // lines of code
     int file_blank;         // blank lines
     int file_comments;      // lines that hold comment text
@@ -21,9 +21,25 @@ struct FileCounters {
     int closebrace_count;   // "}" in code
     int open_paren;         // "(" in code
     int close_paren;        // ")" in code
+    int open_bracket;       // "[" in code
+    int close_bracket;      // "]" in code
     int string_count;       // string literals closed
     int continuation_count; // lines that end in a backslash
+    // keywords, each by its own name
     int alloc_count, free_count, new_count, delete_count;
+    int do_count, while_count, switch_count, default_count, case_count, break_count, if_count, else_count;
+    int goto_count, return_count, exit_count, _exit_count, abort_count;
+    int union_count, template_count, friend_count, typedef_count, const_count, enum_count, using_count;
+    int inline_count, virtual_count;
+    int preproc_count, define_count, include_count, import_count;
+    int macro_count;                    // #define names; in the first file those of the macro file too
+    int struct_count;                   // structs that open
+    int class_count;                    // class and struct records made
+    int interface_count;                // interface records made
+    int template_class_count;           // classes behind a template heading
+    int template_func_count;            // functions behind one
+    int namespace_count, package_count; // records made
+    int function_count;                 // functions closed and listed
 };
 
 // The state of comments, strings and continued lines.
@@ -36,14 +52,21 @@ struct LineState {
     int quote_count;        // quotes since the last line that didn't follow a continuation
     int comment_star_index; // index of the character behind the "/" that opened the comment; -1 when none is open
     int comment_start_line;
+    int comment_pending;     // comment lines since the last blank line or the last entity that took them
+    int fall_through;        // comment lines that speak of falling through, since the last function end
+    int key_string_found;    // the key string of the settings was seen
     int skip_lines_active;   // inside a code skip region
     int skip_quality_active; // inside a quality skip region
 };
 
+struct Scan;
+
 // The line in hand, and its split by kind in debug mode.
 struct LineBuffers {
+    const Scan *scan;              // the line in hand; null between lines
     alignas(16) char line_pad[16]; // NULs: what stands in front of the first character
     char line_buffer[2048 + 16];   // the current line, NUL terminated; the bytes behind it are zero up to the next 16
+    LineText prev_code_line;       // the last line of code
     LineText line_code;            // characters outside comments and strings
     LineText line_string;          // characters of string literals, quotes included
     LineText line_comment;         // characters of comments

@@ -9,8 +9,13 @@
 #include <bit>
 #include <climits>
 #include <cstdint>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
+#include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
+#include "notices/raise.h"
 #include "report/mode.h"
 #include "run/globals.h"
 
@@ -40,21 +45,32 @@ int SingleChar(const char *line, char ch) {
     return 1;
 }
 
+int IsJust(const Scan &scan, char ch) {
+    return scan.line[scan.first_nonblank] == ch && SingleChar(scan.line, ch);
+}
+
 namespace {
 
 using Bytes = unsigned char __attribute__((vector_size(16)));
 
 int SumOfBytes(Bytes bytes) {
-    int sum = 0;
-    for (const uint64_t half : std::bit_cast<std::array<uint64_t, 2>>(bytes)) {
-        const uint64_t pairs = (half & 0x00ff00ff00ff00ffu) + ((half >> 8) & 0x00ff00ff00ff00ffu);
-        sum += static_cast<int>((pairs * 0x0001000100010001u) >> 48);
-    }
-    return sum;
+#ifdef __SSE2__ // one instruction for all 16
+    const auto sums = std::bit_cast<std::array<uint64_t, 2>>(_mm_sad_epu8(std::bit_cast<__m128i>(bytes), _mm_setzero_si128()));
+    return static_cast<int>(sums[0] + sums[1]);
+#else
+    const auto halves = std::bit_cast<std::array<uint64_t, 2>>(bytes);
+    constexpr uint64_t kEven = 0x00ff00ff00ff00ffu;
+    const uint64_t pairs = (halves[0] & kEven) + ((halves[0] >> 8) & kEven) + (halves[1] & kEven) + ((halves[1] >> 8) & kEven);
+    return static_cast<int>((pairs * 0x0001000100010001u) >> 48);
+#endif
 }
 
+struct White {
+    int blanks, tabs;
+};
+
 // Blanks and tabs of a line, 16 bytes at a time: the bytes behind the line's end are zero up to the next 16.
-int CountWhite(const char *line, int length, int tab_width) {
+White CountWhite(const char *line, int length) {
     Bytes blanks{};
     Bytes tabs{};
     for (int i = 0; i < length; i += 16) {
@@ -63,16 +79,34 @@ int CountWhite(const char *line, int length, int tab_width) {
         blanks -= (Bytes)(chunk == ' ');
         tabs -= (Bytes)(chunk == '\t');
     }
-    return SumOfBytes(blanks) + tab_width * SumOfBytes(tabs);
+    return {SumOfBytes(blanks), SumOfBytes(tabs)};
 }
 
-// Blanks and tabs ahead of a "#region": the rest of its line doesn't count.
-int CountWhiteAhead(const char *line, int end, int tab_width) {
-    int white = 0;
+// Blanks and tabs ahead of a character.
+White CountWhiteAhead(const char *line, int end) {
+    White white{};
     for (int i = 0; i < end; ++i) {
-        white += line[i] == ' ' ? 1 : line[i] == '\t' ? tab_width : 0;
+        white.blanks += line[i] == ' ';
+        white.tabs += line[i] == '\t';
     }
     return white;
+}
+
+// Tabs raise a notice in every state but strings; inside a comment or a character literal behind its end.
+void RaiseTabs(const Scan &scan, int begin, Globals *G) {
+    for (int i = begin; i < scan.index; ++i) {
+        if (scan.line[i] == '\t') {
+            NoticeAtLine(30, G);
+        }
+    }
+}
+
+int CountTabs(const char *text, int length) {
+    int tabs = 0;
+    for (int i = 0; i < length; ++i) {
+        tabs += text[i] == '\t';
+    }
+    return tabs;
 }
 
 // Moves index to the next ch, or to the end of the line when there is none. 1 if there is one.
@@ -127,28 +161,41 @@ void CountLiteral(Scan &scan, int begin) {
     }
 }
 
+void WalkLiteral(Scan &scan, int begin, Globals *G) {
+    if (G->string_flag) {
+        ScanString(scan, G);
+        NoteSpan(scan, begin, scan.index, kStringSpan);
+        scan.string_tabs += CountTabs(scan.line + begin, scan.index - begin);
+    } else {
+        ScanCharLiteral(scan, G);
+    }
+    CountLiteral(scan, begin);
+    if (!scan.c_comment_line && memchr(scan.line + begin, '*', scan.index - begin)) {
+        G->star_flag = 1;
+    }
+}
+
 void WalkLine(Scan &scan, Globals *G) {
-    while (scan.index < scan.length) {
+    while (scan.index < scan.length && !scan.aborted) {
         const int begin = scan.index;
+        const int in_string = G->string_flag && !G->c_comment && !G->cpp_comment;
+        if (!(G->c_comment | G->cpp_comment | G->string_flag | G->char_flag)) {
+            ScanCode(scan, G);
+            continue;
+        }
         if (G->c_comment) {
             ScanBlockComment(scan, G);
             NoteSpan(scan, begin, scan.index, kCommentSpan);
-            scan.index += scan.index < scan.length; // the "*"; its "/" is looked at as code
         } else if (G->cpp_comment) {
             scan.index = scan.length;
             NoteSpan(scan, begin, scan.index, kCommentSpan);
-        } else if (G->string_flag) {
-            ScanString(scan, G);
-            CountLiteral(scan, begin);
-            NoteSpan(scan, begin, scan.index, kStringSpan);
-            scan.index += scan.index < scan.length; // the closing quote
-        } else if (G->char_flag) {
-            ScanCharLiteral(scan, G);
-            CountLiteral(scan, begin);
-            scan.index += scan.index < scan.length;
         } else {
-            ScanCode(scan, G);
+            WalkLiteral(scan, begin, G);
         }
+        if (scan.notices_print && !in_string) {
+            RaiseTabs(scan, begin, G);
+        }
+        scan.index += scan.index < scan.length; // the closing character; the "/" of a "*/" is looked at as code
     }
 }
 
@@ -163,6 +210,12 @@ void EndContinuation(const Scan &scan, Globals *G) {
         G->continuation = 1;
         return;
     }
+    if (G->macro_flag) {
+        EndMacroRegion(G);
+    }
+    G->preproc_flag = 0;
+    G->error_flag = 0;
+    G->define_flag = 0;
     G->cpp_comment = 0;
     G->continuation = 0;
     if (G->quote_count % 2 == 0) {
@@ -190,6 +243,61 @@ int LengthWithoutLineEnd(const char *line, int bytes) {
     return length;
 }
 
+// A comment that says that a case falls through on purpose: "fall through", "drop thru", ...
+int SpeaksOfFallingThrough(const char *line) {
+    for (const char *p = line; (p = strstr(p, " thr")) != nullptr; p += 4) {
+        const int verb = p - line >= 4 && (strncmp(p - 4, "fall", 4) == 0 || strncmp(p - 4, "drop", 4) == 0);
+        if (verb && (p[4] == 'u' || strncmp(p + 4, "ough", 4) == 0)) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+void CountLine(const Scan &scan, int line_has_c_comment, Globals *G) {
+    if (scan.blank) {
+        ++G->file_blank;
+        G->comment_pending = 0;
+    }
+    G->file_loc += scan.is_loc;
+    if (line_has_c_comment || G->cpp_comment) {
+        if (G->function_metrics | G->list_functions) { // only functions ask
+            G->fall_through += SpeaksOfFallingThrough(scan.line);
+        }
+        ++G->comment_pending;
+        ++G->file_comments;
+    }
+}
+
+void CountWhiteSpace(const Scan &scan, Globals *G) {
+    const White white =
+        scan.white_end == scan.length ? CountWhite(scan.line, scan.length) : CountWhiteAhead(scan.line, scan.white_end);
+    AddClamped(G->file_white, white.blanks + G->tab_width * white.tabs);
+    if (white.tabs > scan.string_tabs && !scan.notices_print) {
+        CountTabNotices(white.tabs - scan.string_tabs, G);
+    }
+}
+
+// What the head of a line looks at, ahead of its characters.
+void BeginLine(const Scan &scan, Globals *G) {
+    if (!G->continuation) {
+        G->quote_count = 0;
+    }
+    if (G->key_string_set && !G->key_string_found) {
+        G->key_string_found = strstr(scan.line, G->key_string) != nullptr;
+    }
+    if (G->function_scope < 0) {
+        G->function_scope = 0;
+    }
+    AddClamped(G->file_chars, scan.length);
+    if (scan.length > G->max_line_length) {
+        EmitLineLengthNotice(scan.length, G);
+    }
+    if (G->classname_pending | G->param_capture | G->template_beg_flag | G->inherit_more | G->static_pending) {
+        CaptureTexts(scan, G);
+    }
+}
+
 } // namespace
 
 int IsEscaped(const Scan &scan) {
@@ -210,6 +318,11 @@ void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
     }
 }
 
+int WhiteSoFar(const Globals *G) {
+    const White white = G->scan ? CountWhiteAhead(G->scan->line, G->scan->index) : White{};
+    return G->file_white + white.blanks + G->tab_width * white.tabs;
+}
+
 void ParseLine(int line_bytes, int line_number, Globals *G) {
     char kinds[sizeof(LineText)];
     Scan scan{};
@@ -222,36 +335,34 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
         memset(kinds, kCodeSpan, sizeof kinds);
         scan.kinds = kinds;
     }
-
-    if (!G->continuation) {
-        G->quote_count = 0;
-    }
-    AddClamped(G->file_chars, scan.length);
+    G->scan = &scan;
+    BeginLine(scan, G);
 
     // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to the line's split
-    int first = 0;
-    while (first < scan.length && scan.line[first] < 33) {
-        ++first;
+    while (scan.first_nonblank < scan.length && scan.line[scan.first_nonblank] < 33) {
+        ++scan.first_nonblank;
     }
-    scan.blank = first == scan.length;
-    scan.index = scan.kinds ? 0 : first;
+    scan.blank = scan.first_nonblank == scan.length;
+    scan.notices_print = NoticesArePrinted(G);
+    scan.index = scan.kinds || scan.notices_print ? 0 : scan.first_nonblank;
     WalkLine(scan, G);
-
-    if (scan.white_end == scan.length) {
-        AddClamped(G->file_white, CountWhite(scan.line, scan.length, G->tab_width));
-    } else {
-        AddClamped(G->file_white, CountWhiteAhead(scan.line, scan.white_end, G->tab_width));
+    G->scan = nullptr;
+    if (scan.aborted) {
+        return;
     }
 
+    CountWhiteSpace(scan, G);
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
     if (G->determine_source || G->work_deterministic) {
         ReportLine(scan, line_has_c_comment, G);
     }
-    G->file_blank += scan.blank;
-    G->file_loc += scan.is_loc;
-    G->file_comments += line_has_c_comment || G->cpp_comment;
+    CountLine(scan, line_has_c_comment, G);
+    if (scan.is_loc) {
+        memcpy(G->prev_code_line, scan.line, line_bytes + 1);
+    }
     EndContinuation(scan, G);
     if (G->debug) {
         ShowSplitLine(scan, G);
     }
+    G->at_flag = 0;
 }

@@ -7,3 +7,5 @@ struct Globals;
 void ParseLine(int line_bytes, int line_number, Globals *G);
 // 1 if ch is the only significant character of the line, blanks, ";" and comments behind it aside.
 int SingleChar(const char *line, char ch);
+// White space of the file up to the character in hand. file_white itself takes in a line at its end.
+int WhiteSoFar(const Globals *G);

@@ -1,49 +1,249 @@
-// The handlers of parentheses, braces and ";".
-#include "analysis/parse_line.h"
+// The handlers of what separates and joins: , : ; = < > [ ] ? .
+#include "analysis/class.h"
+#include "analysis/code_text.h"
+#include "analysis/function.h"
 #include "analysis/scan.h"
+#include "notices/raise.h"
+#include "report/mode.h"
 #include "run/globals.h"
 
-void OnOpenParen(Scan &scan, Globals *G) {
-    ++G->open_paren;
-    if (SingleChar(scan.line, '(')) {
-        ++G->just_paren_count;
-        scan.non_effective = 1;
+void OnComma(Scan &scan, Globals *G) {
+    if (!(G->angle_depth | G->friend_flag | G->enum_flag | G->instantiate_colon_flag | G->inherit_more) &&
+        G->open_paren == G->close_paren) {
+        ++G->comma_count;
+    }
+    if (G->param_capture && G->function_metrics && G->param_list_flag && G->angle_depth == 0 &&
+        G->open_paren - G->close_paren == 1 && scan.number > G->param_line) {
+        CaptureParams(scan, G);
     }
 }
 
-// A ")" too many, as conditional code leaves it, doesn't poison the rest of the file: the counts are made even again.
-void OnCloseParen(Scan &scan, Globals *G) {
-    ++G->close_paren;
-    if (G->close_paren > G->open_paren) {
-        G->close_paren = G->open_paren;
+void OnColon(Scan &scan, Globals *G) {
+    if (scan.line[scan.index + 1] == ':') {
+        NoteSpan(scan, scan.index, scan.index + 1, kPassedOver);
+        ++scan.index;
+        return;
     }
-    if (SingleChar(scan.line, ')')) {
-        ++G->just_paren_count;
-        scan.non_effective = 1;
+    if (G->funcname_flag && G->function_scope < 1) { // A::A() : b(1) {
+        G->instantiate_colon_flag = 1;
+    }
+    if (G->class_pending && !G->inherit_flag && !G->inherit_more && !(G->is_cs && G->where_flag)) {
+        G->inherit_flag = 1;
+        G->inherit_more = 1;
+        CopyText(G->inherit_line, Ltrim(scan.line + scan.index + 1));
+        if (char *brace = strchr(G->inherit_line, '{')) {
+            *brace = '\0';
+        }
+        StripCComment(G->inherit_line);
+        StripCPPComment(G->inherit_line);
     }
 }
 
-void OnOpenBrace(Scan &scan, Globals *G) {
-    ++G->open_braces;
-    if (SingleChar(scan.line, '{')) {
-        ++G->just_brace_count;
-        scan.non_effective = 1;
+namespace {
+
+// A method declared in its class: "void f(int);"
+void EndMethod(const Scan &scan, Globals *G) {
+    if (G->friend_flag) {
+        G->method_flag = 0;
+    } else if (scan.line[scan.index - 1] != '}') {
+        packParams(G->params, G->funcname, G);
+        G->method_flag = 0;
+        G->method_done = 1;
+        ClassMethod(G);
     }
 }
 
-void OnCloseBrace(Scan &scan, Globals *G) {
-    ++G->closebrace_count;
-    if (G->closebrace_count > G->open_braces) {
-        G->closebrace_count = G->open_braces;
-        G->close_paren = G->open_paren;
-    }
-    if (SingleChar(scan.line, '}')) {
-        ++G->just_brace_count;
-        scan.non_effective = 1;
+// "int a, b;" in a class body, or a member with an initial value.
+void EndAttribute(const Scan &scan, Globals *G) {
+    const int member = G->attr_flag ||
+                       (G->class_flag && !G->method_flag && !G->method_done && G->function_scope <= 0 && !strstr(scan.line, "{};"));
+    if (member && G->attr_line != scan.number) {
+        G->attr_flag = 0;
+        ClassAttribute(scan.line, G);
     }
 }
+
+// Outside classes a ";" keeps the candidate: it may end the declaration of an old style parameter, "int f(a) int a; {"
+void EndCandidate(Globals *G) {
+    if (G->funcname_flag) {
+        G->kr_flag = 1;
+    }
+    if (G->local_paren < 1 && G->function_metrics && (G->class_flag || !G->kr_flag)) {
+        G->funcname_flag = 0;
+    }
+}
+
+} // namespace
 
 void OnSemicolon(Scan &scan, Globals *G) {
+    ++G->local_semicolon;
     ++G->semicolon_count;
+    G->angle_depth = 0;
+    G->at_flag = 0;
+    G->new_flag = 0;
+    if (G->class_scope < 1 && G->class_pending && G->class_flag) {
+        G->class_pending = 0;
+        G->class_flag = 0;
+        ClearText(G->classname);
+    }
+    if (G->struct_flag) {
+        G->instantiate_colon_flag = 0;
+    }
+    if (G->open_braces == G->closebrace_count) {
+        G->template_flag = 0;
+    }
+    G->static_flag = 0;
+    if (G->funcname_flag) {
+        G->param_list_flag = 0;
+        G->param_capture = 0;
+    }
+    G->using_flag = 0;
+    G->virtual_flag = 0;
+    if (G->class_flag && G->method_flag) {
+        EndMethod(scan, G);
+    }
+    if ((G->attr_flag | G->class_flag) && !(G->forward_decl_flag | G->enum_flag | G->friend_flag | G->typedef_flag)) {
+        EndAttribute(scan, G);
+    }
+    if (G->method_done && !G->friend_flag && G->function_scope <= 0) {
+        G->method_done = 0;
+        G->method_flag = 0;
+    }
+    G->assignment_flag = 0;
+    G->typedef_flag = 0;
+    G->enum_flag = 0;
+    G->forward_decl_flag = 0;
+    if (G->function_scope <= 0) {
+        EndCandidate(G);
+    }
+    if (G->friend_flag && G->friend_class && G->is_cpp) {
+        EmitFriendClassNotice(scan.line, scan.index, G);
+        G->funcname_flag = 0;
+    }
+    G->friend_flag = 0;
+    G->friend_class = 0;
+    G->star_flag = 0;
+    G->template_beg_flag = 0;
+    G->inherit_more = 0;
+    G->event_flag = 0;
+    G->delegate_flag = 0;
+    G->const_flag = 0;
+    G->comma_count = 0;
     scan.is_logical = 1;
+}
+
+namespace {
+
+// An "=" outside functions: a member's initial value, or the end of what looked like a head. "operator" and "#define" in front of
+// it make it no assignment.
+void AssignOutsideFunction(const Scan &scan, Globals *G) {
+    const char *assign = scan.line + scan.index;
+    const char *op = strstr(scan.line, "operator");
+    const char *define = strstr(scan.line, "#define");
+    const int behind_define = define && define < assign;
+    if ((op ? op >= assign : !behind_define) && G->class_flag && !G->method_flag && !G->method_done) {
+        G->attr_flag = 1;
+    }
+    if ((op && op < assign) || behind_define) {
+        G->assignment_flag = 0;
+    }
+    if (G->open_paren == G->close_paren) { // int x = f(1);
+        G->funcname_flag = 0;
+    }
+}
+
+} // namespace
+
+void OnAssign(Scan &scan, Globals *G) {
+    const char before = scan.line[scan.index - 1];
+    if (before == '=' || before == '!' || before == '<' || before == '>' || scan.line[scan.index + 1] == '=' || G->template_flag ||
+        G->preproc_flag || strchr(G->funcname, '=')) { // operator=
+        return;
+    }
+    G->assignment_flag = 1;
+    CheckAssignedLiteral(scan, G);
+    if (G->function_scope < 1) {
+        AssignOutsideFunction(scan, G);
+    }
+    if (G->if_flag) {
+        NoticeAtLine(4, G);
+    } else if (G->while_flag) {
+        NoticeAtLine(5, G);
+    }
+}
+
+// Shifts, comparisons and arrows are no angle brackets.
+void OnLess(Scan &scan, Globals *G) {
+    const char before = scan.line[scan.index - 1];
+    const char next = scan.line[scan.index + 1];
+    if (next != '=' && before != '<' && next != '<' && next != '-') {
+        ++G->angle_depth;
+    }
+}
+
+void OnGreater(Scan &scan, Globals *G) {
+    const char before = scan.line[scan.index - 1];
+    const char next = scan.line[scan.index + 1];
+    if (next != '=' && before != '>' && before != '-' && next != '>') {
+        --G->angle_depth;
+    }
+    if (G->angle_depth <= 0) {
+        G->template_beg_flag = 0;
+    }
+}
+
+namespace {
+
+// [DllImport("x")] at file level leaves no function behind.
+int IsAttributeBracket(const Globals *G) {
+    return !G->class_flag && !G->funcname_flag && (G->is_c_header || G->is_cpp || G->is_cs);
+}
+
+} // namespace
+
+void OnOpenBracket(Scan &, Globals *G) {
+    if (IsAttributeBracket(G)) {
+        G->dotnet_attr = 1;
+        if (G->debug) {
+            Message(G, "*** Debug: Found .net open bracket\n");
+        }
+    }
+    ++G->open_bracket;
+    ++G->local_bracket;
+}
+
+void OnCloseBracket(Scan &, Globals *G) {
+    ++G->close_bracket;
+    --G->local_bracket;
+    if (IsAttributeBracket(G)) {
+        G->dotnet_attr = 0;
+        if (G->debug) {
+            Message(G, "*** Debug: Found .net close bracket\n");
+        }
+    }
+    if (G->function_scope == 0 && G->open_bracket == G->close_bracket) {
+        G->assignment_flag = 0;
+    }
+}
+
+void OnQuestion(Scan &scan, Globals *G) {
+    if (scan.line[scan.index + 1] == '?') {
+        NoteSpan(scan, scan.index, scan.index + 1, kPassedOver);
+        ++scan.index;
+        return;
+    }
+    ++G->local_inline_if;
+    if (!G->macro_flag) {
+        NoticeAtLine(23, G);
+    }
+}
+
+// "..." as a parameter; catch (...) isn't meant
+void OnDot(Scan &scan, Globals *G) {
+    const char *dot = scan.line + scan.index;
+    const char before = dot[-1];
+    if (dot[1] == '.' && dot[2] == '.' && (IsBlankOrTab(before) || before == ',' || before == '(') &&
+        (IsBlankOrTab(dot[3]) || dot[3] == ')') && G->quality_notices && !G->catch_flag) {
+        NoticeAtLine(3, G);
+    }
 }

@@ -39,6 +39,7 @@ LanguageGroup GroupOf(const Globals *G) {
 void ResetState(Globals *G) {
     static_cast<PerFile &>(*G) = PerFile{};
     G->comment_star_index = -1;
+    G->access_private = 1;
 }
 
 void AddTotal(Globals *G) {

@@ -7,6 +7,7 @@ struct Scan {
     const char *line;   // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
     int number;         // line number in the file
     int length;         // characters without the line end
+    int first_nonblank; // index of the first byte above 32; the length when there is none
     int index;          // the character in hand; a handler may move it forward
     int blank;          // no byte above 32 in the line
     int is_loc;         // a line of code
@@ -14,6 +15,9 @@ struct Scan {
     int is_logical;     // a ";" in code
     int c_comment_line; // a /* */ comment covers part of the line
     int white_end;      // white space counts up to here
+    int string_tabs;    // tabs inside string literals, which raise no notice
+    int notices_print;  // a notice prints in its place; otherwise it only counts
+    int aborted;        // a record couldn't be made: the line isn't scanned to its end
     char *kinds;        // one SpanKind per character for those who ask for the line's split; null otherwise
 };
 
@@ -27,13 +31,27 @@ void OnOpenParen(Scan &scan, Globals *G);
 void OnCloseParen(Scan &scan, Globals *G);
 void OnOpenBrace(Scan &scan, Globals *G);
 void OnCloseBrace(Scan &scan, Globals *G);
+void OnOpenBracket(Scan &scan, Globals *G);
+void OnCloseBracket(Scan &scan, Globals *G);
 void OnSemicolon(Scan &scan, Globals *G);
-// Tests the word from begin up to end against the keywords.
-void OnWord(const Scan &scan, int begin, int end, Globals *G);
+void OnComma(Scan &scan, Globals *G);
+void OnColon(Scan &scan, Globals *G);
+void OnAssign(Scan &scan, Globals *G);
+void OnLess(Scan &scan, Globals *G);
+void OnGreater(Scan &scan, Globals *G);
+void OnQuestion(Scan &scan, Globals *G);
+void OnDot(Scan &scan, Globals *G);
+
+// The texts that go on from line to line, taken up at the head of a line: class names, parameters, template heads, bases.
+void CaptureTexts(const Scan &scan, Globals *G);
+// Appends the line in hand to the parameter text of the candidate, if both fit.
+void CaptureParams(const Scan &scan, Globals *G);
 
 // Walks the line in code from scan.index until a comment or literal opens or the line ends.
 void ScanCode(Scan &scan, Globals *G);
 
+// 1 if ch is the only significant character of the line: SingleChar, refused at a glance where it can be.
+int IsJust(const Scan &scan, char ch);
 // 1 if the character at index stands behind an odd run of backslashes.
 int IsEscaped(const Scan &scan);
 // 1 if the quote at index ends the C# literal @"\", whose backslash escapes nothing.

@@ -22,3 +22,8 @@ void ShowFileSummary(Globals *G);
 void CSV_File_Line(FILE *stream, const char *name, int64_t date, int64_t size, int loc, int eloc, int lloc, int comments,
                    int blanks, int lines, int classes, int functions, int params, int returns, int cyclo, int notices, int total,
                    Globals *G);
+// One CSV line of a function, added to the statistics; with total the closing statistics instead. Nothing unless function lines are
+// wanted. The commas of parameters become ";" in place.
+void CSV_Function_Line(FILE *stream, const char *name, char *parameters, int64_t size, int loc, int eloc, int lloc, int comments,
+                       int blanks, int lines, int classes, int functions, int params, int returns, int cyclo, int notices,
+                       int total, Globals *G);

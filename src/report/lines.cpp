@@ -135,7 +135,7 @@ static void ShowSumsHead(int project, const Globals *G) {
     if (mode == Mode::kCsv) {
         return;
     }
-    if (!G->function_metrics || G->notice_count != 0) {
+    if (!G->function_metrics || G->file_functions != 0 || G->notice_count != 0) {
         Put("  %s%s\n\n", kDashes, kDashes);
     }
     CenteredTitle(project ? "~~ Total Project Summary ~~" : "~~ Total File Summary ~~", G);

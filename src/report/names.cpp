@@ -73,6 +73,14 @@ void xml_encode(const char *text, std::string &out) {
     }
 }
 
+void xml_tag_encode(const char *text, std::string &out) {
+    out.clear();
+    for (const char *p = text ? text : ""; *p; ++p) {
+        const bool upper = *p >= 'A' && *p <= 'Z';
+        out += strchr(" \"&'/<>", *p) ? '_' : upper ? static_cast<char>(*p - 'A' + 'a') : *p;
+    }
+}
+
 void csv_field(const char *text, std::string &out) {
     out = text ? text : "";
     std::replace_if(

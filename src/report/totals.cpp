@@ -8,9 +8,22 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "report/summaries.h"
 #include "run/globals.h"
 
 void ShowTotalReport(Globals *G) {
+    if (G->totals_all || G->totals_functions) {
+        ShowProjectFunctionSummary(G);
+    }
+    if (G->totals_all || G->totals_classes) {
+        ShowProjectClassSummary(G);
+    }
+    if (G->totals_all || G->totals_interfaces) {
+        ShowProjectInterSummary(G);
+    }
+    if (G->totals_all || G->totals_namespaces) {
+        ShowProjectNamespaceSummary(G);
+    }
     if (G->totals_all || G->totals_language) {
         ShowLanguageProfile(G);
         ShowLanguageSummary(G);
@@ -34,7 +47,7 @@ static void ShowDirSummaryHead(const Globals *G) {
         return;
     }
     // A run for functions that found none, and no notice, has no rule.
-    if (!G->function_metrics || G->notice_count > 0) {
+    if (!G->function_metrics || G->file_functions != 0 || G->notice_count != 0) {
         Put("  %s%s\n\n", kDashes, kDashes);
     }
     CenteredTitle("~~ Project Directory Summary ~~", G);

@@ -3,13 +3,17 @@
 
 #include <cerrno>
 
+#include "analysis/function.h"
+#include "analysis/namespaces.h"
 #include "analysis/parse_line.h"
 #include "analysis/roll_up.h"
 #include "config/languages.h"
 #include "files/source_reader.h"
+#include "notices/raise.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/lines.h"
+#include "report/summaries.h"
 #include "report/totals.h"
 #include "run/compare.h"
 #include "run/globals.h"
@@ -26,10 +30,13 @@ int Holds(const char *line, const char *token) {
 int FollowSkipTokens(const char *line, Globals *G) {
     if (Holds(line, G->skip_start_token)) {
         G->skip_lines_active = 1;
+        NoticeAtLine(57, G);
     } else if (Holds(line, G->skip_end_token)) {
         G->skip_lines_active = 0;
         return 1;
     } else if (Holds(line, G->quality_skip_start_token)) {
+        G->skip_quality_active = 0; // this notice isn't held back by a region that is open already
+        NoticeAtLine(58, G);
         G->skip_quality_active = 1;
     } else if (Holds(line, G->quality_skip_end_token)) {
         G->skip_quality_active = 0;
@@ -67,6 +74,10 @@ void StoreMetrics(FileData *file, Globals *G) {
     file->lloc = G->semicolon_count - G->for_count;
     file->comments = G->file_comments;
     file->blanks = G->file_blank;
+    file->cyclo = G->cyclo_total;
+    file->functions = G->file_functions;
+    file->params = G->params_total;
+    file->returns = G->returns_total;
     file->skipped = G->skipped_lines;
     file->fp_loc = GetFP(file->loc, 0, G);
     file->fp_eloc = GetFP(file->eloc, 1, G);
@@ -126,18 +137,80 @@ void WarnOfBraces(Globals *G) {
         Shown{G->html_notice_color}, G->open_braces, G->closebrace_count);
 }
 
+constexpr const char *kOpenFunction = "\n    NOTICE: The end of the source file has been reached where the\n"
+                                      "            local function scope remains open.  The last known function\n"
+                                      "            will be emitted but metrics cannot be generated in this\n"
+                                      "            condition.\n";
+
+void WarnOfOpenFunction(Globals *G) {
+    if (OutputMode(G) != Mode::kHtml) {
+        Put("%s", kOpenFunction);
+    } else {
+        PrintOnly<Shown>(Mode::kHtml,
+                         "\n    <font color=\"%s\"><b>Notice</b></font>: The end of the source file has been reached where the\n"
+                         "            <b>local function scope remains open</b>.  The last known function\n"
+                         "            will be emitted but metrics cannot be generated in this\n"
+                         "            condition.\n",
+                         Shown{G->html_notice_color});
+    }
+    EmitFunction(G);
+}
+
+// A Java package has no closing brace: it ends with its file.
+void EndPackage(Globals *G) {
+    EmitNamespace(G, 0);
+    G->namespace_flag = 0;
+    G->namespacebeg_flag = 0;
+    G->namespace_scope = 0;
+    G->function_scope = 0;
+}
+
+float Percent(int part, int whole) {
+    return whole > 0 ? static_cast<float>(part) / static_cast<float>(whole) * 100.0F : 0.0F;
+}
+
+void RaiseBelow(int n, float measured, float limit, Globals *G) {
+    if (limit > measured) {
+        NoticeFilePercent(n, measured, limit, G);
+    }
+}
+
+void FileNotices(Globals *G) {
+    RaiseBelow(47, Percent(G->file_blank, G->file_loc), G->min_file_blank_pct, G);
+    RaiseBelow(20, Percent(G->file_comments, G->file_loc + G->file_comments), G->min_file_comment_pct, G);
+    RaiseBelow(19, Percent(G->file_white, G->file_chars), G->min_file_white_pct, G);
+    if (G->is_cpp && (G->new_count < 1 ? G->delete_count > 0 : G->new_count != G->delete_count)) {
+        EmitNewDelNotice(G);
+    }
+    if (G->key_string_set && !G->key_string_found) {
+        NoticeKeyString(G);
+    }
+}
+
+void ReportCsvLines(const FileData *file, Globals *G) {
+    CSV_Function_Line(gTLYOUT, "function total", nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, G);
+    CSV_File_Line(gTLYOUT, file->name, file->date, file->size, file->loc, file->eloc, file->lloc, file->comments, file->blanks,
+                  file->lines, G->class_count, file->functions, file->params, file->returns, file->cyclo, G->notice_count, 0, G);
+}
+
 void ReportFile(const FileData *file, Globals *G) {
     if (G->csv_file_lines) {
-        CSV_File_Line(gTLYOUT, file->name, file->date, file->size, file->loc, file->eloc, file->lloc, file->comments, file->blanks,
-                      file->lines, 0, file->functions, file->params, file->returns, file->cyclo, G->notice_count, 0, G);
+        ReportCsvLines(file, G);
         return;
     }
-    if (!G->comment_doc_mode && !G->extract_mode && !G->totals_only) {
+    const int verbose_xml = G->verbose_metrics && OutputMode(G) == Mode::kXml && !G->verbose_totals;
+    if (!G->comment_doc_mode && !G->extract_mode && (!G->totals_only || verbose_xml)) {
         if (G->file_summary || G->function_metrics) {
             ShowTotalSummary(G, 0, 0);
         }
+        if ((G->function_metrics || G->list_functions) && G->file_functions > 0) {
+            ShowFileFunctionSummary(G);
+        }
         if (G->memory_metrics) {
             ShowMemorySummary(G);
+        }
+        if (G->verbose_metrics) {
+            ShowVerbose(G, 0);
         }
     }
     if (G->report_switch_given && !G->totals_only) {
@@ -150,9 +223,18 @@ void EndFile(FileData *file, Globals *G) {
     if (G->file_list_mode) {
         AddToDirectory(file, G);
     }
-    if (!G->totals_only && G->open_braces != G->closebrace_count) {
-        WarnOfBraces(G);
+    if (G->namespace_flag && G->is_java) {
+        EndPackage(G);
     }
+    if (!G->totals_only) {
+        if (G->open_braces != G->closebrace_count) {
+            WarnOfBraces(G);
+        }
+        if (G->function_scope > 0 && G->funcname_flag) {
+            WarnOfOpenFunction(G);
+        }
+    }
+    FileNotices(G);
     ReportFile(file, G);
     AddTotal(G);
     file->notices = G->notice_count;
@@ -202,7 +284,6 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
 
 void ProcessFiles(Globals *G) {
     static SourceReader reader;
-    ResetState(G);
     for (FileData *file : Records<FileData>(G->file_list)) {
         ProcessFile(file, &reader, G);
     }

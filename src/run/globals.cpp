@@ -9,7 +9,16 @@ void FreeGlobals(Globals *G) {
     LlistDestroy(&G->file_list, FileDataFree);
     LlistDestroy(&G->source_file_list, FileDataFree);
     LlistDestroy(&G->header_file_list, FileDataFree);
+    LlistDestroy(&G->notice_list, NameDataFree);
     LlistDestroy(&G->macro_list, NameDataFree);
+    LlistDestroy(&G->class_list, NodeDataFree);
+    LlistDestroy(&G->interface_list, NodeDataFree);
+    LlistDestroy(&G->function_list, NodeDataFree);
+    LlistDestroy(&G->namespace_list, NodeDataFree);
+    FreeIndex(&G->class_index_by_name);
+    FreeIndex(&G->interface_index_by_name);
+    FreeIndex(&G->namespace_index_by_name);
+    FreeIndex(&G->macro_index_by_name);
     LlistDestroy(&G->dir_metrics_list, NodeDataFree);
     LlistDestroy(&G->early_messages, [](void *) {});
     if (G->file_list_stream) {

@@ -5,15 +5,29 @@
 // in PerFile is the reset list.
 #pragma once
 
+#include "analysis/class_state.h"
+#include "analysis/entities.h"
+#include "analysis/function_state.h"
 #include "analysis/line_state.h"
+#include "analysis/namespace_state.h"
+#include "analysis/scope_state.h"
 #include "config/config_state.h"
 #include "files/files_state.h"
+#include "notices/notices_state.h"
 #include "report/report_state.h"
 #include "run/records.h"
 #include "run/run_state.h"
 
 // Cleared by ResetState behind every source file.
-struct PerFile : FileCounters, FunctionPointValues, LineState {};
+struct PerFile : FileCounters,
+                 FunctionPointValues,
+                 LineState,
+                 ScopeState,
+                 FunctionCounters,
+                 FunctionState,
+                 FunctionSums,
+                 ClassState,
+                 NamespaceState {};
 
 struct Globals : RunSwitches,
                  CommandText,
@@ -29,6 +43,10 @@ struct Globals : RunSwitches,
                  FileLists,
                  CurrentFile,
                  LineBuffers,
+                 EntityLists,
+                 ClassRun,
+                 NamespaceRun,
+                 NoticeRun,
                  ReportState,
                  PerFile {
     FileCounters total;               // the project: the same shape as one file

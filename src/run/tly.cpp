@@ -15,6 +15,7 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "report/summaries.h"
 #include "report/totals.h"
 #include "run/command_line.h"
 #include "run/file_loop.h"
@@ -97,7 +98,8 @@ void LoadSettings(int argc, char **argv, Globals *G) {
     LoadCfg(G);
     AddBuiltInLanguages(G);
     buildExtensions(G);
-    LoadMacros(G);
+    G->macro_count = LoadMacros(G); // they count in the first file, as its own do
+    IndexMacros(G);
 }
 
 // The report goes to a file: only then is progress shown, whatever the settings say. Classes need their functions measured.
@@ -200,6 +202,17 @@ void ProjectHeading(const Globals *G) {
     }
 }
 
+void EntityReports(Globals *G) {
+    if (G->function_metrics) {
+        ShowProjectFunctionSummary(G);
+    }
+    if (G->object_metrics) {
+        ShowProjectClassSummary(G);
+        ShowProjectInterSummary(G);
+        ShowProjectNamespaceSummary(G);
+    }
+}
+
 void ProjectReports(Globals *G) {
     if (G->totals_only) {
         ShowTotalReport(G);
@@ -211,6 +224,10 @@ void ProjectReports(Globals *G) {
             Put("\n");
             ShowTotalSummary(G, 1, 1);
         }
+        EntityReports(G);
+    }
+    if (G->verbose_metrics) {
+        ShowVerbose(G, 1);
     }
     if (G->memory_metrics) {
         ShowMemorySummary(G);

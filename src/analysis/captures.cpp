@@ -1,0 +1,73 @@
+// Texts that take more than one line: at the head of each line they are carried on, before a character of it is looked at.
+#include "analysis/class.h"
+#include "analysis/code_text.h"
+#include "analysis/scan.h"
+#include "run/globals.h"
+
+namespace {
+
+// template <class T,
+//           class U>      // and this line too
+void CaptureTemplate(const Scan &scan, Globals *G) {
+    LineText text;
+    CopyText(text, Ltrim(scan.line));
+    Rtrim(text);
+    char *angle = strrchr(text, '>');
+    char *comma = strrchr(text, ',');
+    char *slash = strrchr(text, '/');
+    if (angle) {
+        (comma > angle ? comma : angle)[1] = '\0';
+    } else if (slash && OpensComment(slash)) {
+        *slash = '\0';
+    }
+    StripCComment(text);
+    StripCPPComment(text);
+    AppendText(G->template_line, text);
+}
+
+// class A : public B,
+//           private C {
+void CaptureBases(const Scan &scan, Globals *G) {
+    LineText text;
+    CopyText(text, Ltrim(scan.line));
+    StripCComment(text);
+    StripCPPComment(text);
+    if (char *brace = strchr(text, '{')) {
+        brace[1] = '\0';
+        Rtrim(G->inherit_line);
+        G->inherit_more = 0;
+    }
+    AppendText(G->inherit_line, text);
+}
+
+} // namespace
+
+void CaptureParams(const Scan &scan, Globals *G) {
+    if (*scan.line == '#' || !AppendText(G->params, scan.line)) {
+        return;
+    }
+    StripCPPComment(G->params);
+    StripCComment(G->params);
+    StripChars(G->params, " \t\r\n");
+    G->param_line = scan.number;
+}
+
+void CaptureTexts(const Scan &scan, Globals *G) {
+    if (G->classname_pending && !G->define_flag) {
+        GetClassname(scan.line, 0, G);
+    }
+    if (G->param_capture && G->funcname_flag && !G->is_other) {
+        CaptureParams(scan, G);
+    }
+    if (G->template_beg_flag) {
+        CaptureTemplate(scan, G);
+    }
+    if (G->inherit_flag && G->inherit_more && !G->c_comment && !G->cpp_comment) {
+        CaptureBases(scan, G);
+    }
+    if (G->static_pending && NextChar(scan.line) == '{') {
+        G->static_flag = 1;
+        G->static_pending = 0;
+        G->static_brace = G->open_braces - G->closebrace_count;
+    }
+}

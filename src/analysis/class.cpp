@@ -1,0 +1,377 @@
+// A class from its "{" to its "}": its record, its figures, and the classes around it.
+//
+// A class is a record in a list, no node of a syntax tree. The only structure is a stack of saved bodies: a nested class puts the
+// one in hand aside, starts with an empty body, and gives the saved one back when it ends. Levels beyond the stack's size are
+// counted, so that each ends at its own brace; the body that they interrupt isn't kept.
+#include "analysis/class.h"
+
+#include <cerrno>
+
+#include "analysis/code_text.h"
+#include "analysis/parse_line.h"
+#include "analysis/scan.h"
+#include "notices/raise.h"
+#include "report/entity_lines.h"
+#include "report/lines.h"
+#include "report/mode.h"
+#include "report/state_line.h"
+#include "run/globals.h"
+
+namespace {
+
+constexpr const char *kUnnamed = "instance"; // what struct { int a; } v; is called until its name is read
+
+void SetSection(int ClassBody::*access, Globals *G) {
+    G->access_public = 0;
+    G->access_protected = 0;
+    G->access_private = 0;
+    G->*access = 1;
+}
+
+void TakeSnapshots(Globals *G) {
+    G->class_start_line = G->file_line_no;
+    G->class_start_loc = G->file_loc;
+    G->class_start_lloc = G->semicolon_count - G->for_count;
+    G->class_start_comment = G->file_comments - G->comment_pending; // the comment above the class is its own
+    G->class_start_blank = G->file_blank;
+    G->class_start_noneffective = G->just_paren_count + G->just_brace_count;
+}
+
+void TakeTemplate(Globals *G) {
+    ++G->template_class_count;
+    Strip_nrt(Ltrim(G->template_line), G->class_template);
+    FormatTemplateLine(G->class_template);
+    ClearText(G->template_line);
+    G->template_done = 1;
+    G->template_flag = 0;
+}
+
+// Returns 0, with the old text kept, when memory is out.
+int ReplaceText(char **field, const char *text) {
+    char *copy = CopyOnHeap(text);
+    if (!copy) {
+        return 0;
+    }
+    free(*field);
+    *field = copy;
+    return 1;
+}
+
+int UpdateClassRecord(NodeData *record, const char *inherit, const char *template_text, Globals *G) {
+    if ((inherit && !ReplaceText(&record->inherit_line, inherit)) ||
+        (template_text && !ReplaceText(&record->template_line, template_text))) {
+        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+        return 0;
+    }
+    if (inherit) {
+        record->parents = CountParents(inherit);
+    }
+    record->file = G->file_name;
+    record->line = G->file_line_no;
+    record->nesting = G->class_index;
+    record->is_struct = G->struct_flag;
+    return 1;
+}
+
+// A record may be there already: of a method defined ahead of its class, or of the same name in an earlier file.
+int RecordClass(Globals *G) {
+    if (FindNamespace(G->classname, G)) {
+        return 1;
+    }
+    const char *inherit = G->inherit_flag ? G->inherit_line : nullptr;
+    const char *template_text = G->template_done ? G->class_template : nullptr;
+    if (NodeData *known = FindClass(G->classname, G)) {
+        if (G->debug) {
+            Message(G, "*** Debug: Open Class, Already in classlist so Appending Class %s\n", G->classname);
+        }
+        return UpdateClassRecord(known, inherit, template_text, G);
+    }
+    if (G->debug) {
+        Message(G, "*** Debug: Open Class, Not in NS and CL so Adding Class %s\n", G->classname);
+    }
+    ++G->class_count;
+    return AddClassRecord(G->classname, inherit, template_text, G->file_line_no, G->class_index, CountParents(inherit),
+                          G->struct_flag, G) != nullptr;
+}
+
+// What stands behind the record of every kind: the head in notice mode, and the comment that should precede it.
+void AnnounceClass(int notice, const char *word, Globals *G) {
+    if (G->quality_notices && G->object_metrics && !G->classname_pending) {
+        ClassBegin(G);
+        EmitInheritanceLine(G);
+    }
+    if (G->comment_pending == 0) {
+        EmitNoComment(notice, word, G);
+    }
+    G->comment_pending = 0;
+}
+
+// The text behind the "}" names an unnamed struct: typedef struct { int a; } T; or struct { int a; } v[10];
+void NameStruct(const Scan &scan, Globals *G) {
+    LineText token;
+    if (!G->struct_flag || !strstr(G->classname, kUnnamed) || !GetNextCodeToken(scan.line, scan.index + 1, token) ||
+        *token <= ' ') {
+        return;
+    }
+    LineText old_name;
+    CopyText(old_name, G->classname);
+    char *colon = strrchr(G->classname, ':');
+    if (colon && (G->class_index > 0 || G->namespace_flag)) {
+        colon[1] = '\0';
+        CopyText(old_name, G->classname);
+        AppendText(old_name, kUnnamed);
+        AppendText(G->classname, token);
+    } else {
+        CopyText(G->classname, token);
+    }
+    if (char *bracket = strchr(G->classname, '[')) {
+        *bracket = '\0';
+    }
+    NodeData *record = FindClass(G->classname, G) ? nullptr : FindClass(old_name, G);
+    if (record) {
+        RenameClass(record, G->classname, G);
+    }
+}
+
+FunctionFigures MeasureClass(const Globals *G) {
+    FunctionFigures figures{};
+    figures.loc = G->file_loc + 1 - G->class_start_loc; // 1 for the line of the "}", which isn't counted yet
+    figures.eloc = figures.loc - (G->just_paren_count + G->just_brace_count - G->class_start_noneffective);
+    figures.lloc = G->semicolon_count - G->for_count - G->class_start_lloc;
+    figures.comments = G->file_comments - G->class_start_comment;
+    figures.blanks = G->file_blank - G->class_start_blank;
+    figures.span = G->file_line_no - G->class_start_line;
+    if (figures.span == 0) {
+        figures.span = 1;
+    }
+    if (figures.blanks <= 0) { // both percentages are 0 then
+        return figures;
+    }
+    figures.blank_pct = static_cast<float>(figures.blanks) / static_cast<float>(figures.span) * 100.0F;
+    const int chars = G->file_chars - G->class_start_chars;
+    if (chars > 0) {
+        figures.white_pct = static_cast<float>(WhiteSoFar(G) - G->class_start_white) / static_cast<float>(chars) * 100.0F;
+    }
+    return figures;
+}
+
+void Widen(int loc, int *max, int *min) {
+    if (*max == 0 && *min == 0) {
+        *max = loc;
+        *min = loc;
+    } else if (loc > *max) {
+        *max = loc;
+    } else if (loc <= *min) {
+        *min = loc;
+    }
+}
+
+void ShowFigures(const FunctionFigures &figures, Globals *G) {
+    DataLine(G->cls_pub_data, G->cls_prot_data, G->cls_priv_data, G);
+    MethodLine(G->cls_pub_methods, G->cls_prot_methods, G->cls_priv_methods, G);
+    LOCLine(figures.loc, figures.eloc, figures.lloc, figures.comments, figures.span, G);
+    FPLOCLine(nullptr, figures.loc, figures.eloc, figures.lloc, G);
+}
+
+void ReportClass(const FunctionFigures &figures, Globals *G) {
+    EmitClass(G);
+    EmitInheritanceLine(G);
+    if (G->totals_only) {
+        return;
+    }
+    ShowFigures(figures, G);
+    if (OutputMode(G) != Mode::kCsv) {
+        Put("\n");
+    }
+}
+
+void ReportClassWithNotices(const FunctionFigures &figures, Globals *G) {
+    NoticesOfClass(figures, G);
+    if (G->totals_only) {
+        return;
+    }
+    ClassEnd(G);
+    ShowFigures(figures, G);
+    if (G->class_index > 0) {
+        ShowStateLine(G->file_line_no, G->struct_flag ? "Nested Struct End" : "Nested Class End", G);
+    } else {
+        ShowStateLine(G->file_line_no, G->struct_flag ? "Struct End" : "Class End", G);
+    }
+}
+
+// Behind a class that nothing encloses. Its name, template and extremes stay.
+void LeaveClasses(Globals *G) {
+    G->class_flag = 0;
+    G->class_pending = 0;
+    G->interface_flag = 0;
+    G->interface_class = 0;
+    G->struct_flag = 0;
+    G->struct_pending = 0;
+    G->inherit_flag = 0;
+    G->inherit_more = 0;
+    G->template_flag = 0;
+    G->template_beg_flag = 0;
+    G->virtual_class = 0;
+    G->virtual_dtor = 0;
+    G->class_scope = 0;
+    G->function_scope = 0;
+    G->attr_flag = 0;
+    G->method_flag = 0;
+    G->cls_pub_data = 0;
+    G->cls_prot_data = 0;
+    G->cls_priv_data = 0;
+    G->cls_pub_methods = 0;
+    G->cls_prot_methods = 0;
+    G->cls_priv_methods = 0;
+    SetSection(&ClassBody::access_private, G);
+}
+
+} // namespace
+
+void OpenClass(Scan &scan, Globals *G) {
+    const int is_struct = G->struct_pending;
+    G->inherit_more = 0;
+    G->struct_pending = 0;
+    G->class_pending = 0;
+    G->function_scope = 0;
+    if (is_struct && !*G->classname) {
+        G->classname_pending = 0;
+        GetClassname(kUnnamed, 0, G);
+    }
+    if (G->template_flag) {
+        TakeTemplate(G);
+    }
+    G->class_flag = 1;
+    if (is_struct) {
+        ++G->struct_count;
+        G->struct_flag = 1;
+        SetSection(&ClassBody::access_public, G);
+    } else {
+        SetSection(&ClassBody::access_private, G);
+    }
+    TakeSnapshots(G);
+    FormatInheritline(G->inherit_line, G);
+    if (!RecordClass(G)) {
+        scan.aborted = 1;
+        return;
+    }
+    if (is_struct) {
+        AnnounceClass(53, "struct", G);
+    } else {
+        AnnounceClass(52, "class", G);
+    }
+}
+
+void OpenInterface(Scan &scan, Globals *G) {
+    G->interface_flag = 0;
+    G->class_pending = 0;
+    G->inherit_more = 0;
+    G->function_scope = 0;
+    G->interface_class = 1;
+    G->class_flag = 1;
+    SetSection(&ClassBody::access_private, G);
+    TakeSnapshots(G);
+    SetInterface(G->classname);
+    if (!FindNamespace(G->classname, G) && !FindInterface(G->classname, G)) {
+        ++G->interface_count;
+        if (!AddInterfaceRecord(G->classname, G->file_line_no, G->class_index, G)) {
+            scan.aborted = 1;
+            return;
+        }
+    }
+    AnnounceClass(54, "interface", G);
+}
+
+void CloseClass(Scan &scan, Globals *G) {
+    NameStruct(scan, G);
+    const FunctionFigures figures = MeasureClass(G);
+    Widen(figures.loc, &G->class_loc_max, &G->class_loc_min);
+    Widen(figures.loc, &G->class_loc_max_file, &G->class_loc_min_file);
+    if (G->object_metrics) {
+        if (G->quality_notices) {
+            ReportClassWithNotices(figures, G);
+        } else {
+            ReportClass(figures, G);
+        }
+        Add_Class2Class(figures.loc, figures.eloc, figures.lloc, figures.comments, figures.blanks, figures.span, G);
+    }
+    if (G->class_index > 0) {
+        PopNestedClass(G);
+    } else {
+        LeaveClasses(G);
+    }
+}
+
+int PushNestedClass(Globals *G) {
+    if (++G->class_index <= kNestingLimit) {
+        G->class_nested_flag = 1;
+        SavedClass &saved = G->class_stack[G->class_index - 1];
+        saved.body = *G;
+        saved.function_scope = G->function_scope;
+    }
+    const int struct_flag = G->struct_flag; // a class inside a struct is told as a struct
+    const int struct_pending = G->struct_pending;
+    static_cast<ClassBody &>(*G) = ClassBody{};
+    G->struct_flag = struct_flag;
+    G->struct_pending = struct_pending;
+    G->access_private = 1;
+    G->class_flag = 1;
+    G->class_pending = 1;
+    G->method_flag = 0;
+    G->attr_flag = 0;
+    G->func_template = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+    return G->class_index;
+}
+
+int PopNestedClass(Globals *G) {
+    if (G->class_index < 1) {
+        G->class_index = 0;
+        Message(G, "\n  Error: Nested Class indexing\n");
+        return 0;
+    }
+    if (G->class_index <= kNestingLimit) {
+        const int max = G->class_loc_max_file;
+        const int min = G->class_loc_min_file;
+        static_cast<ClassBody &>(*G) = G->class_stack[G->class_index - 1].body;
+        G->class_loc_max_file += max;
+        G->class_loc_min_file += min;
+    } else { // the body around it wasn't saved; only its own "{" is known to be open
+        ClearText(G->classname);
+        G->class_scope = 1;
+    }
+    G->class_flag = 1;
+    G->class_pending = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+    G->attr_flag = 0;
+    G->method_flag = 0;
+    G->virtual_flag = 0;
+    return --G->class_index;
+}
+
+void Add_Class2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, Globals *G) {
+    if (FindNamespace(G->classname, G)) {
+        return;
+    }
+    NodeData *record = G->interface_class ? FindInterface(G->classname, G) : FindClass(G->classname, G);
+    if (!record) {
+        return;
+    }
+    record->loc += loc;
+    record->eloc += eloc;
+    record->lloc += lloc;
+    record->comments += comments;
+    record->blanks += blanks;
+    record->lines += span;
+    record->public_data += G->cls_pub_data;
+    record->protected_data += G->cls_prot_data;
+    record->private_data += G->cls_priv_data;
+    record->public_methods += G->cls_pub_methods;
+    record->protected_methods += G->cls_prot_methods;
+    record->private_methods += G->cls_priv_methods;
+    if (G->class_index > 0) {
+        record->nesting = 1;
+    }
+}

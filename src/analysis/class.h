@@ -1,0 +1,37 @@
+// Classes, structs and interfaces: headings, members, nesting, figures.
+#pragma once
+
+struct Globals;
+struct Scan;
+
+// Reads the name that begins at col into classname, with its namespace and enclosing classes in front.
+void GetClassname(const char *line, int col, Globals *G);
+// "Interface-" in front of a name, a LineText, in place; and the text behind the first "-" of a name that holds "Interface-", else
+// null.
+void SetInterface(char *name);
+const char *GetInterface(const char *name);
+// Count one method, and the data members of a statement, in the access section in hand.
+void ClassMethod(Globals *G);
+void ClassAttribute(const char *line, Globals *G);
+// Cleans an inheritance text in place.
+void FormatInheritline(char *text, Globals *G);
+// 1 if a "," occurs and no "<" stands in front of the first one.
+int CheckMultipleInheritance(const char *text);
+
+// The "{" in hand opens a struct or class (struct_pending tells), or an interface. When its record can't be made: a message, and
+// scan.aborted is set.
+void OpenClass(Scan &scan, Globals *G);
+void OpenInterface(Scan &scan, Globals *G);
+// The open class ends at the "}" in hand.
+void CloseClass(Scan &scan, Globals *G);
+// Put the class in hand aside for one inside it, and take it back. The new class_index.
+int PushNestedClass(Globals *G);
+int PopNestedClass(Globals *G);
+// Adds the figures of the closing class to its record.
+void Add_Class2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, Globals *G);
+
+// Output: the head and tail in notice mode, the head in all others, the bases.
+void ClassBegin(Globals *G);
+void ClassEnd(Globals *G);
+void EmitClass(Globals *G);
+void EmitInheritanceLine(Globals *G);

@@ -1,0 +1,115 @@
+// The members of a class, by the access section in hand. In Java and C# each member's own modifier makes the section.
+#include "analysis/class.h"
+#include "analysis/code_text.h"
+#include "notices/raise.h"
+#include "report/forms.h"
+#include "run/globals.h"
+
+namespace {
+
+struct Section {
+    int ClassBody::*access;
+    int ClassBody::*methods;
+    int ClassBody::*data;
+    int data_notice; // 0 for none
+    Forms<int, Shown, Shown> method_line;
+    Forms<int, Shown> data_line;
+};
+
+// Tested in this order. CSV has no form of its own and shows the plain one.
+// clang-format off
+constexpr Section kSections[] = {
+    {.access = &ClassBody::access_private,
+     .methods = &ClassBody::cls_priv_methods,
+     .data = &ClassBody::cls_priv_data,
+     .data_notice = 0,
+     .method_line = {
+         .text = "  Class Method Private  :%6d | %s%s\n",
+         .html = "  <i>Class Method Private  :%6d | %s%s</i>\n",
+         .csv  = "  Class Method Private  :%6d | %s%s\n",
+         .xml  = "<method_private>\n<lineno>%d</lineno>\n<line>%s%s</line>\n</method_private>\n"},
+     .data_line = {
+         .text = "  Class Data Private    :%6d | %s\n",
+         .html = "  <i>Class Data Private    :%6d | %s</i>\n",
+         .csv  = "  Class Data Private    :%6d | %s\n",
+         .xml  = "<data_private>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_private>\n"}},
+    {.access = &ClassBody::access_protected,
+     .methods = &ClassBody::cls_prot_methods,
+     .data = &ClassBody::cls_prot_data,
+     .data_notice = 36,
+     .method_line = {
+         .text = "  Class Method Protected:%6d | %s%s\n",
+         .html = "  <i>Class Method Protected:%6d | %s%s</i>\n",
+         .csv  = "  Class Method Protected:%6d | %s%s\n",
+         .xml  = "<method_protected>\n<lineno>%d</lineno>\n<line>%s%s</line>\n</method_protected>\n"},
+     .data_line = {
+         .text = "  Class Data Protected  :%6d | %s\n",
+         .html = "  <i>Class Data Protected  :%6d | %s</i>\n",
+         .csv  = "  Class Data Protected  :%6d | %s\n",
+         .xml  = "<data_protected>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_protected>\n"}},
+    {.access = &ClassBody::access_public,
+     .methods = &ClassBody::cls_pub_methods,
+     .data = &ClassBody::cls_pub_data,
+     .data_notice = 35,
+     .method_line = {
+         .text = "  Class Method Public   :%6d | %s%s\n",
+         .html = "  <i>Class Method Public   :%6d | %s%s</i>\n",
+         .csv  = "  Class Method Public   :%6d | %s%s\n",
+         .xml  = "<method_public>\n<lineno>%d</lineno>\n<line>%s%s</line>\n</method_public>\n"},
+     .data_line = {
+         .text = "  Class Data Public     :%6d | %s\n",
+         .html = "  <i>Class Data Public     :%6d | %s</i>\n",
+         .csv  = "  Class Data Public     :%6d | %s\n",
+         .xml  = "<data_public>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_public>\n"}},
+};
+// clang-format on
+
+const Section *SectionInHand(const Globals *G) {
+    for (const Section &section : kSections) {
+        if (G->*section.access) {
+            return &section;
+        }
+    }
+    return nullptr;
+}
+
+// int a, b, c; are three members
+void CountData(const Section &section, const char *line, Globals *G) {
+    G->*section.data += G->comma_count + 1;
+    if (section.data_notice) {
+        NoticeAtLine(section.data_notice, G);
+    }
+    if (G->show_class_methods) {
+        LineText shown;
+        CopyText(shown, Ltrim(line));
+        stripLF(shown);
+        Print(G, section.data_line, G->file_line_no, Shown{shown});
+    }
+}
+
+} // namespace
+
+void ClassMethod(Globals *G) {
+    const Section *section = SectionInHand(G);
+    if (G->static_flag || G->dotnet_attr || !section) {
+        return;
+    }
+    ++(G->*section->methods);
+    if (G->show_class_methods) {
+        Print(G, section->method_line, G->file_line_no, Shown{G->funcname}, Shown{G->params});
+    }
+}
+
+void ClassAttribute(const char *line, Globals *G) {
+    if (G->static_flag || G->dotnet_attr || G->get_flag || G->set_flag) {
+        return;
+    }
+    const Section *section = SectionInHand(G);
+    // a declaration inside a method is no public member: void f() { int i; }
+    if (section && (!G->access_public || G->function_scope == 0)) {
+        CountData(*section, line, G);
+    }
+    if (G->star_flag) {
+        NoticeAtLine(34, G);
+    }
+}

@@ -1,0 +1,176 @@
+// The heading of a class: its name, qualified by what stands around it, and its bases.
+//
+// What a heading's keyword decides is in keyword_actions.cpp; the lines that go on from an earlier one are taken up in
+// captures.cpp.
+#include <algorithm>
+
+#include "analysis/class.h"
+#include "analysis/code_text.h"
+#include "analysis/parse_line.h"
+#include "report/mode.h"
+#include "run/globals.h"
+
+namespace {
+
+constexpr int kLineLimit = 2048;
+constexpr const char *kInterfacePrefix = "Interface-";
+constexpr const char *kHeadingNoise = "{}; \n\r";
+
+int SkipBlanks(const char *line, int index, Globals *G) {
+    while (IsBlankOrTab(line[index])) {
+        if (++index == kLineLimit) {
+            Message(G, "  Error: Unexpected line length exceeding %d characters", kLineLimit);
+        }
+    }
+    return index;
+}
+
+// Where the name begins at or behind index; -1 when it can only stand on the next line.
+int BeginOfName(const char *line, int index, Globals *G) {
+    index = SkipBlanks(line, index, G);
+    if (line[index] == '/' && line[index + 1] == '*') { // class /* exported */ Foo
+        const char *close = strstr(line + index + 2, "*/");
+        if (!close) {
+            return -1;
+        }
+        index = SkipBlanks(line, static_cast<int>(close + 2 - line), G);
+    }
+    return isfirstchar(line[index]) ? index : -1;
+}
+
+// The index behind the name. Blanks between "<" and ">" belong to it: class Stack<int *, 4> : Base
+int EndOfName(const char *line, int index) {
+    while (line[index] && !strchr(" \t({};:\n\r", line[index])) {
+        if (line[index] == '<') {
+            index += static_cast<int>(strcspn(line + index, ">\r\n"));
+            index += line[index] == '>';
+        } else {
+            ++index;
+        }
+    }
+    return index;
+}
+
+// A macro ahead of the name may have arguments: class EXPORT(x) Foo. Its parentheses begin no function.
+int BehindMacro(const char *line, int index, Globals *G) {
+    if (NextChar(line + index - 1) != '(') {
+        return index;
+    }
+    for (; line[index] && !IsLineEnd(line[index]); ++index) {
+        if (line[index] == '(') {
+            G->paren_skip = 1;
+        } else if (line[index] == ')') {
+            return index + 1;
+        }
+    }
+    return index;
+}
+
+const char *BehindLast(const char *name, char separator) {
+    const char *last = strrchr(name, separator);
+    return last ? last + 1 : nullptr;
+}
+
+// Puts the own names of the enclosing classes in front, the outermost first.
+void AppendEnclosing(int in_namespace, Globals *G) {
+    const int stored = std::min(G->class_index, kNestingLimit);
+    for (int i = 0; i < stored; ++i) {
+        const char *outer = G->class_stack[i].body.classname;
+        const char *colon = BehindLast(outer, ':');
+        const char *dot = BehindLast(outer, '.');
+        if (in_namespace ? colon != nullptr : G->is_cpp) {
+            AppendText(G->classname, colon ? colon : outer);
+            AppendText(G->classname, "::");
+        } else if (!in_namespace || dot) {
+            AppendText(G->classname, dot ? dot : outer);
+            AppendText(G->classname, ".");
+        }
+    }
+}
+
+void QualifyName(const char *name, Globals *G) {
+    const int in_namespace = G->namespace_flag && isfirstchar(*G->namespace_name) && !strstr(name, "::") && !strchr(name, '.');
+    if (in_namespace) {
+        CopyText(G->classname, G->namespace_name);
+        AppendText(G->classname, G->is_java || G->is_cs ? "." : "::");
+    }
+    AppendEnclosing(in_namespace, G);
+    if (!AppendText(G->classname, name)) { // a name without its scopes is better than scopes without a name
+        CopyText(G->classname, name);
+    }
+}
+
+} // namespace
+
+void GetClassname(const char *line, int col, Globals *G) {
+    ClearText(G->classname);
+    if (!line || G->template_beg_flag) {
+        return;
+    }
+    if (col < 0 || static_cast<size_t>(col) > strlen(line)) {
+        Message(G, "  Error: Internal Error, GetClassname... Aborting\n         Line: %s\n", line);
+        return;
+    }
+    LineText name;
+    for (int index = col;;) {
+        const int begin = BeginOfName(line, index, G);
+        G->classname_pending = begin < 0;
+        if (begin < 0) {
+            return;
+        }
+        const int end = EndOfName(line, begin);
+        if (line[end] == ';') {
+            G->forward_decl_flag = 1;
+        }
+        CopyPart(name, line + begin, static_cast<size_t>(end - begin));
+        if (!is_macro(name, G)) {
+            break;
+        }
+        index = BehindMacro(line, end, G);
+    }
+    QualifyName(name, G);
+
+    G->class_start_white = WhiteSoFar(G);
+    G->class_start_chars = G->file_chars;
+    StripCComment(G->classname);
+    StripCPPComment(G->classname);
+    StripChars(G->classname, kHeadingNoise);
+    FormatTemplateLine(G->classname);
+    Lefttrim(G->classname);
+    Rtrim(G->classname);
+}
+
+void SetInterface(char *name) {
+    LineText full;
+    CopyText(full, kInterfacePrefix);
+    CopyText(std::span(full).subspan(strlen(full)), name);
+    memcpy(name, full, strlen(full) + 1);
+}
+
+const char *GetInterface(const char *name) {
+    return strstr(name, kInterfacePrefix) ? strchr(name, '-') + 1 : nullptr;
+}
+
+void FormatInheritline(char *text, Globals *G) {
+    char *implements = G->is_java ? strstr(text, "implements") : nullptr;
+    if (implements) { // the interfaces are no base classes, on whichever side of extends they stand
+        const char *extends = strstr(text, "extends");
+        if (extends && extends > implements) {
+            memmove(text, extends, strlen(extends) + 1);
+        } else {
+            *implements = '\0';
+        }
+    }
+    if (char *where = G->is_cs ? strstr(text, "where") : nullptr) { // class A<T> : B where T : new()
+        *where = '\0';
+    }
+    StripStrings(text, "public private protected extends");
+    StripChars(text, kHeadingNoise);
+    FormatTemplateLine(text);
+    Lefttrim(text);
+    Rtrim(text);
+}
+
+int CheckMultipleInheritance(const char *text) {
+    return text[strcspn(text, ",<")] == ',';
+}

@@ -1,0 +1,273 @@
+// Helpers on source text, as the recognisers need them: bytes in, bytes out, no state.
+//
+// Not here: what is told of a whole line (SingleChar in parse_line.cpp), and the marks in front of a keyword (keywords.cpp).
+#include "analysis/code_text.h"
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kLongestLine = 2048;
+
+int IsWordChar(char c) {
+    return IsLetterOrDigit(c) || c == '_';
+}
+
+// p stands on the "/" of a comment that opens; behind it, or at the LF or NUL that it doesn't close ahead of.
+const char *BehindComment(const char *p) {
+    for (p += 2; *p && *p != '\n'; ++p) {
+        if (*p == '*' && p[1] == '/') {
+            return p + 2;
+        }
+    }
+    return p;
+}
+
+// Where the kinds of tokens differ.
+struct TokenKind {
+    const char *skipped; // ahead of the token
+    const char *ends;    // it, beside NUL
+    int any_first;       // it may begin with any character
+};
+
+constexpr TokenKind kNameToken{" \t", " {\t:\r(;)/\n", 0};
+constexpr TokenKind kCodeToken{" \t{(", " {\t:\r(;)/\n", 1};
+constexpr TokenKind kRawToken{" \t\r", " \t\r\n", 0};
+
+int IsOneOf(char c, const char *set) {
+    return c != '\0' && strchr(set, c) != nullptr;
+}
+
+// Index of the token's first character; -1 if the line has none left.
+int FindToken(const char *line, int index, const TokenKind &kind) {
+    while (IsOneOf(line[index], kind.skipped)) {
+        ++index;
+    }
+    if (IsLineEnd(line[index]) || (line[index] == '/' && line[index + 1] == '/')) {
+        return -1;
+    }
+    if (line[index] == '/' && line[index + 1] == '*') {
+        const char *close = strstr(line + index + 2, "*/");
+        if (close) {
+            return static_cast<int>(close + 2 - line);
+        }
+    }
+    return index;
+}
+
+const char *ReadToken(const char *line, int index, std::span<char> out, const TokenKind &kind) {
+    ClearText(out);
+    int end = FindToken(line, index, kind);
+    if (end < 0) {
+        return nullptr;
+    }
+    const int begin = end;
+    while (end < kLongestLine && line[end] && !IsOneOf(line[end], kind.ends)) {
+        ++end;
+    }
+    if (end >= kLongestLine) {
+        fputs("  Error: Unexpected line length with no line feed", stdout);
+        return nullptr;
+    }
+    CopyPart(out, line + begin, end - begin);
+    return kind.any_first || isfirstchar(out[0]) ? out.data() : nullptr;
+}
+
+} // namespace
+
+const char *NextCharAt(const char *p) {
+    if (*p == '\0') {
+        return p;
+    }
+    for (++p;;) {
+        p = Ltrim(p);
+        if (p[0] != '/' || p[1] != '*') {
+            return p;
+        }
+        p = BehindComment(p);
+    }
+}
+
+char NextChar(const char *p) {
+    p = NextCharAt(p);
+    return p[0] == '/' && p[1] == '/' ? '\n' : *p;
+}
+
+int FindCodeChar(const char *p, char ch) {
+    while (*p && !IsLineEnd(*p)) {
+        if (OpensComment(p)) {
+            if (p[1] == '/') {
+                return 0;
+            }
+            p = BehindComment(p);
+        } else if (*p == ch) {
+            return 1;
+        } else {
+            ++p;
+        }
+    }
+    return 0;
+}
+
+int eatWS(int index, const char *line) {
+    while (IsBlankOrTab(line[index]) || IsLineEnd(line[index])) {
+        ++index;
+    }
+    return index;
+}
+
+int eatNotWS(int index, const char *line) {
+    while (line[index] && !IsBlankOrTab(line[index]) && !IsLineEnd(line[index])) {
+        ++index;
+    }
+    return index;
+}
+
+int IsUpperCase(const char *text) {
+    for (; *text && *text != '\n'; ++text) {
+        if (*text >= 'a' && *text <= 'z') {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+const char *GetNextToken(const char *line, int index, std::span<char> out) {
+    return ReadToken(line, index, out, kNameToken);
+}
+
+const char *GetNextCodeToken(const char *line, int index, std::span<char> out) {
+    return ReadToken(line, index, out, kCodeToken);
+}
+
+const char *GetNextRawToken(const char *line, int index, std::span<char> out) {
+    return ReadToken(line, index, out, kRawToken);
+}
+
+int TokenIndex(const char *line, int index) {
+    const int found = FindToken(line, index, kNameToken);
+    return found < 0 ? index : found;
+}
+
+namespace {
+
+// Joins the pieces between delimiters with one blank, without those that other holds. It never grows: it works in place.
+void JoinPieces(char *text, const char *delimiters, const char *other) {
+    char *out = text;
+    LineText piece;
+    for (const char *p = text + strspn(text, delimiters); *p; p += strspn(p, delimiters)) {
+        const size_t length = strcspn(p, delimiters);
+        if (other) {
+            CopyPart(piece, p, length);
+        }
+        if (!other || !strstr(other, piece)) {
+            if (out != text) {
+                *out++ = ' ';
+            }
+            memmove(out, p, length);
+            out += length;
+        }
+        p += length;
+    }
+    *out = '\0';
+}
+
+} // namespace
+
+void StripChars(char *text, const char *delimiters) {
+    JoinPieces(text, delimiters, nullptr);
+}
+
+void StripStrings(char *text, const char *other) {
+    JoinPieces(text, " \t\r\n", other);
+}
+
+void Strip_nrt(const char *text, std::span<char> out) {
+    size_t length = 0;
+    for (; *text && length + 1 < out.size(); ++text) {
+        if (IsOneOf(*text, "\n\r\t{")) {
+            continue;
+        }
+        out[length++] = *text;
+        if (*text == ',' && length + 1 < out.size()) {
+            out[length++] = ' ';
+        }
+    }
+    out[length] = '\0';
+}
+
+void FormatTemplateLine(char *text) {
+    if (strlen(text) > sizeof(LineText) - 1) {
+        return;
+    }
+    char *out = text;
+    for (const char *p = text; *p;) {
+        if (IsBlankOrTab(*p)) {
+            ++p;
+            continue;
+        }
+        if (!IsWordChar(*p)) {
+            *out++ = *p++;
+            continue;
+        }
+        const char *end = p;
+        while (IsWordChar(*end)) {
+            ++end;
+        }
+        const size_t length = end - p;
+        const int blank = IsBlankOrTab(*end);
+        const int noise = (length == 5 && memcmp(p, "class", 5) == 0) || (length == 8 && memcmp(p, "typename", 8) == 0);
+        const int name = length == 8 && memcmp(p, "operator", 8) == 0;
+        if (!(noise && blank)) {
+            memmove(out, p, length);
+            out += length;
+        }
+        if (name && blank) { // operator new
+            *out++ = ' ';
+        }
+        p = end;
+    }
+    *out = '\0';
+}
+
+int CountParents(const char *text) {
+    if (!text) {
+        return 0;
+    }
+    int parents = 1;
+    int depth = 0;
+    for (; *text; ++text) {
+        depth += *text == '<' ? 1 : *text == '>' && depth > 0 ? -1 : 0;
+        parents += *text == ',' && depth == 0;
+    }
+    return parents;
+}
+
+void StripCComment(char *text) {
+    char *begin = strstr(text, "/*");
+    const char *end = strstr(text, "*/");
+    if (begin && end && end >= begin + 2) {
+        memmove(begin, end + 2, strlen(end + 2) + 1);
+    }
+}
+
+void StripCPPComment(char *text) {
+    char *begin = strstr(text, "//");
+    if (begin) {
+        *begin = '\0';
+    }
+}
+
+void Lefttrim(char *text) {
+    const char *begin = Ltrim(text);
+    memmove(text, begin, strlen(begin) + 1);
+}
+
+void stripLF(char *text) {
+    size_t length = strlen(text);
+    if (length > 0 && text[length - 1] == '\n') {
+        --length;
+        length -= length > 0 && text[length - 1] == '\r';
+        text[length] = '\0';
+    }
+}

@@ -1,0 +1,87 @@
+// The lists of what the source holds, and the macro words, each with its index by name.
+//
+// Records are only ever appended: a list keeps the order of first appearance, and the index answers what the first match of a walk
+// would.
+#include "analysis/entities.h"
+
+#include <cerrno>
+
+#include "report/mode.h"
+#include "run/globals.h"
+
+namespace {
+
+void MemoryError(Globals *G) {
+    Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+}
+
+// The record in the list's last node enters the index; null, after a message, when the record wasn't added or doesn't fit in.
+NodeData *EnterLast(int added, Llist *list, NameIndex *index, Globals *G) {
+    if (!added || !IndexName(index, list->tail->data)) {
+        MemoryError(G);
+        return nullptr;
+    }
+    return Record<NodeData>(list->tail);
+}
+
+NodeData *AddRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
+                    int is_struct, Llist *list, NameIndex *index, Globals *G) {
+    const int added = AddListNode(0, name, nullptr, inherit, template_text, G->file_name, line, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                                  0, 0, 0, 0, nesting, parents, is_struct, nullptr, list, G, 0.0F);
+    return EnterLast(added, list, index, G);
+}
+
+} // namespace
+
+NodeData *FindClass(const char *name, const Globals *G) {
+    return static_cast<NodeData *>(FindIndexed(&G->class_index_by_name, name));
+}
+
+NodeData *FindInterface(const char *name, const Globals *G) {
+    return static_cast<NodeData *>(FindIndexed(&G->interface_index_by_name, name));
+}
+
+NodeData *FindNamespace(const char *name, const Globals *G) {
+    return static_cast<NodeData *>(FindIndexed(&G->namespace_index_by_name, name));
+}
+
+NodeData *AddClassRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
+                         int is_struct, Globals *G) {
+    return AddRecord(name, inherit, template_text, line, nesting, parents, is_struct, &G->class_list, &G->class_index_by_name, G);
+}
+
+NodeData *AddInterfaceRecord(const char *name, int line, int nesting, Globals *G) {
+    return AddRecord(name, nullptr, nullptr, line, nesting, 0, 0, &G->interface_list, &G->interface_index_by_name, G);
+}
+
+NodeData *AddNamespaceRecord(const char *name, int line, Globals *G) {
+    return AddRecord(name, nullptr, nullptr, line, 0, 0, 0, &G->namespace_list, &G->namespace_index_by_name, G);
+}
+
+void RenameClass(NodeData *record, const char *name, Globals *G) {
+    char *copy = CopyOnHeap(name);
+    if (!copy) {
+        MemoryError(G);
+        return;
+    }
+    UnindexName(&G->class_index_by_name, record);
+    free(record->name);
+    record->name = copy;
+    IndexName(&G->class_index_by_name, record);
+}
+
+int is_macro(const char *word, const Globals *G) {
+    return *word > ' ' && FindIndexed(&G->macro_index_by_name, word) != nullptr;
+}
+
+void AddMacro(const char *name, int line, Globals *G) {
+    if (AddNameNode(name, line, 0, &G->macro_list, 0, G)) {
+        IndexName(&G->macro_index_by_name, G->macro_list.tail->data);
+    }
+}
+
+void IndexMacros(Globals *G) {
+    for (NameData *macro : Records<NameData>(G->macro_list)) {
+        IndexName(&G->macro_index_by_name, macro);
+    }
+}

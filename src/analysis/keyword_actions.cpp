@@ -1,0 +1,299 @@
+// The words that do more than count: heads of classes and templates, statements with a body, initialisers.
+#include "analysis/keyword_actions.h"
+
+#include "analysis/class.h"
+#include "analysis/code_text.h"
+#include "analysis/scan.h"
+#include "notices/raise.h"
+#include "run/globals.h"
+
+namespace {
+
+enum BodyKind { kDo = 1, kElse, kFor, kIf, kWhile };
+
+// The next code character behind the word.
+char Behind(const Scan &scan, int end) {
+    return NextChar(scan.line + end - 1);
+}
+
+// From here on it is looked out for whether the statement's body stands in braces.
+void BeginBody(BodyKind kind, const Scan &scan, Globals *G) {
+    G->scope_kind = kind;
+    G->scope_line = scan.number;
+    G->scope_paren = G->local_paren;
+}
+
+// do and else have no condition: what follows is the body.
+void FindBody(BodyKind kind, const Scan &scan, int end, int has_if, Globals *G) {
+    BeginBody(kind, scan, G);
+    const char body = Behind(scan, end);
+    if (body == '{' || has_if) {
+        G->scope_kind = 0;
+        G->scope_line = 0;
+        G->scope_paren = 0;
+    } else if (body > ' ') { // else x = 1;
+        EmitScopeError(G);
+    } else {
+        G->scope_pending_line = scan.number;
+    }
+}
+
+// The line declares only: "class A;". begin leaves out what can't be behind a keyword, wherever the keyword stands.
+int IsDeclaration(const Scan &scan, int begin) {
+    return strchr(scan.line + begin, ';') && !strchr(scan.line + begin, '{');
+}
+
+} // namespace
+
+// Two in a row with no case between them are a trick.
+void OnBreak(Scan &, int, Globals *G) {
+    if (G->break_flag == 1) {
+        NoticeAtLine(56, G);
+    }
+    G->break_flag = 1;
+    NoticeAtLine(44, G);
+}
+
+void OnDo(Scan &scan, int end, Globals *G) {
+    FindBody(kDo, scan, end, 0, G);
+}
+
+void OnElse(Scan &scan, int end, Globals *G) {
+    if (G->preproc_flag) { // # else
+        return;
+    }
+    const int has_if = strstr(scan.line + end, "if") != nullptr; // "else if (a)": the if counts by itself
+    ++G->else_count;
+    G->local_else += !has_if;
+    FindBody(kElse, scan, end, has_if, G);
+}
+
+void OnFor(Scan &scan, int, Globals *G) {
+    G->for_flag = 1;
+    BeginBody(kFor, scan, G);
+}
+
+void OnForeach(Scan &scan, int, Globals *G) {
+    BeginBody(kFor, scan, G);
+}
+
+void OnIf(Scan &scan, int, Globals *G) {
+    if (G->preproc_flag) { // # if (A)
+        return;
+    }
+    G->if_flag = 1;
+    G->break_flag = 0;
+    ++G->local_if;
+    BeginBody(kIf, scan, G);
+    G->scope_pending_line = scan.number;
+}
+
+void OnWhile(Scan &scan, int, Globals *G) {
+    G->while_flag = 1;
+    BeginBody(kWhile, scan, G);
+}
+
+void OnGoto(Scan &, int, Globals *G) {
+    NoticeAtLine(9, G);
+    G->local_return += G->goto_is_return != 0;
+}
+
+// delegate(int a) { return a; } returns from no function of the file
+void OnReturn(Scan &, int, Globals *G) {
+    if (!G->delegate_flag) {
+        ++G->return_count;
+        ++G->local_return;
+    }
+}
+
+// A "}" of the same depth ends it. Without an open one, a break stands outside any switch.
+void OnSwitch(Scan &, int, Globals *G) {
+    ++G->switch_depth;
+    G->switch_scope = G->function_scope;
+    if (G->switch_depth <= kNestingLimit) {
+        G->switch_stack[G->switch_depth] = G->function_scope;
+    }
+}
+
+// enum color { RED };      its brace
+// void f(enum color c);    only a type
+void OnEnum(Scan &scan, int end, Globals *G) {
+    G->enum_flag = 2;
+    const char *p = scan.line + end;
+    p += strcspn(p, "\n\r;),={");
+    if (*p == '{') {
+        ++G->enum_count;
+        G->enum_flag = 1;
+    } else if (*p && !IsLineEnd(*p)) {
+        G->enum_flag = 0;
+    }
+}
+
+// class A extends B
+void OnExtends(Scan &scan, int, Globals *G) {
+    if (!G->class_pending || G->inherit_flag || G->inherit_more) {
+        return;
+    }
+    G->inherit_flag = 1;
+    G->inherit_more = 1;
+    CopyText(G->inherit_line, scan.line + scan.index);
+    StripCComment(G->inherit_line);
+    StripCPPComment(G->inherit_line);
+}
+
+// int Size { get { return size; } set { size = value; } }
+void OnGet(Scan &scan, int end, Globals *G) {
+    if (Behind(scan, end) == '{') {
+        G->get_flag = 1;
+    }
+}
+
+void OnSet(Scan &scan, int end, Globals *G) {
+    if (Behind(scan, end) == '{') {
+        G->set_flag = 1;
+    }
+}
+
+// static { count = 0; }        an initialiser in Java
+// static int table[] = { 1 };  the same, and its brace is no scope
+void OnStatic(Scan &scan, int end, Globals *G) {
+    const char *rest = scan.line + end;
+    const char next = Behind(scan, end);
+    if (next == '{' || (strchr(rest, '=') && !strstr(rest, "=="))) {
+        G->static_flag = 1;
+        G->static_brace = G->open_braces - G->closebrace_count;
+    } else if (IsLineEnd(next)) {
+        G->static_flag = 0;
+        G->static_pending = 1;
+    }
+}
+
+void OnVirtual(Scan &, int, Globals *G) {
+    if (G->class_flag) {
+        ++G->virtual_count;
+        G->virtual_class = 1;
+        G->virtual_flag = 1;
+    }
+}
+
+// f(void) has a parameter list that says that it is empty
+void OnVoid(Scan &scan, int end, Globals *G) {
+    if (G->funcname_flag && G->param_list_flag && G->function_scope < 1) {
+        G->local_void_param = 1;
+    }
+    if (Behind(scan, end) == '*') {
+        NoticeAtLine(26, G);
+    }
+}
+
+void OnClass(Scan &scan, int end, Globals *G) {
+    if (G->define_flag || G->enum_flag || G->typedef_flag || G->template_beg_flag || G->funcname_flag) {
+        return;
+    }
+    if (G->friend_flag) {
+        G->friend_class = 1;
+    }
+    if (IsDeclaration(scan, 5)) {
+        G->forward_decl_flag = 1;
+        return;
+    }
+    if (G->class_flag && !G->forward_decl_flag) {
+        PushNestedClass(G);
+    }
+    G->class_pending = 1;
+    GetClassname(scan.line, end, G);
+    if (G->forward_decl_flag) { // class A; class B {
+        G->class_pending = 0;
+    }
+}
+
+void OnInterface(Scan &scan, int end, Globals *G) {
+    if (G->template_beg_flag || G->funcname_flag) {
+        return;
+    }
+    if (IsDeclaration(scan, 9)) {
+        G->forward_decl_flag = 1;
+        return;
+    }
+    if (G->class_flag) {
+        PushNestedClass(G);
+    }
+    G->interface_flag = 1;
+    G->class_pending = 1;
+    GetClassname(scan.line, end, G);
+}
+
+namespace {
+
+// struct {              gets its name from the variable behind it
+// struct tag : base {   defines tag
+// struct tag name       declares a variable
+void NameStruct(const Scan &scan, int end, Globals *G) {
+    if (Behind(scan, end) == '{') {
+        GetClassname("instance", 0, G);
+        return;
+    }
+    LineText tag, next;
+    GetNextToken(scan.line, end, tag);
+    const int behind_tag = TokenIndex(scan.line, end) + static_cast<int>(strlen(tag));
+    GetNextRawToken(scan.line, behind_tag, next);
+    if (*next == '\0' || *next == ':' || *next == '{') {
+        GetClassname(scan.line, end, G);
+    } else {
+        ClearText(G->classname);
+    }
+}
+
+} // namespace
+
+void OnStruct(Scan &scan, int end, Globals *G) {
+    if (G->local_paren != 0 || strchr(scan.line, '=')) { // f(struct tag *p), struct tag name = {1};
+        return;
+    }
+    G->typedef_flag = 0;
+    if (G->static_flag || G->define_flag || G->enum_flag || G->template_beg_flag || G->funcname_flag) {
+        return;
+    }
+    if (G->friend_flag) {
+        G->friend_class = 1;
+    }
+    if (IsDeclaration(scan, 5)) {
+        G->forward_decl_flag = 1;
+        if (G->class_flag) { // a member of its type
+            ClassAttribute(scan.line, G);
+        }
+        return;
+    }
+    if (G->class_flag) {
+        PushNestedClass(G);
+    }
+    G->struct_pending = 1;
+    G->class_pending = 1;
+    NameStruct(scan, end, G);
+}
+
+// The heading is the line up to the ">" that closes its first "<".
+void OnTemplate(Scan &scan, int, Globals *G) {
+    G->angle_depth = 0;
+    const char *semicolon = strchr(scan.line, ';');
+    const char *brace = strchr(scan.line, '{');
+    if (semicolon && (!brace || semicolon < brace)) { // template class Stack<int>; is an instantiation
+        --G->template_count;
+        return;
+    }
+    LineText heading;
+    CopyText(heading, scan.line);
+    int opened = 0;
+    int closed = 0;
+    char *p = heading;
+    for (; *p && !IsLineEnd(*p) && (opened < 1 || opened != closed); ++p) {
+        opened += *p == '<';
+        closed += *p == '>';
+    }
+    *p = '\0';
+    StripCComment(heading);
+    StripCPPComment(heading);
+    CopyText(G->template_line, Ltrim(heading));
+    G->template_beg_flag = 1;
+    G->template_flag = 1;
+}

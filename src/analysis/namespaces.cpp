@@ -1,0 +1,220 @@
+// Namespaces of C++ and C#, and packages of Java: which one is open, its full name, one record per distinct name.
+//
+// Like classes they nest by a stack of saved scopes, and levels beyond its size are counted and not saved. A Java package has no
+// braces: it ends with its file, at the caller's.
+#include "analysis/namespaces.h"
+
+#include "analysis/class.h"
+#include "analysis/code_text.h"
+#include "analysis/scan.h"
+#include "notices/raise.h"
+#include "report/forms.h"
+#include "report/names.h"
+#include "run/globals.h"
+
+namespace {
+
+struct ScopeLine {
+    const char *label;
+    int width, indent; // of the name
+};
+
+// clang-format off
+constexpr ScopeLine kScopeLines[2][2][2] = {
+    // at the end                      at the begin
+    {{{"Namespace End",        57, 17}, {"Namespace Begin",        55, 19}},
+     {{"Nested Namespace End", 50, 24}, {"Nested Namespace Begin", 48, 26}}},
+    {{{"Package End",          59, 15}, {"Package Begin",          57, 17}},
+     {{"Nested Package End",   52, 22}, {"Nested Package Begin",   50, 24}}},
+};
+// clang-format on
+
+// The scope in hand has its full name: its line, and its record if the name is new. namespace { has a line and no record.
+void BeginScope(int *count, Scan &scan, Globals *G) {
+    EmitNamespace(G, 1);
+    if (!isfirstchar(*G->namespace_name) || FindNamespace(G->namespace_name, G)) {
+        return;
+    }
+    ++*count;
+    if (!AddNamespaceRecord(G->namespace_name, G->file_line_no, G)) {
+        scan.aborted = 1;
+    }
+}
+
+void PutScopeLine(const ScopeLine &scope, const char *name, const Globals *G) {
+    const Mode mode = OutputMode(G);
+    LineText wrapped;
+    AdjNameLength(name, wrapped, scope.width, scope.indent, G);
+    switch (mode) {
+    case Mode::kHtml: {
+        std::string link;
+        url_encode(HTMLPathFile(G->file_name, G), link);
+        PrintOnly(mode, "  <b><a href=\"%s\" target=\"_blank\">%s</a></b>: <b><font color=\"%s\">%s</font></b>\n",
+                  Shown{link.c_str()}, scope.label, Shown{G->html_notice_color}, Shown{wrapped});
+        break;
+    }
+    case Mode::kCsv: PrintOnly(mode, "%s,%s\n", scope.label, Shown{name}); break;
+    case Mode::kText:
+    case Mode::kXml: PrintOnly(mode, "  %s: %s\n", scope.label, Shown{wrapped}); break;
+    }
+}
+
+// Cuts the name in front of its last "." or "::". 0 when it holds none.
+int CutLastPart(char *name) {
+    for (size_t i = strlen(name); i-- > 0;) {
+        const int doubled = name[i] == ':' && i > 0 && name[i - 1] == ':';
+        if (name[i] == '.' || doubled) {
+            name[doubled ? i - 1 : i] = '\0';
+            return 1;
+        }
+    }
+    return 0;
+}
+
+void AddFigures(NodeData *sum, const NodeData *record) {
+    sum->loc += record->loc;
+    sum->eloc += record->eloc;
+    sum->lloc += record->lloc;
+    sum->comments += record->comments;
+    sum->blanks += record->blanks;
+    sum->lines += record->lines;
+    sum->cyclo += record->cyclo;
+    sum->returns += record->returns;
+    sum->params += record->params;
+    sum->public_methods += record->public_methods;
+    sum->protected_methods += record->protected_methods;
+    sum->private_methods += record->private_methods;
+    sum->public_data += record->public_data;
+    sum->protected_data += record->protected_data;
+    sum->private_data += record->private_data;
+    sum->percent += record->percent;
+}
+
+} // namespace
+
+void OnNamespace(Scan &scan, int end, Globals *G) {
+    if (!G->is_cpp && !G->is_cs) {
+        return;
+    }
+    if (G->using_flag) { // using namespace std;
+        NoticeAtLine(32, G);
+        return;
+    }
+    LineText token;
+    if (!GetNextToken(scan.line, end, token)) {
+        ClearText(token);
+    }
+    if (G->namespace_flag) {
+        LineText full;
+        CopyText(full, G->namespace_name);
+        PushNestedNamespace(G);
+        AppendText(full, G->is_cs ? "." : "::");
+        AppendText(full, token);
+        CopyText(G->namespace_name, full);
+    } else {
+        CopyText(G->namespace_name, token);
+        G->namespace_flag = 1;
+        G->namespacebeg_flag = 1;
+    }
+    BeginScope(&G->namespace_count, scan, G);
+}
+
+void OnPackage(Scan &scan, int end, Globals *G) {
+    if (!G->is_java) {
+        return;
+    }
+    if (!GetNextToken(scan.line, end, G->namespace_name)) {
+        ClearText(G->namespace_name);
+        return;
+    }
+    G->namespacebeg_flag = 1;
+    G->namespace_flag = 1;
+    BeginScope(&G->package_count, scan, G);
+}
+
+void EmitNamespace(Globals *G, int begin) {
+    Rtrim(G->namespace_name);
+    if (G->totals_only || (!G->object_metrics && !G->comment_doc_mode)) {
+        return;
+    }
+    if (G->comment_doc_mode || (G->quality_notices && G->notice_count > 0)) {
+        Put("\n");
+    }
+    const int unnamed = !G->is_java && !isfirstchar(*G->namespace_name);
+    PutScopeLine(kScopeLines[G->is_java != 0][G->namespace_index > 0][begin != 0],
+                 unnamed ? "Anonymous - File Scope" : G->namespace_name, G);
+    if (!G->quality_notices && OutputMode(G) != Mode::kCsv) {
+        Put("\n");
+    }
+    if (G->comment_doc_mode) {
+        Put("  %s%s\n", kDashes, kDashes);
+    }
+}
+
+void CloseNamespace(Globals *G) {
+    EmitNamespace(G, 0);
+    G->namespace_flag = 0;
+    G->namespacebeg_flag = 0;
+    G->namespace_scope = 0;
+    G->function_scope = 0;
+    if (G->namespace_index > 0) {
+        PopNestedNamespace(G);
+    }
+}
+
+int PushNestedNamespace(Globals *G) {
+    if (++G->namespace_index <= kNestingLimit) {
+        G->namespace_nested_flag = 1;
+        SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
+        CopyText(saved.namespace_name, G->namespace_name);
+        saved.namespace_scope = G->namespace_scope;
+        saved.function_scope = G->function_scope;
+    }
+    ClearText(G->namespace_name);
+    G->namespace_flag = 1;
+    G->namespace_scope = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+    return G->namespace_index;
+}
+
+int PopNestedNamespace(Globals *G) {
+    if (G->namespace_index < 1) {
+        G->namespace_index = 0;
+        Message(G, "\n  Error: Nested Class indexing\n");
+        return 0;
+    }
+    if (G->namespace_index <= kNestingLimit) {
+        const SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
+        CopyText(G->namespace_name, saved.namespace_name);
+        G->namespace_scope = saved.namespace_scope;
+    } else { // the scope around it wasn't saved; only its own "{" is known to be open
+        G->namespace_scope = 1;
+    }
+    G->namespace_flag = 1;
+    G->namespacebeg_flag = 0;
+    G->struct_flag = 0;
+    G->struct_pending = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+    return --G->namespace_index;
+}
+
+void Add_Class2namespace(const NodeData *record, int only_count, Globals *G) {
+    const char *plain = GetInterface(record->name);
+    LineText name;
+    CopyText(name, plain ? plain : record->name);
+    while (CutLastPart(name)) {
+        NodeData *found = FindNamespace(name, G);
+        if (!found) {
+            continue;
+        }
+        if (strcmp(found->name, "Anonymous") != 0) {
+            if (!only_count) {
+                AddFigures(found, record);
+            }
+            ++found->nesting;
+        }
+        return;
+    }
+}

@@ -1,0 +1,19 @@
+// Namespaces and packages.
+#pragma once
+
+struct Globals;
+struct NodeData;
+struct Scan;
+
+// The keywords; end is the index behind the word. When a record can't be made: a message, and scan.aborted is set.
+void OnNamespace(Scan &scan, int end, Globals *G);
+void OnPackage(Scan &scan, int end, Globals *G);
+// The line that tells that the scope in hand begins, or with 0 ends.
+void EmitNamespace(Globals *G, int begin);
+// The "}" in hand ends the open namespace.
+void CloseNamespace(Globals *G);
+// Put the scope in hand aside for one inside it, and take it back. The new namespace_index.
+int PushNestedNamespace(Globals *G);
+int PopNestedNamespace(Globals *G);
+// Adds a class record's figures to the innermost namespace in its name; with only_count just raises its class count.
+void Add_Class2namespace(const NodeData *record, int only_count, Globals *G);

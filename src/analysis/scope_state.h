@@ -1,0 +1,53 @@
+// The flags and balances of the code stage: what has been seen of the statement, the head and the block in hand. A flag is 0 or 1
+// unless told otherwise. All of it is cleared behind every file; most of it survives from line to line.
+#pragma once
+
+#include "run/text.h"
+
+inline constexpr int kNestingLimit = 32; // levels that a nesting stack stores; deeper ones only count
+
+struct ScopeState {
+    int function_scope; // brace depth inside a function, 0 outside; blocks inside a method too
+    int local_paren;    // open parentheses now
+    int local_bracket;  // open brackets now
+    int angle_depth;    // "<" minus ">" since the last ";"
+    int comma_count;    // commas at parenthesis balance in the statement
+
+    int assignment_flag; // an "=" was seen in this statement
+    int preproc_flag;    // a preprocessor line
+    int define_flag;     // a #define line
+    int error_flag;      // a #error line
+    int if_directive;    // #if, #ifdef or #ifndef since the last function head
+    int macro_flag;      // this #define has parameters: its lines are a macro region
+    int typedef_flag;
+    int enum_flag; // 2: enum seen, brace to come; 1: inside its braces
+    int new_flag;  // new in this statement: its "{" is no scope
+    int friend_flag, friend_class;
+    int if_flag, for_flag, while_flag; // the condition of that keyword is open
+    int catch_flag;                    // a catch ( head is open
+    int virtual_flag;                  // virtual in this statement
+    int const_flag;                    // const, in Java final, in this statement
+    int event_flag, delegate_flag;     // C#
+    int where_flag;                    // C# generic constraint
+    int at_flag;                       // Java "@" on this line: the next parenthesis is no function
+    int static_flag;                   // inside a static initialiser
+    int static_brace;                  // its brace level
+    int static_pending;                // its "{" may be on the next line
+    int forward_decl_flag;             // class or struct declaration that ends in ";"
+    int paren_skip;                    // the next ")" closes a parenthesis inside a class head
+    int dotnet_attr;                   // inside [ ] at file level of a header, C++ or C# file
+    int star_flag;                     // a "*" in this statement
+    int get_flag, set_flag;            // a C# accessor body
+    int using_flag;
+    int break_flag; // a break came last
+
+    int switch_depth;                    // open switches
+    int switch_scope;                    // function_scope of the innermost one
+    int switch_stack[kNestingLimit + 1]; // scopes of the open switches, from index 1
+
+    // a body without braces: what is waited for
+    int scope_kind;         // 1 do, 2 else, 3 for, 4 if, 5 while; 0 for nothing
+    int scope_line;         // line of the keyword
+    int scope_paren;        // local_paren at the keyword
+    int scope_pending_line; // line from which on the body is looked for
+};

@@ -1,0 +1,43 @@
+// The long forms of a notice: how a head is composed, and how a text becomes HTML.
+//
+// A text is written once. `Marked` words and values are bold in HTML; only a text whose wording differs there is written twice.
+//
+//   constexpr LongText<int, int> kLimit{"%d exceeds the limit of `%d`.\n"};
+//   WriteLong(27, G->file_line_no, G, kLimit, value, G->max_return_points);
+#pragma once
+
+#include <string>
+
+#include "report/forms.h"
+
+struct Globals;
+
+template <class... Args> struct LongText {
+    forms::Format<Args...> text;
+    forms::Format<Args...> html{}; // empty: as text
+};
+
+// Writes "\n    Notice #12: Line 7: " or what stands for it in the mode and in the order of the settings.
+void WriteHead(int n, int line, const Globals *G);
+// A text with its marks made bold, or taken away; in XML encoded. It stays a format: encoding leaves % as it is.
+std::string MarkedText(const char *text, const char *html, Mode mode);
+// A long form without values; html may be null. WriteRowText takes the text of the notice's row.
+void WriteText(int n, int line, const char *text, const char *html, const Globals *G);
+void WriteRowText(int n, int line, const Globals *G);
+
+template <class... Args>
+void WriteLong(int n, int line, const Globals *G, const LongText<Args...> &body, std::type_identity_t<Args>... args) {
+    const Mode mode = OutputMode(G);
+    WriteHead(n, line, G);
+    const std::string marked = MarkedText(body.text.text, body.html.text, mode);
+    forms::Format<Args...> format;
+    format.text = marked.c_str();
+    PrintOnly<Args...>(mode, format, args...);
+}
+
+// The steps of Raise, for raisers that depart from them. CountNotice: is n on, is there no skip region; counts it, or returns 0.
+int CountNotice(int n, Globals *G);
+// 1 if notices are printed where they come up.
+int PrintsInPlace(const Globals *G);
+// Prints the short form where one is wanted. Returns 1 when the caller is to write its long form; never without in_place.
+int PrintNotice(int n, int in_place, Globals *G);

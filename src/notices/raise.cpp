@@ -1,0 +1,79 @@
+// The protocol of the notices: counting, the short forms, the list of notices.
+#include "notices/raise.h"
+
+#include "notices/catalogue.h"
+#include "notices/long_form.h"
+#include "run/globals.h"
+
+int CountNotice(int n, Globals *G) {
+    if (n < 1 || n > kNotices || !G->notice_enabled[n] || G->skip_quality_active) {
+        return 0;
+    }
+    ++G->notice_count;
+    ++G->notice_cnt[n];
+    return 1;
+}
+
+int PrintsInPlace(const Globals *G) {
+    return G->quality_notices && !G->totals_only;
+}
+
+int PrintNotice(int n, int in_place, Globals *G) {
+    if (in_place && !G->notice_vs_format && !G->notice_short_format) {
+        return 1;
+    }
+    if (in_place || G->notices_by_file) {
+        EmitNotice(G->file_name, G->file_line_no, n, G);
+    }
+    return 0;
+}
+
+int Raise(int n, Globals *G) {
+    return CountNotice(n, G) && PrintNotice(n, PrintsInPlace(G), G);
+}
+
+int NoticesArePrinted(const Globals *G) {
+    return PrintsInPlace(G) || G->notices_by_file;
+}
+
+void CountTabNotices(int count, Globals *G) {
+    if (G->notice_enabled[30] && !G->skip_quality_active) {
+        G->notice_count += count;
+        G->notice_cnt[30] += count;
+    }
+}
+
+// One line. given is the line that the raiser told, line the one to show: they differ for a body without braces. Built-in texts go
+// out as they stand but for XML; those of the user are encoded in every mode.
+static void ShortForm(const char *file, int given, int line, int n, const char *text, const Globals *G) {
+    const Mode mode = OutputMode(G);
+    const forms::Passed<Shown> encoded(n > kNotices || mode == Mode::kXml ? mode : Mode::kText, Shown{text});
+    if (G->notice_vs_format) {
+        PrintOnly<Shown, int, int, const char *>(mode, "%s(%d) : Notice #%-4d - %s\n", Shown{file}, line, n, encoded.get());
+    } else if (mode == Mode::kHtml) {
+        PrintOnly<Shown, int, int, const char *>(mode, "  <font color=%s><b>Notice</b></font> <b>#%4d</b>: Line <b>%d</b>, %s\n",
+                                                 Shown{G->html_notice_color}, n, line, encoded.get());
+    } else if (mode == Mode::kXml && !G->totals_no_file_names) {
+        Put("<notice>\n<type>%d</type>\n<line>%d</line><description>%s</description>\n</notice>\n", n, given, encoded.get());
+    } else if (G->reorder_notice_line) {
+        Put("  Line %4d: Notice #%4d: %s\n", line, n, encoded.get());
+    } else {
+        Put("  Notice #%4d: Line %4d, %s\n", n, line, encoded.get());
+    }
+}
+
+void EmitNotice(const char *file, int line, int n, Globals *G) {
+    const int bare_body = n == 22 && G->function_metrics;
+    const int shown_line = bare_body ? G->scope_line : line;
+    if (G->notices_by_file || G->notices_by_file_tn) {
+        char text[80];
+        if (!bare_body) {
+            ShortForm(file, line, shown_line, n, GetNoticeStr(n, G), G);
+        } else {
+            const char *quote = OutputMode(G) == Mode::kXml && !G->totals_no_file_names && !G->notice_vs_format ? "" : "'";
+            FormatText(text, "%s%s%s is not bound with scope braces {}", quote, ScopeWord(G->scope_kind), quote);
+            ShortForm(file, line, shown_line, n, text, G);
+        }
+    }
+    AddNameNode(file, shown_line, n, &G->notice_list, 0, G);
+}

@@ -1,0 +1,208 @@
+// What decides about a notice where more than one flag is looked at: bodies without braces, assigned numbers, and the closing
+// figures of functions and classes.
+#include "notices/raise.h"
+
+#include <cstring>
+
+#include "analysis/code_text.h"
+#include "analysis/scan.h"
+#include "report/mode.h"
+#include "run/globals.h"
+
+namespace {
+
+constexpr int kElse = 2, kWhile = 5; // values of scope_kind
+
+// A number at text, or behind a cast: x = 5;  x = (int) 5;  x = static_cast<int>(5);  first is the first code character of text.
+void TestLiteral(const char *text, char first, Globals *G) {
+    if (G->enum_flag || G->virtual_flag) { // enum { A = 1 }  and  virtual void f() = 0  assign nothing
+        return;
+    }
+    if (IsDigit(first) && !G->const_flag) {
+        EmitNumericAssignment(text, G);
+        return;
+    }
+    const char *cast_end = nullptr;
+    if (first == '(') {
+        cast_end = strchr(text, ')');
+    } else if (first != '\0' && G->is_cpp) {
+        const char *angle = strchr(text, '>');
+        cast_end = angle ? strchr(angle, '(') : nullptr;
+    }
+    if (cast_end && IsDigit(NextChar(cast_end))) {
+        EmitNumericAssignment(cast_end + 1, G);
+    }
+}
+
+// An if, or a word that ends in it, as in "else" and "if (b)" on two lines.
+int HoldsIf(const char *line) {
+    for (const char *p = line; (p = strstr(p, "if")) != nullptr; p += 2) {
+        if (p[2] == '(' || IsBlankOrTab(p[2]) || IsLineEnd(p[2])) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+// 0 if a character for which the check ran stands in front of index for sure: what it told of the whole line still holds. It
+// doesn't run for comments, literals and "*".
+int MayBeFirstCode(const Scan &scan) {
+    int i = scan.index - 1;
+    while (i >= 0 && IsBlankOrTab(scan.line[i])) {
+        --i;
+    }
+    return i < 0 || scan.line[i] <= ' ' || strchr("/*\"'", scan.line[i]) != nullptr;
+}
+
+float Percent(int part, int whole) {
+    return static_cast<float>(part) / static_cast<float>(whole) * 100.0F;
+}
+
+// The name without its class: behind the last ":" of Tree::Walk, behind the last "." of Tree.Walk, in C# without its <T>.
+void NoticeOfName(Globals *G) {
+    const char *separator = nullptr;
+    if (G->is_cpp) {
+        separator = strrchr(G->funcname, ':');
+    } else if (G->is_java || G->is_cs) {
+        separator = strrchr(G->funcname, '.');
+    }
+    LineText name;
+    CopyText(name, separator ? separator + 1 : G->funcname);
+    if (G->is_cs) {
+        name[strcspn(name, "<")] = '\0';
+    }
+    EmitFunctionNameNotice(name, G);
+}
+
+void NoticesOfSwitches(Globals *G) {
+    if (G->local_switch > G->local_default) {
+        NoticeAtLine(13, G);
+    }
+    if (G->debug) {
+        Message(G, "*** Debug: local_default         = %d\n", G->local_default);
+        Message(G, "*** local_break           = %d\n", G->local_break);
+        Message(G, "*** fall_through          = %d\n", G->fall_through);
+        Message(G, "*** local_case            = %d\n", G->local_case);
+    }
+    const int labels = G->local_case + (G->default_in_case_break ? G->local_default : 0);
+    if (labels > G->local_break + G->fall_through) {
+        EmitCaseBreakNotice(G);
+    }
+}
+
+// 17 of a function, 31 of a class.
+void NoticeOfComments(int n, const char *kind, const FunctionFigures &figures, float limit, Globals *G) {
+    const int lines = figures.loc + figures.comments;
+    if (lines > 0 && Percent(figures.comments, lines) < limit) {
+        NoticeContent(n, kind, Percent(figures.comments, lines), limit, G);
+    }
+}
+
+void NoticeBelow(int n, const char *kind, float measured, float limit, Globals *G) {
+    if (measured < limit) {
+        NoticeContent(n, kind, measured, limit, G);
+    }
+}
+
+} // namespace
+
+void CheckPending(Scan &scan, Globals *G) {
+    if (G->scope_pending_line < 1 || G->scope_pending_line >= scan.number) {
+        return;
+    }
+    const char *code = scan.line + scan.index;
+    // x =  and its value on this line
+    if (G->assignment_flag && !G->virtual_flag && !G->enum_flag) {
+        TestLiteral(code, *code, G);
+        G->scope_pending_line = 0;
+        return;
+    }
+    if (G->scope_kind == 0) {
+        return;
+    }
+    if (G->scope_kind == kElse && MayBeFirstCode(scan) && HoldsIf(scan.line)) {
+        G->scope_kind = 0;
+        G->scope_pending_line = 0;
+        return;
+    }
+    if (G->function_scope > 0 && G->open_paren == G->close_paren && !FindCodeChar(code, '{')) {
+        EmitScopeError(G);
+    }
+}
+
+void CheckAssignedLiteral(const Scan &scan, Globals *G) {
+    const char *sign = scan.line + scan.index;
+    const char next = NextChar(sign);
+    if (IsLineEnd(next)) {
+        G->scope_pending_line = scan.number;
+    } else {
+        TestLiteral(sign + 1, next, G);
+    }
+}
+
+void CheckBodyBehindParen(const Scan &scan, Globals *G) {
+    if (G->scope_kind == 0 || G->scope_pending_line != 0) {
+        return;
+    }
+    const char next = NextChar(scan.line + scan.index);
+    if (next == '{' || (next == ';' && G->scope_kind == kWhile)) { // do { } while (a);
+        G->scope_kind = 0;
+    } else if (G->local_paren == G->scope_paren) {
+        G->scope_pending_line = scan.number;
+    }
+}
+
+void NoticesBeforeSums(const FunctionFigures &figures, Globals *G) {
+    NoticeOfName(G);
+    if (G->kr_flag) {
+        NoticeAtLine(10, G);
+    }
+    if (G->local_bracket != 0) {
+        NoticeAtLine(11, G);
+    }
+    if (G->local_paren != 0) {
+        NoticeAtLine(12, G);
+    }
+    NoticesOfSwitches(G);
+    if (figures.loc > G->min_func_loc_content) {
+        NoticeOfComments(17, "Function", figures, G->min_func_comment_pct, G);
+        NoticeBelow(46, "Function", figures.blank_pct, G->min_func_blank_pct, G);
+        NoticeBelow(16, "Function", figures.white_pct, G->min_func_white_pct, G);
+    }
+    if (figures.eloc > G->max_func_eloc) {
+        NoticeFuncEloc(G);
+    }
+}
+
+void NoticesOfLimits(const FunctionFigures &figures, Globals *G) {
+    if (G->local_return > G->max_return_points) {
+        Notice_Return_Limit(G->local_return, G);
+    }
+    if (G->local_params > G->max_interface) {
+        Notice_Interface_Limit(G->local_params, G);
+    }
+    if (G->local_params <= 0 && !G->local_void_param) {
+        NoticeAtLine(49, G);
+    }
+    if (figures.lloc <= G->min_func_eloc) {
+        Notice_MinFuncLloc(figures.lloc, G);
+    }
+}
+
+void NoticesOfClass(const FunctionFigures &figures, Globals *G) {
+    if (!G->object_metrics || !G->quality_notices) {
+        return;
+    }
+    const char *kind = G->struct_flag ? "Struct" : "Class";
+    if (figures.loc > G->min_class_loc_content) {
+        NoticeOfComments(31, kind, figures, G->min_class_comment_pct, G);
+        NoticeBelow(16, kind, figures.white_pct, G->min_func_white_pct, G);
+        NoticeBelow(46, kind, figures.blank_pct, G->min_func_blank_pct, G);
+    }
+    if (G->virtual_class && !G->virtual_dtor) {
+        NoticeAtLine(37, G);
+    }
+    if (G->cls_pub_methods + G->cls_prot_methods + G->cls_priv_methods > G->max_class_methods) {
+        EmitClassFunctionNotice(G->struct_flag ? "struct" : "class", G);
+    }
+}

@@ -1,0 +1,95 @@
+// One walk for the two-column blocks and one for the XML elements. Which rows there are is told by the summaries.
+#include "report/columns.h"
+
+#include <algorithm>
+
+#include "report/mode.h"
+
+static bool IsPoints(Figure figure) {
+    return figure >= kFpLoc && figure <= kFpLloc;
+}
+
+static int Decimals(Figure figure, int decimals) {
+    return IsPoints(figure) ? std::max(decimals, 1) : decimals;
+}
+
+void LeftColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G) {
+    Put(OutputMode(G) == Mode::kHtml ? "  <b>%s%s</b> %9.*f" : "  %s%s %9.*f", prefix, label, decimals, value);
+}
+
+void RightColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G) {
+    Put(OutputMode(G) == Mode::kHtml ? "  <b>%s%s</b> %10.*f\n" : "  %s%s %10.*f\n", prefix, label, decimals, value);
+}
+
+void ShowColumns(std::span<const ColumnRow> rows, const char *prefix, const Figures &figures, int decimals, const Globals *G) {
+    for (const ColumnRow &row : rows) {
+        LeftColumn(prefix, row.left, figures.value[row.left_figure], Decimals(row.left_figure, decimals), G);
+        if (row.right) {
+            RightColumn(prefix, row.right, figures.value[row.right_figure], Decimals(row.right_figure, decimals), G);
+        } else {
+            Put("\n");
+        }
+    }
+}
+
+void ShowSeparator() {
+    Put("  %s\n", "       ------     -----     -----     ------     ------     -----       ");
+}
+
+struct Element {
+    Figure figure;
+    const char *name;
+};
+
+static constexpr Element kMembers[] = {{kFunctions, "methods"},
+                                       {kPublicMethods, "public_methods"},
+                                       {kProtectedMethods, "protected_methods"},
+                                       {kPrivateMethods, "private_methods"},
+                                       {kPublicData, "public_attributes"},
+                                       {kProtectedData, "protected_attributes"},
+                                       {kPrivateData, "private_attributes"}};
+
+static constexpr Element kOfFunctions[] = {{kLoc, "loc"},
+                                           {kEloc, "eloc"},
+                                           {kLloc, "lloc"},
+                                           {kComments, "comments"},
+                                           {kBlanks, "blanks"},
+                                           {kParams, "params"},
+                                           {kReturns, "returns"},
+                                           {kInterface, "interface_complexity"},
+                                           {kCyclo, "cyclomatic_complexity"},
+                                           {kComplexity, "total_complexity"},
+                                           {kLines, "lines"},
+                                           {kFpLoc, "function_points_loc"},
+                                           {kFpEloc, "function_points_eloc"},
+                                           {kFpLloc, "function_points_lloc"}};
+
+static void ShowElement(const Element &element, const char *prefix, const Figures &figures, int decimals) {
+    Put("<%s%s>%.*f</%s%s>\n", prefix, element.name, Decimals(element.figure, decimals), figures.value[element.figure], prefix,
+        element.name);
+}
+
+void ShowElements(const Summary &summary, ElementSet set) {
+    const struct {
+        const char *prefix;
+        Figures figures;
+        int decimals;
+        bool extreme; // of single records: no function points, no total complexity
+    } blocks[] = {{"", summary.sum, 0, false},
+                  {"average_", AverageOf(summary), 2, false},
+                  {"max_", summary.maximum, 0, true},
+                  {"min_", summary.minimum, 0, true}};
+    for (const auto &block : blocks) {
+        if (set >= kNamespaceElements) {
+            ShowElement({kClasses, "classes"}, block.prefix, block.figures, block.decimals);
+        }
+        for (const Element &element : std::span(kMembers, set >= kClassElements ? std::size(kMembers) : 0)) {
+            ShowElement(element, block.prefix, block.figures, block.decimals);
+        }
+        for (const Element &element : kOfFunctions) {
+            if (!block.extreme || (!IsPoints(element.figure) && element.figure != kComplexity)) {
+                ShowElement(element, block.prefix, block.figures, block.decimals);
+            }
+        }
+    }
+}

@@ -1,0 +1,122 @@
+// Gathers the figures of entities and writes them as CSV rows. What they look like in the other modes is not here: see
+// entity_lines.h and columns.h.
+#include "report/figures.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "config/languages.h"
+#include "report/forms.h"
+#include "report/lines.h"
+#include "run/globals.h"
+
+static constexpr Figure kOfFunctions[] = {kLoc,    kEloc,    kLloc,      kComments, kCommentRate, kLines,
+                                          kParams, kReturns, kInterface, kCyclo,    kComplexity};
+
+static constexpr Figure kOfClasses[] = {kLoc,        kEloc,       kLloc,          kComments,         kCommentRate,
+                                        kLines,      kParams,     kReturns,       kInterface,        kCyclo,
+                                        kComplexity, kFunctions,  kPublicMethods, kProtectedMethods, kPrivateMethods,
+                                        kAttributes, kPublicData, kProtectedData, kPrivateData};
+
+static constexpr Figure kOfNamespaces[] = {
+    kLoc,        kEloc,       kLloc,          kComments,   kCommentRate, kLines,         kParams,           kReturns,
+    kInterface,  kCyclo,      kComplexity,    kClasses,    kFunctions,   kPublicMethods, kProtectedMethods, kPrivateMethods,
+    kAttributes, kPublicData, kProtectedData, kPrivateData};
+
+const CsvColumns kFunctionColumns{"Function", true, kOfFunctions};
+const CsvColumns kClassColumns{"Class", false, kOfClasses};
+const CsvColumns kNamespaceColumns{"Namespace/Package", false, kOfNamespaces};
+
+int MethodSum(const NodeData &record) {
+    return record.public_methods + record.protected_methods + record.private_methods;
+}
+
+int MethodsOrFunctions(const NodeData &record) {
+    return std::max(MethodSum(record), WholeNumber(record.percent));
+}
+
+int NamespaceFunctions(const NodeData &record, const Globals *G) {
+    return G->class_lang_seen ? MethodsOrFunctions(record) : MethodSum(record);
+}
+
+Figures FiguresOf(const NodeData &record, int functions) {
+    Figures figures{};
+    double *const value = figures.value;
+    value[kLoc] = record.loc;
+    value[kEloc] = record.eloc;
+    value[kLloc] = record.lloc;
+    value[kComments] = record.comments;
+    value[kBlanks] = record.blanks;
+    value[kLines] = record.lines;
+    value[kCommentRate] = record.eloc > 0 ? static_cast<double>(record.comments) / record.eloc : 0.0;
+    value[kParams] = static_cast<double>(record.params);
+    value[kReturns] = record.returns;
+    value[kInterface] = value[kParams] + value[kReturns];
+    value[kCyclo] = record.cyclo;
+    value[kComplexity] = value[kInterface] + value[kCyclo];
+    value[kFunctions] = functions;
+    value[kPublicMethods] = record.public_methods;
+    value[kProtectedMethods] = record.protected_methods;
+    value[kPrivateMethods] = record.private_methods;
+    value[kPublicData] = record.public_data;
+    value[kProtectedData] = record.protected_data;
+    value[kPrivateData] = record.private_data;
+    value[kAttributes] = value[kPublicData] + value[kProtectedData] + value[kPrivateData];
+    value[kClasses] = record.nesting;
+    return figures;
+}
+
+void AddPoints(Figures &figures, const NodeData &record, Globals *G) {
+    if (record.file) {
+        WhichFile(record.file, G, 0);
+    }
+    figures.value[kFpLoc] = GetFP(record.loc, 0, G);
+    figures.value[kFpEloc] = GetFP(record.eloc, 1, G);
+    figures.value[kFpLloc] = GetFP(record.lloc, 2, G);
+}
+
+void AddFigures(Summary &summary, const Figures &figures, bool nested) {
+    const bool first = summary.sum.value[kEntities] == 0.0;
+    for (int i = 0; i < kEntities; ++i) {
+        const double value = figures.value[i];
+        const double low = std::max(value, 0.0);
+        if (!nested) {
+            summary.sum.value[i] += value;
+        }
+        summary.maximum.value[i] = std::max(summary.maximum.value[i], value);
+        summary.minimum.value[i] = first ? low : std::min(summary.minimum.value[i], low);
+    }
+    summary.sum.value[kEntities] += 1;
+    summary.sum.value[kNested] += nested;
+}
+
+Figures AverageOf(const Summary &summary) {
+    Figures average{};
+    const double count = summary.sum.value[kEntities];
+    for (int i = 0; i < kEntities && count > 0; ++i) {
+        average.value[i] = summary.sum.value[i] / count;
+    }
+    return average;
+}
+
+int WholeNumber(double value) {
+    return static_cast<int>(std::clamp<double>(value, INT_MIN, INT_MAX));
+}
+
+void ShowCsvRow(const CsvColumns &row, const char *name, const char *parameters, const Figures &figures, int decimals) {
+    PrintOnly(Mode::kCsv, "%s,%s", row.word, Shown{name});
+    if (row.has_parameters) {
+        PrintOnly(Mode::kCsv, ",%s", Shown{parameters});
+    }
+    for (const Figure figure : row.columns) {
+        Put(",%.*f", figure == kCommentRate ? 2 : decimals, figures.value[figure]);
+    }
+    Put("\n");
+}
+
+void ShowCsvSummary(const CsvColumns &row, const Summary &summary) {
+    ShowCsvRow(row, "Total", "", summary.sum, 0);
+    ShowCsvRow(row, "Average", "", AverageOf(summary), 2);
+    ShowCsvRow(row, "Maximum", "", summary.maximum, 0);
+    ShowCsvRow(row, "Minimum", "", summary.minimum, 0);
+}

@@ -1,0 +1,14 @@
+// Summaries over the entities of a file and of the project.
+#pragma once
+
+struct Globals;
+
+// The functions of the file that just ended.
+void ShowFileFunctionSummary(Globals *G);
+// The project. The function and class passes feed the namespace records, so namespaces come last.
+void ShowProjectFunctionSummary(Globals *G);
+void ShowProjectClassSummary(Globals *G);
+void ShowProjectInterSummary(Globals *G);
+void ShowProjectNamespaceSummary(Globals *G);
+// All keyword and construct counters of the file (project 0) or the project.
+void ShowVerbose(Globals *G, int project);

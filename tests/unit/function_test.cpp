@@ -1,0 +1,276 @@
+// Functions: the name in front of a "(", the parameter text, the figures of a body and where they go, the lines that are printed.
+#include <doctest/doctest.h>
+
+#include <memory>
+#include <string>
+
+#include "analysis/entities.h"
+#include "analysis/function.h"
+#include "analysis/roll_up.h"
+#include "analysis/scan.h"
+#include "report/mode.h"
+#include "run/globals.h"
+
+namespace {
+
+struct Bench {
+    std::unique_ptr<Globals, void (*)(Globals *)> record{static_cast<Globals *>(calloc(1, sizeof(Globals))), FreeGlobals};
+    Globals *G = record.get();
+
+    explicit Bench(const char *language = "C++") {
+        ResetState(G);
+        const std::string name = language;
+        G->is_c = name == "C";
+        G->is_cpp = name == "C++";
+        G->is_java = name == "Java";
+        G->is_cs = name == "C#";
+        G->head_written = G->function_metrics = G->wrap_long_names = G->totals_only = 1;
+        G->cyclo_function_call = G->cyclo_if = G->cyclo_case = 1;
+        G->max_cyclo = G->max_interface = G->max_return_points = 100;
+        G->file_name = "/a b.cpp";
+        CopyText(G->html_function_color, "F");
+        CopyText(G->html_function_parameter_color, "P");
+        CopyText(G->html_template_color, "T");
+    }
+    // The parenthesis in hand stands behind the "$".
+    void Find(std::string line) {
+        const size_t mark = line.find('$');
+        line.erase(mark, 1);
+        GetFunction(line.c_str(), static_cast<int>(mark), G);
+    }
+    // A function of which only the braces matter: grow changes the file's counters between them.
+    template <class Grow> void Run(const char *name, const char *params, Grow grow) {
+        Scan scan{};
+        scan.line = "{";
+        CopyText(G->funcname, name);
+        CopyText(G->params, params);
+        G->funcname_flag = 1;
+        OpenFunction(scan, G);
+        grow();
+        CloseFunction(scan, G);
+    }
+    template <class Act> std::string Written(Act act) {
+        char *text = nullptr;
+        size_t length = 0;
+        FILE *before = gTLYOUT;
+        gTLYOUT = open_memstream(&text, &length);
+        act();
+        fclose(gTLYOUT);
+        gTLYOUT = before;
+        const std::string written = text;
+        free(text);
+        return written;
+    }
+};
+
+} // namespace
+
+TEST_CASE("the name in front of a parenthesis") {
+    // clang-format off
+    struct {
+        const char *language, *line, *name; // null: no candidate
+    } cases[] = {
+        {"C", "int f$(void)\n", "f"},                        {"C", "f /* name */ $(int a)\n", "f"},
+        {"C", "a&f$(b)\n", "f"},                             {"C", "int f \t\r$\n", "f"}, // its "(" comes on the next line
+        {"C", "int $(*name(int a))(char b)\n", "name"},      {"C", "void $( * fp)(int);\n", "fp"},
+        {"C", "void $(**fp)(int);\n", "fp"},                 {"C", "y = $(*p);\n", nullptr},
+        {"C", "while $(x)\n", nullptr},                      {"C", "f>$(x)\n", nullptr},
+        {"C", "operator$(x)\n", "operator"},                 {"C++", "B A<T, int*>::f$(x)\n", "A<T,int*>::f"},
+        {"C", "foo EXPORT $(int a)\n", nullptr},             {"C", "EXPORT foo EXPORT$\n", "foo"},
+        {"C++", "A ::f$(x)\n", "A::f"},                      {"C++", "void A:: f$(x)\n", "A::f"},
+        {"C++", "A :: ~A$()\n", "A::~A"},                    {"C++", "f<A<B>, C>$(x)\n", "f<A<B>,C>"},
+        {"C++", "A A::operator ()$(int x)\n", "A::operator ()"},
+        {"C++", "const A &A::operator =$(const A&)\n", "A::operator ="},
+        {"C++", "B<T> A<T, U> ::operator+$(const A&)\n", "A<T,U>::operator+"},
+        {"C++", "void *operator /* c */ new []$(size_t n)\n", "operator new[]"},
+        {"C#", "void IFoo.Bar$(int x)\n", "IFoo.Bar"},       {"C#", "a[0]b$(x)\n", nullptr},
+    };
+    // clang-format on
+    for (const auto &c : cases) {
+        CAPTURE(std::string(c.line));
+        Bench bench(c.language);
+        AddMacro("EXPORT", 1, bench.G);
+        bench.Find(c.line);
+        CHECK(bench.G->funcname_flag == (c.name != nullptr));
+        CHECK((!c.name || std::string(bench.G->funcname) == c.name));
+    }
+}
+
+TEST_CASE("a name takes its namespace or its class") {
+    struct {
+        const char *language, *space, *classname, *line, *name;
+    } cases[] = {
+        {"C++", "n", "", "f$(", "n::f"},        {"C++", "n", "", "n::f$(", "n::f"}, {"C++", "n", "", "A::f$(", "n::A::f"},
+        {"C++", "n", "n::A", "f$(", "n::A::f"}, {"C#", "n", "n.A", "f$(", "n.A.f"}, {"Java", "n.m", "", "f$(", "n.m.f"},
+        {"C++", " x", "A", "f$(", "f"},
+    };
+    for (const auto &c : cases) {
+        CAPTURE(std::string(c.line));
+        Bench bench(c.language);
+        bench.G->namespace_flag = 1;
+        bench.G->class_flag = *c.classname != '\0';
+        CopyText(bench.G->namespace_name, c.space);
+        CopyText(bench.G->classname, c.classname);
+        bench.Find(c.line);
+        CHECK(std::string(bench.G->funcname) == c.name);
+    }
+}
+
+TEST_CASE("what an older candidate leaves") {
+    Bench bench;
+    bench.Find("DECLARE_IT$(x)\n");
+    CHECK(bench.G->macro_like_name == 1);
+    bench.Find("int F$(x)\n"); // not the first token
+    CHECK(bench.G->macro_like_name == 0);
+    bench.Find("x = 5 %$(x)\n"); // a refused name leaves the flags
+    CHECK(bench.G->funcname_flag == 1);
+    bench.Find("if $(x)\n"); // a word of the language drops them
+    CHECK(bench.G->funcname_flag == 0);
+    bench.G->instantiate_colon_flag = 1;
+    bench.Find("A::A(int a) : b$(a)\n");
+    CHECK(bench.G->funcname_flag == 0);
+}
+
+TEST_CASE("parameters") {
+    struct {
+        const char *name, *text, *packed;
+        int count;
+    } cases[] = {
+        {"f", "(void)", "(void)", 0},
+        {"f", "( ) {", "()", 0},
+        {"f", "( int a,  int\tb ) x", "(int a, intb)", 2},
+        {"f", "(int (*cb)(void ), int b)", "(int (*cb)(void)", 1}, // a ")" behind a blank is the end
+        {"f", "(std::map<int, int> a, int b) const {", "(std::map<int, int> a, int b)", 2},
+        {"f", "(const A<B<C, D>, E> &a = {1}) {", "(const A<B<C, D>, E> &a = {1})", 1},
+        {"A::A", "(int a) : b(a), c(1) { d(); }", "(int a)", 1},
+        {"A::operator ()", "()(int x) { y(); }", "()(int x)", 1},
+        {"f", "", ")", 1},
+    };
+    Bench bench;
+    for (const auto &c : cases) {
+        CAPTURE(std::string(c.text));
+        LineText params;
+        CopyText(params, c.text);
+        packParams(params, c.name, bench.G);
+        CHECK(std::string(params) == c.packed);
+        CHECK(countParams(params) == c.count);
+    }
+    LineText params = "(a, b) int a; {";
+    bench.G->kr_flag = bench.G->if_directive = 1;
+    packParams(params, "f", bench.G);
+    CHECK(std::string(params) == "(a, b) Non-ANSI Parameter Construct Defined By Compiler Directive");
+}
+
+TEST_CASE("a function's figures are the differences between its braces") {
+    Bench bench;
+    Globals *G = bench.G;
+    G->file_loc = 10, G->file_blank = 5, G->file_comments = 7, G->comment_pending = 2, G->file_line_no = 22, G->local_if = 9;
+    bench.Run("f", "(int a, int b)", [G] {
+        CHECK(G->function_scope == 1);
+        G->file_loc = 15, G->file_blank = 6, G->file_comments = 8, G->file_line_no = 30;
+        G->just_brace_count = 2, G->local_semicolon = 6, G->local_for = 1, G->local_if = 3, G->local_else = 1;
+        G->kr_flag = G->new_flag = 1;
+    });
+    const NodeData *f = Record<NodeData>(G->function_list.head);
+    LineText shown;
+    FormatText(shown, "%d,%d,%d comments %d blanks %d lines %d at %d params %ld returns %d cyclo %d", f->loc, f->eloc, f->lloc,
+               f->comments, f->blanks, f->lines, f->line, long{f->params}, f->returns, f->cyclo);
+    CHECK(std::string(shown) == "6,4,5 comments 3 blanks 1 lines 9 at 30 params 2 returns 1 cyclo 4");
+    CHECK(G->intercmp_max == 7);
+    CHECK(G->func_eloc_sum == 4);
+    CHECK(G->funcname_flag + G->function_scope + G->kr_flag + G->new_flag == 0);
+}
+
+TEST_CASE("the class, the enclosing classes or the namespace take a function's figures") {
+    Bench bench;
+    Globals *G = bench.G;
+    const auto line = [G] { ++G->file_loc; };
+    AddNamespaceRecord("n", 1, G);
+    AddClassRecord("A", nullptr, nullptr, 1, 0, 0, 0, G);
+    bench.Run("n::f", "()", line);
+    bench.Run("A<T>::operator std::string", "()", line);
+    bench.Run("Unseen::f", "()", line);
+    CHECK(FindNamespace("n", G)->loc == 2);
+    CHECK(FindClass("A", G)->loc == 2);
+    CHECK(FindClass("Unseen", G)->percent == 1.0F);
+    G->class_flag = G->class_index = 1; // in the body the lines are the class's own already
+    bench.Run("A::B::f", "(int a)", line);
+    CHECK(FindClass("A::B", G)->params == 1);
+    CHECK((FindClass("A", G)->percent == 2.0F && FindClass("A", G)->loc == 2));
+    G->class_index = 1000000000; // levels that no stack holds cost nothing
+    bench.Run("A::C", "()", line);
+    for (const char *name : {"n::g", "n::A::g", "n:g", "g", "m::g"}) {
+        Add_Func2namespace(name, 100, 0, 0, 0, 0, 0, 0, 0, G);
+    }
+    CHECK(FindNamespace("n", G)->loc == 102);
+}
+
+TEST_CASE("identification lines in every form") {
+    static constexpr const char *kForms[] = {
+        "  Function: a<b\n  Parameters: (c, d)\n",
+        "  Inline Function: a<b\n  Parameters: (c, d)\n  Template: t<u>\n",
+        "  a<b (c, d)\n",
+        "  inline template t<u> a<b (c, d)\n",
+        "  <b><a href=\"file:///a%20b.cpp\" target=\"_blank\">Function</a></b>: <b><font color=\"F\">a&lt;b</font></b>\n"
+        "  <b>Parameters</b>: <b><font color=\"P\">(c, d)</font></b>\n",
+        "  <b>Inline Function</b>: <b><font color=\"F\">a&lt;b</font></b>\n"
+        "  <b>Parameters</b>: <b><font color=\"P\">(c, d)</font></b>\n"
+        "  <b>Template</b>: <b><font color=\"T\">t&lt;u&gt;</font></b>\n",
+        "  <b><font color=\"F\">a&lt;b</font></b> <b><font color=\"P\">(c, d)</font></b>\n",
+        "  <b>Inline <font color=\"F\">a&lt;b</font></b> <b><font color=\"P\">(c, d)</font></b> <b>template</b> <b><font "
+        "color=\"T\">t&lt;u&gt;</font></b>\n",
+        "",
+        "",
+        "Function,a<b,(c  d)\n",
+        "Inline Function,a<b,(c  d),template t<u>\n",
+    };
+    for (int i = 0; i < 12; ++i) { // mode, -l, inline with a template
+        CAPTURE(i);
+        Bench bench;
+        Globals *G = bench.G;
+        G->totals_only = 0;
+        G->html_mode = i / 4 == 1;
+        G->csv_mode = i / 4 == 2;
+        G->list_functions = i / 2 % 2;
+        G->inline_flag = G->func_template = i % 2;
+        CopyText(G->funcname, "a<b");
+        CopyText(G->params, "(c, d)");
+        CopyText(G->func_template_text, "t<u>");
+        CHECK(bench.Written([G] { EmitFunction(G); }) == kForms[i]);
+    }
+}
+
+TEST_CASE("notice mode frames a function, and long names are wrapped") {
+    Bench bench;
+    Globals *G = bench.G;
+    G->totals_only = 0;
+    G->quality_notices = G->complexity_metrics = 1;
+    const std::string wrapped = "  Function: " + std::string(62, 'n') + "\n            n\n";
+    CHECK(bench.Written([&] { bench.Run(std::string(63, 'n').c_str(), "(int a)", [] {}); }) ==
+          "\n  ------------------------ Function Begin Line: 0 ------------------------\n" + wrapped + "  Parameters: (int a)\n\n" +
+              wrapped +
+              "  Complexity   Param 1       Return 1      Cyclo Vg 1       Total        3\n"
+              "  LOC 1        eLOC 1        lLOC 0        Comment 0        Lines        1\n"
+              "  ------------------------- Function End Line: 0 -------------------------\n");
+}
+
+TEST_CASE("no text of a line leads a reader out of its bounds") {
+    const std::string pieces = "(()*&<>::/*/ //operator r\t \r\n,{}a~_[=";
+    unsigned seed = 1;
+    const auto next = [&seed](size_t limit) { return (seed = seed * 1664525 + 1013904223) / 65536 % limit; };
+    Bench bench;
+    for (int round = 0; round < 4000; ++round) {
+        std::string line;
+        const size_t length = next(round % 50 == 0 ? 2047 : 40);
+        while (line.size() < length) {
+            line += next(13) == 0 ? "operator" : std::string(1, pieces[next(pieces.size())]);
+        }
+        line.resize(length);
+        const std::unique_ptr<char[]> exact(new char[length + 1]); // its own block, so that a step too far is seen
+        memcpy(exact.get(), line.c_str(), length + 1);
+        GetFunction(exact.get(), static_cast<int>(next(length + 3)) - 1, bench.G);
+        CopyText(bench.G->params, exact.get());
+        packParams(bench.G->params, bench.G->funcname, bench.G);
+        CHECK(bench.G->params[strlen(bench.G->params) - 1] == ')');
+    }
+}

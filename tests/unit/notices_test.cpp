@@ -1,0 +1,306 @@
+// Quality notices: who raises what, in which form it comes out, and what is remembered.
+#include <doctest/doctest.h>
+
+#include <memory>
+#include <string>
+
+#include "analysis/scan.h"
+#include "notices/raise.h"
+#include "report/mode.h"
+#include "run/globals.h"
+
+namespace {
+
+struct FreeRecord {
+    void operator()(Globals *G) const { FreeGlobals(G); }
+};
+
+// A state record at line 7 of a file, all notices on and wanted in their long forms.
+struct Bench {
+    std::unique_ptr<Globals, FreeRecord> record{static_cast<Globals *>(calloc(1, sizeof(Globals)))};
+    Globals *G = record.get();
+    char line[256] = {}; // line[0] stays NUL: what stands in front of a line
+    Scan scan{};
+
+    Bench() {
+        G->head_written = 1;
+        G->file_name = "a&b.cpp";
+        G->file_line_no = 7;
+        G->quality_notices = 1;
+        G->function_metrics = 1;
+        CopyText(G->html_notice_color, "#CC0000");
+        std::fill(std::begin(G->notice_enabled), std::end(G->notice_enabled), 1);
+    }
+    void Short() { G->notice_short_format = G->notices_by_file = 1; }
+    // Puts a line in hand, its number 7, the character in hand the first at.
+    Scan &At(const char *text, char at) {
+        CopyText(std::span(line).subspan(1), text);
+        scan = {};
+        scan.line = line + 1;
+        scan.number = 7;
+        scan.length = static_cast<int>(strcspn(text, "\n"));
+        scan.index = static_cast<int>(strchr(text, at) - text);
+        return scan;
+    }
+};
+
+template <class F> std::string Printed(F what) {
+    char *shown = nullptr;
+    size_t size = 0;
+    gTLYOUT = open_memstream(&shown, &size);
+    what();
+    fclose(gTLYOUT);
+    gTLYOUT = stdout;
+    std::string text(shown, size);
+    free(shown);
+    return text;
+}
+
+// The numbers of the list, in order.
+std::string Listed(const Globals *G) {
+    std::string numbers;
+    for (const NameData *entry : Records<NameData>(G->notice_list)) {
+        numbers += std::to_string(entry->number) + " ";
+    }
+    return numbers;
+}
+
+} // namespace
+
+TEST_CASE("long forms: notice first, line first, HTML, XML") {
+    const std::string font = "\n    <font color=\"#CC0000\"><b>";
+    const struct {
+        void (*raise)(Globals *G);
+        std::string text, line_first, html;
+    } cases[] = {
+        {[](Globals *G) { NoticeAtLine(36, G); }, "\n    Notice #36: Line 7:  P", "\n    Line 7: Notice #36: P",
+         font + "Notice</b></font> #36: <b>Line 7</b>: P"},
+        {[](Globals *G) { NoticeFilePercent(19, 1.0F, 2.5F, G); },
+         "\n    Notice #19: File white space percentage, 1.0% is less than 2.5%\n", "\n    Notice #19: File",
+         font + "Notice</b></font> #19: File white space percentage, <b>1.0%</b> is less than <b>2.5%</b> \n"},
+        {EmitNewDelNotice, "\n    Notice #45: File a&b.cpp: Line 7\n           New",
+         "\n    File a&b.cpp: Line 7: Notice #45\n           New",
+         font + "NOTICE</b></font> #45: <b>File a&amp;b.cpp</b>\n           New"},
+        {[](Globals *G) { EmitMultipleInheritanceNotice("A<T>", G); },
+         "\n    Notice #42: File a&b.cpp: Line 7\n           Class multiple",
+         "\n    File a&b.cpp: Line 7: Notice #42\n           Class",
+         font + "NOTICE</b></font> #42: <b>Line 7:</b>\n           Class multiple inheritance has been identified for class "
+                "<b>A&lt;T&gt;</b>.\n"},
+        {[](Globals *G) { EmitNoComment(52, "class", G); }, "\n    Notice #52: Line 7, A class",
+         "\n     Line 7: Notice #52: A class", font + "Notice</b></font> #52: <b>Line 7</b>: A class"},
+        {EmitScopeNotice, "\n    Notice #55: Line 7\n           The depth", "\n    Line 7: Notice #55\n           The depth",
+         font + "Notice</b></font> #55: <b>Line 7</b>\n           The depth of scope '<b>0</b>' exceeds"},
+        {[](Globals *G) { NoticeStray('}', G); },
+         "\n    Notice: #12\n           File: a&b.cpp\n           Line: 7\n           Brace",
+         "\n    Line: 7\n           File: a&b.cpp\n           Notice: #12\n           Brace",
+         "\n<font color=\"#CC0000\"><b>    Notice</b></font> #12:\n           <b>File</b>: a&amp;b.cpp\n           <b>Line</b>: "
+         "7\n"},
+    };
+    Bench bench;
+    for (const auto &c : cases) {
+        for (int form = 0; form < 3; ++form) {
+            bench.G->reorder_notice_line = form == 1;
+            bench.G->html_mode = form == 2;
+            const std::string &wanted = form == 0 ? c.text : form == 1 ? c.line_first : c.html;
+            CHECK(Printed([&] { c.raise(bench.G); }).substr(0, wanted.size()) == wanted);
+        }
+    }
+    CHECK(Listed(bench.G) == "");
+    bench.G->html_mode = 0;
+    bench.G->xml_mode = 1;
+    CHECK(Printed([&] { Notice_MinFuncLloc(1, bench.G); }).find("1 is &lt;= to") != std::string::npos);
+    CHECK(Printed([&] { NoticeStray(')', bench.G); }) == "");
+}
+
+TEST_CASE("what is off or skipped counts nothing; the switches choose the form") {
+    Bench bench;
+    Globals *G = bench.G;
+    G->notice_enabled[9] = 0;
+    G->skip_quality_active = 1;
+    CHECK(Printed([&] {
+              NoticeAtLine(9, G);
+              NoticeAtLine(8, G);
+              CountTabNotices(3, G);
+          }) == "");
+    CHECK(G->notice_count == 0);
+    Printed([&] { NoticeStray(')', G); }); // not held back by a skip region
+    G->skip_quality_active = 0;
+    CountTabNotices(3, G);
+    CHECK(G->notice_count == 4);
+    CHECK(G->notice_cnt[12] == 1);
+
+    Bench other;
+    other.G->max_cyclo = 11;
+    other.Short();
+    CHECK(Printed([&] { Notice_Logical_Limit(12, other.G); }) == "  Notice #  28: Line    7, Cyclomatic complexity > 11\n");
+    other.G->notice_vs_format = 1;
+    CHECK(Printed([&] { NoticeAtLine(9, other.G); }) == "a&b.cpp(7) : Notice #9    - 'goto' keyword identified\n");
+    CHECK(Listed(other.G) == "28 9 ");
+
+    other.G->totals_only = 1; // all of a -T run go through the short form
+    other.G->notice_vs_format = other.G->notices_by_file = 0;
+    CHECK(NoticesArePrinted(other.G) == 0);
+    CHECK(Printed([&] { NoticeAtLine(9, other.G); }) == "");
+    other.G->notices_by_file = 1;
+    CHECK(Printed([&] { NoticeAtLine(9, other.G); }) == "  Notice #   9: Line    7, 'goto' keyword identified\n");
+    CHECK(Listed(other.G) == "28 9 9 ");
+    CHECK(other.G->notice_cnt[9] == 3);
+    CHECK(std::string(GetNoticeStr(101, G)) == "Unsupported");
+}
+
+TEST_CASE("a body without braces shows the line of its keyword") {
+    Bench bench;
+    Globals *G = bench.G;
+    bench.Short();
+    for (const char *wanted : {"  Notice #  22: Line    5, 'else' is not bound with scope braces {}\n",
+                               "<notice>\n<type>22</type>\n<line>7</line><description>else is not bound with scope braces "
+                               "{}</description>\n</notice>\n",
+                               ""}) {
+        G->xml_mode = *wanted == '<';
+        G->function_metrics = *wanted != '\0';
+        G->scope_kind = 2;
+        G->scope_line = G->scope_paren = G->scope_pending_line = 5;
+        CHECK(Printed([&] { EmitScopeError(G); }) == wanted);
+        CHECK((G->scope_kind | G->scope_line | G->scope_paren | G->scope_pending_line) == 0);
+    }
+    CHECK(G->notice_list.head->next->next == nullptr);
+    CHECK(Record<NameData>(G->notice_list.head)->line == 5);
+}
+
+TEST_CASE("steps in front of a name: the short form first outside macros, the long form first inside") {
+    Bench bench;
+    bench.G->notices_by_file = 1;
+    CHECK(Printed([&] { NoticePreStep(6, bench.G); }) == "  Notice #   6: Line    7, Pre-decrement operator '--' identified\n");
+    bench.G->macro_flag = 1;
+    CHECK(Printed([&] { NoticePreStep(7, bench.G); }).find("#7: Line 7, a pre-increment '++ operator' identified\n") == 5 + 7);
+    CHECK(Printed([&] { NoticeAtLine(23, bench.G); }) == "");
+    CHECK(Printed([&] { EmitScopeNotice(bench.G); }).find("  Notice #  55: Line    7") == 0);
+}
+
+TEST_CASE("assigned literals, on the line of the sign and behind it") {
+    const struct {
+        const char *line;
+        int Globals::*flag; // set beside the assignment
+        int raised;
+    } cases[] = {
+        // clang-format off
+        {"x = 5;\n", nullptr, 1}, {"x = 0;\n", nullptr, 0}, {"x = 0.0;\n", nullptr, 0}, {"x = 0;\n", &Globals::zero_is_literal, 1},
+        {"x = a + 5;\n", nullptr, 0}, {"x = 5;\n", &Globals::const_flag, 0}, {"x = 5;\n", &Globals::enum_flag, 0},
+        {"x = /* five */5;\n", nullptr, 1}, {"x = (int) 5;\n", nullptr, 1}, {"x = (int) y;\n", nullptr, 0},
+        {"x = (int) 5;\n", &Globals::virtual_flag, 0}, {"x = static_cast<int>(5);\n", &Globals::is_cpp, 1},
+        {"x = static_cast<int>(5);\n", nullptr, 0},
+        // clang-format on
+    };
+    for (const auto &c : cases) {
+        CAPTURE(std::string(c.line));
+        Bench bench;
+        if (c.flag) {
+            bench.G->*c.flag = 1;
+        }
+        Printed([&] { CheckAssignedLiteral(bench.At(c.line, '='), bench.G); });
+        CHECK(bench.G->notice_cnt[50] == c.raised);
+        CHECK(bench.G->scope_pending_line == 0);
+
+        bench.G->notice_cnt[50] = 0; // the same value on the line behind "x ="
+        bench.G->assignment_flag = 1;
+        bench.G->scope_pending_line = 6;
+        const char *value = strchr(c.line, '=') + 2;
+        Printed([&] { CheckPending(bench.At(value, value[strspn(value, "/* five")]), bench.G); });
+        CHECK(bench.G->notice_cnt[50] == c.raised);
+    }
+    Bench bench;
+    CheckAssignedLiteral(bench.At("x = // five\n", '='), bench.G);
+    CHECK(bench.G->scope_pending_line == 7);
+}
+
+TEST_CASE("what is waited for, and what ends the waiting") {
+    const struct {
+        int kind, since, depth; // scope_kind, scope_pending_line, function_scope
+        const char *line;
+        char at;
+        int raised, still; // scope_kind afterwards
+    } cases[] = {
+        // clang-format off
+        {4, 6, 1, "b();\n", 'b', 1, 0}, {4, 7, 1, "b();\n", 'b', 0, 4}, {4, 6, 0, "b();\n", 'b', 0, 4}, {0, 6, 1, "b();\n", 'b', 0, 0},
+        {4, 6, 1, "b ( ) {\n", 'b', 0, 4}, {4, 6, 1, "b(); /* { */\n", 'b', 1, 0}, {1, 6, 1, "if (a)\n", 'i', 1, 0},
+        {2, 6, 1, "if (a)\n", 'i', 0, 0}, {2, 6, 1, "x = diff; if\n", 'x', 0, 0}, {2, 6, 1, "x = diff;\n", 'x', 1, 0},
+        {2, 6, 1, "*p = 1; if (a)\n", 'p', 0, 0}, // nothing is tested at a star
+        {3, 6, 1, "b();\n", 'b', 0, 3}, // the condition is open, see below
+        // clang-format on
+    };
+    for (const auto &c : cases) {
+        CAPTURE(std::string(c.line));
+        Bench bench;
+        bench.G->scope_kind = c.kind;
+        bench.G->scope_pending_line = c.since;
+        bench.G->function_scope = c.depth;
+        bench.G->open_paren = c.kind == 3;
+        Printed([&] { CheckPending(bench.At(c.line, c.at), bench.G); });
+        CHECK(bench.G->notice_cnt[22] == c.raised);
+        CHECK(bench.G->scope_kind == c.still);
+    }
+    const struct {
+        int kind, paren;
+        const char *line;
+        int pending, still;
+    } closers[] = {{3, 0, "for (;;) {\n", 0, 0},  {5, 0, "} while (a) ;\n", 0, 0}, {3, 0, "for (;;) ;\n", 7, 3},
+                   {5, 1, "while (f(a)\n", 0, 5}, {5, 0, "while (a)\n", 7, 5},     {0, 0, "f(a)\n", 0, 0}};
+    for (const auto &c : closers) {
+        Bench bench;
+        bench.G->scope_kind = c.kind;
+        bench.G->local_paren = c.paren;
+        CheckBodyBehindParen(bench.At(c.line, ')'), bench.G);
+        CHECK(bench.G->scope_pending_line == c.pending);
+        CHECK(bench.G->scope_kind == c.still);
+    }
+}
+
+TEST_CASE("the ends of functions and classes raise in their order") {
+    Bench bench;
+    Globals *G = bench.G;
+    bench.Short();
+    G->min_func_white_pct = G->min_func_comment_pct = G->min_func_blank_pct = G->min_class_comment_pct = 10.0F;
+    G->max_func_name_len = 4;
+    G->kr_flag = G->local_bracket = G->local_paren = G->local_switch = G->local_case = G->object_metrics = G->virtual_class = 1;
+    G->local_return = G->cls_pub_methods = 2;
+    G->is_cpp = 1;
+    const FunctionFigures figures{
+        .loc = 9, .eloc = 9, .lloc = 0, .comments = 1, .blanks = 0, .span = 9, .white_pct = 1, .blank_pct = 2};
+    CopyText(G->funcname, "LongClass::Four"); // only the name behind the class counts; 1 comment beside 9 lines is 10 percent
+    Printed([&] { NoticesBeforeSums(figures, G); });
+    CHECK(Listed(G) == "10 11 12 13 14 46 16 18 ");
+    CopyText(G->funcname, "Fiver");
+    G->fall_through = 1;
+    G->min_func_loc_content = 9;
+    Printed([&] {
+        NoticesBeforeSums(figures, G);
+        NoticesOfLimits(figures, G);
+        NoticesOfClass(figures, G);
+    });
+    CHECK(Listed(G) == "10 11 12 13 14 46 16 18 2 10 11 12 13 18 27 49 48 16 46 37 39 ");
+}
+
+TEST_CASE("guards that belong to a notice") {
+    static constexpr int Globals::*kDeclared[][2] = {{&Globals::const_flag, &Globals::ignore_public_const},
+                                                     {&Globals::event_flag, &Globals::ignore_public_event},
+                                                     {&Globals::delegate_flag, &Globals::ignore_public_delegate}};
+    for (const auto &[declared, ignored] : kDeclared) {
+        for (int mask = 0; mask < 4; ++mask) {
+            Bench bench;
+            bench.G->*declared = mask & 1;
+            bench.G->*ignored = mask & 2;
+            Printed([&] { NoticeAtLine(35, bench.G); });
+            CHECK(bench.G->notice_count == (mask != 3));
+        }
+    }
+    Bench bench;
+    bench.G->error_flag = bench.G->funcname_flag = bench.G->catch_flag = 1;
+    CopyText(bench.G->funcname, "~Tree");
+    CHECK(Printed([&] {
+              CPP_Symbol(7, "class", bench.G);
+              NoticeAtLine(49, bench.G);
+              EmitFriendClassNotice("friend class Tree;\n", 17, bench.G);
+          }) == "");
+    CHECK(bench.G->notice_cnt[15] == 1);
+    CHECK(bench.G->funcname_flag == 0);
+}
