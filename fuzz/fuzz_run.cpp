@@ -23,24 +23,27 @@
 
 namespace {
 
-constexpr size_t kHeadBytes = 6;
+constexpr size_t kHeadBytes = 7;
 
 constexpr const char *kModes[] = {nullptr, "-H", "-C", "-X"};
 constexpr const char *kExtensions[] = {"c", "h", "cpp", "java", "cs", "hpp", "txt", "C"};
 // One bit of the head each.
-constexpr const char *kSwitches[] = {"-a", "-c", "-d",       "-fa",        "-fd", "-fm", "-fp", "-i",  "-k2", "-kd", "-m",  "-n",
-                                     "-o", "-s", "-xNOWRAP", "-xNOHEADER", "-v",  "-Td", "-Ta", "-Tl", "-TL", "-Ts", "-Tn", "-Rn"};
+constexpr const char *kSwitches[] = {
+    // clang-format off
+    "-fa", "-o", "-v", "-c", "-m", "-n", "-fd", "-fm",
+    "-a", "-s", "-fp", "-d", "-l", "-Ns", "-Nv", "-Ta",
+    "-Tl", "-Tf", "-To", "-Tn", "-Td", "-TL", "-Ts", "-TN",
+    "-k2", "-kd", "-i", "-Tv", "-Tw", "-Rn", "-xNOWRAP", "-xNOHEADER",
+    // clang-format on
+};
 // At most one of these: they end the run early, or change all of it.
-constexpr const char *kSpecial[] = {nullptr,    nullptr,
-                                    "-y",       "-hs",
-                                    "-hn",      "-hc",
-                                    "-hf",      "-Rl",
-                                    "-b",       "-Rd",
-                                    "-k11",     "-Sa<b&\"'",
-                                    "-Tz",      "-uFile XSL x.xsl",
-                                    "-xDEBUG",  "-l",
-                                    "-e",       "-k9",
-                                    "-xNOWRAP", "-uFile CFG tly.cfg"};
+constexpr const char *kSpecial[] = {
+    // clang-format off
+    nullptr, nullptr, nullptr, nullptr, "-k1", "-k3", "-k4", "-k5", "-k6", "-k7", "-k8", "-k9", "-k10", "-k11",
+    "-y", "-hs", "-hn", "-hc", "-hf", "-Rl", "-Rd", "-b", "-e", "-wD", "-Tz", "-Sa<b&\"'",
+    "-xDEBUG", "-uFile XSL x.xsl", "-uFile CFG tly.cfg",
+    // clang-format on
+};
 
 std::string place; // the private directory; the runs work in its subdirectory "w"
 bool running;
@@ -88,8 +91,8 @@ std::vector<std::string> Arguments(const uint8_t *head, const std::string &sourc
             add(kSwitches[i]);
         }
     }
-    add(kSpecial[head[4] % std::size(kSpecial)]);
-    switch (head[5] / 8 % 4) {
+    add(kSpecial[head[5] % std::size(kSpecial)]);
+    switch (head[6] / 8 % 4) {
     case 0: add("-Flist.txt"); break;
     case 1: add("-rc,h,cpp,java,cs,hpp ."); break;
     default: add(source_name.c_str()); break;
@@ -190,7 +193,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
         texts.push_back(rest.substr(0, end + 1));
         rest.remove_prefix(end + kSeparator.size());
     }
-    const std::string source_name = std::string("in.") + kExtensions[data[5] % std::size(kExtensions)];
+    const std::string source_name = std::string("in.") + kExtensions[data[6] % std::size(kExtensions)];
     WriteFile("tly.cfg", texts.empty() ? std::string_view{} : texts[0]);
     WriteFile("list.txt", texts.size() < 2 ? source_name : Tame(texts[1]));
     WriteFile(source_name.c_str(), rest);

@@ -140,6 +140,7 @@ void set_output_file(const char *path, Globals *G) {
                      "         %s\n\n",
                      path, strerror(errno));
     }
+    setvbuf(stream, nullptr, _IOFBF, 1 << 16); // reports of large projects are long
     gTLYOUT = stream;
     printf("\n  TLY using output file: %s\n", path);
 }
