@@ -42,6 +42,17 @@ void CaptureBases(const Scan &scan, Globals *G) {
 
 } // namespace
 
+void BeginBases(const char *text, Globals *G) {
+    G->inherit_flag = 1;
+    G->inherit_more = 1;
+    CopyText(G->inherit_line, Ltrim(text));
+    if (char *brace = strchr(G->inherit_line, '{')) {
+        *brace = '\0';
+    }
+    StripCComment(G->inherit_line);
+    StripCPPComment(G->inherit_line);
+}
+
 void CaptureParams(const Scan &scan, Globals *G) {
     if (*scan.line == '#' || !AppendText(G->params, scan.line)) {
         return;

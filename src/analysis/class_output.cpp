@@ -159,6 +159,7 @@ void EmitInheritanceLine(Globals *G) {
     if (!G->totals_only && G->object_metrics) {
         const Mode mode = OutputMode(G);
         LineText wrapped;
+        Rtrim(G->inherit_line); // an interface's keeps the end of its line
         AdjNameLength(G->inherit_line, wrapped, kBasesWidth, kBasesIndent, G);
         switch (mode) {
         case Mode::kHtml:

@@ -47,6 +47,9 @@ void OnHash(Scan &scan, Globals *G) {
     ++G->preproc_count;
     const char *word = Ltrim(scan.line + hash + 1);
     scan.index = static_cast<int>(word - scan.line) - 1;
+    for (int i = hash + 1; i <= scan.index; ++i) {
+        ++(scan.line[i] == '\t' ? scan.passed_tabs : scan.passed_blanks);
+    }
     NoteSpan(scan, hash, scan.index, kPassedOver);
     if (IsWord(word, "define")) {
         Define(word + 6, G);
@@ -55,7 +58,7 @@ void OnHash(Scan &scan, Globals *G) {
     } else if (IsWord(word, "include")) {
         ++G->include_count;
     } else if (IsWord(word, "region") || strncmp(word, "region/", 7) == 0) { // "#region Don't touch": its text is prose
-        scan.white_end = scan.index;
+        scan.white_end = scan.index + 1;
         scan.index = scan.length - 1;
     } else if (word[0] == 'i' && word[1] == 'f') { // if, ifdef, ifndef
         G->if_directive = 1;

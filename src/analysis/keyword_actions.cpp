@@ -131,14 +131,9 @@ void OnEnum(Scan &scan, int end, Globals *G) {
 
 // class A extends B
 void OnExtends(Scan &scan, int, Globals *G) {
-    if (!G->class_pending || G->inherit_flag || G->inherit_more) {
-        return;
+    if (G->class_pending && !G->inherit_flag && !G->inherit_more) {
+        BeginBases(scan.line + scan.index, G);
     }
-    G->inherit_flag = 1;
-    G->inherit_more = 1;
-    CopyText(G->inherit_line, scan.line + scan.index);
-    StripCComment(G->inherit_line);
-    StripCPPComment(G->inherit_line);
 }
 
 // int Size { get { return size; } set { size = value; } }

@@ -55,6 +55,7 @@ struct LineState {
     int comment_pending;     // comment lines since the last blank line or the last entity that took them
     int fall_through;        // comment lines that speak of falling through, since the last function end
     int key_string_found;    // the key string of the settings was seen
+    LineText prev_code_line; // the last line of code
     int skip_lines_active;   // inside a code skip region
     int skip_quality_active; // inside a quality skip region
 };
@@ -66,7 +67,6 @@ struct LineBuffers {
     const Scan *scan;              // the line in hand; null between lines
     alignas(16) char line_pad[16]; // NULs: what stands in front of the first character
     char line_buffer[2048 + 16];   // the current line, NUL terminated; the bytes behind it are zero up to the next 16
-    LineText prev_code_line;       // the last line of code
     LineText line_code;            // characters outside comments and strings
     LineText line_string;          // characters of string literals, quotes included
     LineText line_comment;         // characters of comments

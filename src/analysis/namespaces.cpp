@@ -188,7 +188,8 @@ int PopNestedNamespace(Globals *G) {
         const SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
         CopyText(G->namespace_name, saved.namespace_name);
         G->namespace_scope = saved.namespace_scope;
-    } else { // the scope around it wasn't saved; only its own "{" is known to be open
+    } else { // the scope around it wasn't saved: its name is what is left of this one's, and its own "{" is known to be open
+        CutLastPart(G->namespace_name);
         G->namespace_scope = 1;
     }
     G->namespace_flag = 1;

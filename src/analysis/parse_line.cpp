@@ -92,6 +92,14 @@ White CountWhiteAhead(const char *line, int end) {
     return white;
 }
 
+// Blanks and tabs that count, up to a character; what a "#" passed over stands ahead of it.
+White CountWhiteOf(const Scan &scan, int end) {
+    White white = end == scan.length ? CountWhite(scan.line, end) : CountWhiteAhead(scan.line, end);
+    white.blanks -= scan.passed_blanks;
+    white.tabs -= scan.passed_tabs;
+    return white;
+}
+
 // Tabs raise a notice in every state but strings; inside a comment or a character literal behind its end.
 void RaiseTabs(const Scan &scan, int begin, Globals *G) {
     for (int i = begin; i < scan.index; ++i) {
@@ -202,7 +210,7 @@ void WalkLine(Scan &scan, Globals *G) {
 // A backslash behind which only blanks follow continues the line. It keeps a // comment and an open string alive.
 void EndContinuation(const Scan &scan, Globals *G) {
     int last = scan.length - 1;
-    while (last >= 0 && IsBlankOrTab(scan.line[last])) {
+    while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
         --last;
     }
     if (last >= 0 && scan.line[last] == '\\') {
@@ -270,8 +278,7 @@ void CountLine(const Scan &scan, int line_has_c_comment, Globals *G) {
 }
 
 void CountWhiteSpace(const Scan &scan, Globals *G) {
-    const White white =
-        scan.white_end == scan.length ? CountWhite(scan.line, scan.length) : CountWhiteAhead(scan.line, scan.white_end);
+    const White white = CountWhiteOf(scan, scan.white_end);
     AddClamped(G->file_white, white.blanks + G->tab_width * white.tabs);
     if (white.tabs > scan.string_tabs && !scan.notices_print) {
         CountTabNotices(white.tabs - scan.string_tabs, G);
@@ -319,7 +326,7 @@ void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
 }
 
 int WhiteSoFar(const Globals *G) {
-    const White white = G->scan ? CountWhiteAhead(G->scan->line, G->scan->index) : White{};
+    const White white = G->scan ? CountWhiteOf(*G->scan, G->scan->index) : White{};
     return G->file_white + white.blanks + G->tab_width * white.tabs;
 }
 
@@ -345,6 +352,7 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     scan.blank = scan.first_nonblank == scan.length;
     scan.notices_print = NoticesArePrinted(G);
     scan.index = scan.kinds || scan.notices_print ? 0 : scan.first_nonblank;
+    scan.string_tabs = G->string_flag ? CountTabs(scan.line, scan.index) : 0; // the indent of a string's next line
     WalkLine(scan, G);
     G->scan = nullptr;
     if (scan.aborted) {

@@ -28,14 +28,7 @@ void OnColon(Scan &scan, Globals *G) {
         G->instantiate_colon_flag = 1;
     }
     if (G->class_pending && !G->inherit_flag && !G->inherit_more && !(G->is_cs && G->where_flag)) {
-        G->inherit_flag = 1;
-        G->inherit_more = 1;
-        CopyText(G->inherit_line, Ltrim(scan.line + scan.index + 1));
-        if (char *brace = strchr(G->inherit_line, '{')) {
-            *brace = '\0';
-        }
-        StripCComment(G->inherit_line);
-        StripCPPComment(G->inherit_line);
+        BeginBases(scan.line + scan.index + 1, G);
     }
 }
 

@@ -16,6 +16,8 @@ struct Scan {
     int c_comment_line; // a /* */ comment covers part of the line
     int white_end;      // white space counts up to here
     int string_tabs;    // tabs inside string literals, which raise no notice
+    int passed_blanks;  // blanks between a "#" and its word, where the scan goes on: they count for nothing
+    int passed_tabs;    // tabs there
     int notices_print;  // a notice prints in its place; otherwise it only counts
     int aborted;        // a record couldn't be made: the line isn't scanned to its end
     char *kinds;        // one SpanKind per character for those who ask for the line's split; null otherwise
@@ -44,6 +46,8 @@ void OnDot(Scan &scan, Globals *G);
 
 // The texts that go on from line to line, taken up at the head of a line: class names, parameters, template heads, bases.
 void CaptureTexts(const Scan &scan, Globals *G);
+// The inheritance text of the pending class begins here: it ends at a "{", or goes on with the next lines.
+void BeginBases(const char *text, Globals *G);
 // Appends the line in hand to the parameter text of the candidate, if both fit.
 void CaptureParams(const Scan &scan, Globals *G);
 

@@ -14,7 +14,7 @@ static int Decimals(Figure figure, int decimals) {
 }
 
 void LeftColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G) {
-    Put(OutputMode(G) == Mode::kHtml ? "  <b>%s%s</b> %9.*f" : "  %s%s %9.*f", prefix, label, decimals, value);
+    Put(OutputMode(G) == Mode::kHtml ? "  <b>%s%s</b>  %9.*f" : "  %s%s  %9.*f", prefix, label, decimals, value);
 }
 
 void RightColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G) {

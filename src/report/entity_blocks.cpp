@@ -1,6 +1,9 @@
 // The block of one function, class, interface or namespace: its head, and the lines of its figures. In CSV the figures are a row.
 #include "report/entity_lines.h"
 
+#include <algorithm>
+#include <string>
+
 #include "analysis/char_tests.h"
 #include "analysis/class.h"
 #include "report/figures.h"
@@ -87,7 +90,12 @@ static void ShowDetail(const Detail &detail, const char *page, const char *data,
     case Mode::kHtml:
         PrintOnly(mode, "  %s<b><font color=\"%s\">%s</font></b>\n", detail.html, Shown{G->*detail.color}, Shown{page});
         break;
-    case Mode::kCsv: PrintOnly(mode, "%s,%s\n", detail.label, Shown{data}); break;
+    case Mode::kCsv: { // a text that comes broken stays so, with its indent
+        std::string field = data;
+        std::replace(field.begin(), field.end(), ',', ' ');
+        Put("%s,%s\n", detail.label, field.c_str());
+        break;
+    }
     case Mode::kXml: PrintOnly(mode, "<%s>%s</%s>\n", detail.element, Shown{data}, detail.element); break;
     }
 }

@@ -157,8 +157,9 @@ TEST_CASE("bases are cleaned of what isn't one") {
 TEST_CASE("nesting ends at every brace, deeper than the stack too") {
     for (const int levels : {1, 2, 32, 33, 34, 100}) {
         CAPTURE(levels);
-        std::string classes, spaces, ends;
+        std::string classes, spaces, ends, around;
         for (int i = 0; i < levels; ++i) {
+            around += i + 1 < levels ? "n" + std::to_string(i) + "::" : "";
             classes += "class C" + std::to_string(i) + " {\n";
             spaces += "namespace n" + std::to_string(i) + " {\n";
             ends += i + 1 < levels ? "enum { e };\n}\n" : "class Last { }; }\n"; // in the outermost one again
@@ -172,6 +173,11 @@ TEST_CASE("nesting ends at every brace, deeper than the stack too") {
         CHECK(FindClass("n0::Last", bench.G)->nesting == 0);
         CHECK(FindClass("After", bench.G)->nesting == 0);
         CHECK(FindClass("C0", bench.G)->loc == 3 * levels - 1);
+
+        Bench inner(kCpp); // one scope closed: the one around it has its name back
+        inner.G->totals_only = 1;
+        inner.Feed(spaces + "}\nclass Behind { };\n");
+        CHECK(FindClass((around + "Behind").c_str(), inner.G) != nullptr);
     }
 }
 

@@ -240,18 +240,24 @@ TEST_CASE("identification lines in every form") {
     }
 }
 
-TEST_CASE("notice mode frames a function, and long names are wrapped") {
-    Bench bench;
-    Globals *G = bench.G;
-    G->totals_only = 0;
-    G->quality_notices = G->complexity_metrics = 1;
-    const std::string wrapped = "  Function: " + std::string(62, 'n') + "\n            n\n";
-    CHECK(bench.Written([&] { bench.Run(std::string(63, 'n').c_str(), "(int a)", [] {}); }) ==
-          "\n  ------------------------ Function Begin Line: 0 ------------------------\n" + wrapped + "  Parameters: (int a)\n\n" +
-              wrapped +
-              "  Complexity   Param 1       Return 1      Cyclo Vg 1       Total        3\n"
-              "  LOC 1        eLOC 1        lLOC 0        Comment 0        Lines        1\n"
-              "  ------------------------- Function End Line: 0 -------------------------\n");
+TEST_CASE("notice mode frames a function with lines of text, and long names are wrapped") {
+    for (const int csv : {0, 1}) {
+        CAPTURE(csv);
+        Bench bench;
+        Globals *G = bench.G;
+        G->totals_only = 0;
+        G->quality_notices = G->complexity_metrics = 1;
+        G->csv_mode = csv;
+        const std::string name(63, 'n');
+        const std::string wrapped = "  Function: " + name.substr(1) + "\n            n\n";
+        const std::string tail = csv ? "Param,2,Return,1,Cyclo Vg,1,Total,4\nLOC,1,eLOC,1,lLOC,0,Comment,0,Lines,1\n"
+                                     : "  Complexity   Param 2       Return 1      Cyclo Vg 1       Total        4\n"
+                                       "  LOC 1        eLOC 1        lLOC 0        Comment 0        Lines        1\n";
+        CHECK(bench.Written([&] { bench.Run(name.c_str(), "(int a, int b)", [] {}); }) ==
+              "\n  ------------------------ Function Begin Line: 0 ------------------------\n" + wrapped +
+                  "  Parameters: (int a, int b)\n\n" + wrapped + tail +
+                  "  ------------------------- Function End Line: 0 -------------------------\n");
+    }
 }
 
 TEST_CASE("no text of a line leads a reader out of its bounds") {

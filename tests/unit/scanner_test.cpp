@@ -91,7 +91,8 @@ TEST_CASE("every line gets the letter of what is on it") {
         {"\"a\\\" /* c\nx\n", "LL"},
         {"s = @\"\\\"; // c\n", "g"}, // the whole literal @"\"
         {"// a \\\nb\nc\n", "CCL"},
-        {"// a \\ \t\nb \\\n\nc\n", "CCCL"},  // blank, but inside the comment,
+        {"// a \\ \t\nb \\\n\nc\n", "CCCL"}, // blank, but inside the comment,
+        {"// a \\\r\r\nb\n", "CC"},
         {"a *// b;\n", "G"},                  // "*/" in code: its "/" opens no comment
         {"/* a */* b\nc */\n", "CC"},         // "*/*" closes and opens again
         {"\"open\n// text\n\" end\n", "LLL"}, // an even count of quotes on the next line ends the literal there
@@ -164,6 +165,11 @@ TEST_CASE("white space and characters, in every state, without line ends") {
     bench.Scan(" a\tb \"c d\t\" // e f\r\n" + std::string(40, ' ') + std::string(20, '\t') + "x\n#region a b c\n");
     CHECK(bench.G->file_white == 6 + 4 + 40 + 40);
     CHECK(bench.G->file_chars == 18 + 61 + 13);
+    Bench tabs;
+    tabs.G->notice_enabled[30] = 1;
+    tabs.Scan("# \tpragma A \"b \\\n\t\t\\\n\t\\\n \"\tc\n"); // only the last tab is a notice: it is no literal's, no "#"'s
+    CHECK(tabs.G->file_white == 3 + 4 + 2 + 3);
+    CHECK(tabs.G->notice_cnt[30] == 1);
 }
 
 TEST_CASE("lines are read as pieces of at most 2047 bytes") {

@@ -179,6 +179,9 @@ TEST_CASE("blocks of classes, interfaces, namespaces") {
         CHECK(Written([&] { NamespaceDataShow(space, G); }).starts_with(counted[seen]));
     }
     G->csv_mode = 1;
+    const std::string bases = std::string(57, 'B') + ",DE";
+    NodeData *derived = desk.Add(G->class_list, {.name = "C", .loc = 10, .comments = 2, .inherit = bases.c_str()});
+    CHECK(Holds(Written([&] { ClassDataShow(derived, G); }), "\nInheritance," + bases.substr(0, 57) + " D\n               E\n"));
     CHECK(Written([&] { InterDataShow(face, G); }).starts_with("Class,Interface-I,10,"));
     CHECK(Written([&] { NamespaceDataShow(space, G); }) == "Namespace/Package,N,10,8,4,2,0.25,15,2,1,3,3,6,2,5,3,0,0,3,1,0,2\n");
 }
@@ -202,13 +205,13 @@ TEST_CASE("summary of functions") {
     const std::string &text = shown[0];
     CHECK(text.find("Function: f\n") < text.find("Function: longer\n")); // by LOC
     CHECK(Holds(text, "\n  Total: Functions  \n  LOC 42       eLOC 36       lLOC 12       InCmp 9        CycloCmp       9\n"));
-    CHECK(Holds(text, "  Total Functions .......:         3  Total Physical Lines ..:         57\n"
-                      "  Total LOC .............:        42  Total Function Pts LOC :        0.8\n"));
-    CHECK(Holds(text, "     -----       \n  Avg Physical Lines ....:     19.00\n"
-                      "  Avg LOC ...............:     14.00  Avg eLOC ..............:      12.00\n"));
-    CHECK(Holds(text, "  Max Comment Lines .....:         7  Max Total Lines .......:         35\n"));
-    CHECK(Holds(text, "  Min Comment Lines .....:         0  Min Total Lines .......:          7\n"));
-    CHECK(Holds(shown[1], "</font></b>  <b>Total Functions .......:</b>         3  <b>Total Physical Lines ..:</b>         57\n"));
+    CHECK(Holds(text, "  Total Functions .......:          3  Total Physical Lines ..:         57\n"
+                      "  Total LOC .............:         42  Total Function Pts LOC :        0.8\n"));
+    CHECK(Holds(text, "     -----       \n  Avg Physical Lines ....:      19.00\n"
+                      "  Avg LOC ...............:      14.00  Avg eLOC ..............:      12.00\n"));
+    CHECK(Holds(text, "  Max Comment Lines .....:          7  Max Total Lines .......:         35\n"));
+    CHECK(Holds(text, "  Min Comment Lines .....:          0  Min Total Lines .......:          7\n"));
+    CHECK(Holds(shown[1], "</font></b>  <b>Total Functions .......:</b>          3  <b>Total Physical Lines ..:</b>         57\n"));
     CHECK(Holds(shown[2], "Function,Total,,42,36,12,6,0.00,57,6,3,9,9,18\n"
                           "Function,Average,,14.00,12.00,4.00,2.00,0.00,19.00,2.00,1.00,3.00,3.00,6.00\n"
                           "Function,Maximum,,30,28,4,7,0.25,35,2,1,3,3,6\n"
@@ -237,15 +240,16 @@ TEST_CASE("summaries of classes and of the namespaces they stand in") {
     CHECK(
         Holds(classes[0], "~~ Project Class/Struct Metrics ~~\n                Parent LOC Metrics Include Nested LOC Metrics\n\n"));
     CHECK(Holds(classes[0], "  Total: All Parent Classes/Structs\n"));
-    CHECK(Holds(classes[0], "  Total Classes/Structs .:         2  Total Nested Classes ..:          1\n"
+    CHECK(Holds(classes[0], "  Total Classes/Structs .:          2  Total Nested Classes ..:          1\n"
                             "  Total Methods .........:          5\n"));
-    CHECK(Holds(classes[0], "  Total Physical Lines ..:        25  Total LOC .............:         20\n"));
-    CHECK(Holds(classes[0], "  Max LOC ...............:        50  Max eLOC ..............:         48\n"));
+    CHECK(Holds(classes[0], "  Total Physical Lines ..:         25  Total LOC .............:         20\n"));
+    CHECK(Holds(classes[0], "  Max LOC ...............:         50  Max eLOC ..............:         48\n"));
     CHECK(Holds(classes[2], "\nProject Class Metrics\nClass/Struct Metrics Include Nested Class/Struct Metrics\nClasses,2\nType,"));
     CHECK(Holds(classes[2], "Class,Total,20,18,4,4,0.22,25,2,1,3,3,6,5,2,0,0,3,1,0,2\nClass,Average,10.00,"));
     CHECK(Holds(classes[3], "<total_all_parent_classes_structs>\n<attributes>"));
     CHECK(Holds(classes[3], "<nested_count>1</nested_count>\n<methods>5</methods>"));
-    CHECK(Holds(spaces[0], "  Total Namespace/Package:         1\n  Total Classes/Structs .:         2  Total Methods .........:"));
+    CHECK(
+        Holds(spaces[0], "  Total Namespace/Package:          1\n  Total Classes/Structs .:          2  Total Methods .........:"));
     CHECK(Holds(spaces[0], "Total LOC .............:         27\n")); // f and C
     CHECK(Holds(spaces[0], "Max Protected Attrib. .:"));
     CHECK(Holds(spaces[0], "Min Protected Atrib. ..:"));
@@ -265,11 +269,11 @@ TEST_CASE("summary of a file's functions") {
         WhichFile("a.cpp", G, 0);
         return Written([&] { ShowFileFunctionSummary(G); });
     };
-    CHECK(Holds(shown(Mode::kText), "~~ File Functional Summary ~~\n  File Function Count....:         3\n"
-                                    "  Total Function LOC.....:        50  Total Function Pts LOC :        1.0\n"));
-    CHECK(Holds(shown(Mode::kText), "  Max Interface Complex. :         3  Avg Interface Complex. :       2.33\n"
-                                    "  Max Cyclomatic Complex.:         5  Avg Cyclomatic Complex.:       2.67\n"
-                                    "  Max Total Complexity ..:         8  Avg Total Complexity ..:       5.00\n"));
+    CHECK(Holds(shown(Mode::kText), "~~ File Functional Summary ~~\n  File Function Count....:          3\n"
+                                    "  Total Function LOC.....:         50  Total Function Pts LOC :        1.0\n"));
+    CHECK(Holds(shown(Mode::kText), "  Max Interface Complex. :          3  Avg Interface Complex. :       2.33\n"
+                                    "  Max Cyclomatic Complex.:          5  Avg Cyclomatic Complex.:       2.67\n"
+                                    "  Max Total Complexity ..:          8  Avg Total Complexity ..:       5.00\n"));
     CHECK(Holds(shown(Mode::kCsv), "Total Complex,15,Func Pts(LOC),       1.0,"));
     CHECK(Holds(shown(Mode::kCsv), "\nFile Functional Maximum Summary\nLOC,30,eLOC,0,lLOC,0,,,Parameters,2,Returns,1,"));
     CHECK(shown(Mode::kCsv).ends_with(",Total Complex,      5.00\n"));
