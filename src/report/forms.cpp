@@ -50,7 +50,7 @@ struct Line {
 };
 
 // What stands between "%" and its letter.
-struct Spec {
+struct Conversion {
     int left = 0, zeros = 0, width = 0, precision = -1;
 };
 
@@ -61,48 +61,48 @@ const char *ReadNumber(const char *p, int &number) {
     return p;
 }
 
-const char *ReadSpec(const char *p, Spec &spec) {
+const char *ReadConversion(const char *p, Conversion &how) {
     for (; *p == '-' || *p == '0'; ++p) {
-        (*p == '-' ? spec.left : spec.zeros) = 1;
+        (*p == '-' ? how.left : how.zeros) = 1;
     }
-    p = ReadNumber(p, spec.width);
-    return *p == '.' ? ReadNumber(p + 1, spec.precision) : p;
+    p = ReadNumber(p, how.width);
+    return *p == '.' ? ReadNumber(p + 1, how.precision) : p;
 }
 
-void AddPadded(Line &line, const Spec &spec, const char *text, size_t bytes) {
-    const int missing = spec.width - static_cast<int>(std::min<size_t>(bytes, 1 << 20));
-    if (!spec.left) {
+void AddPadded(Line &line, const Conversion &how, const char *text, size_t bytes) {
+    const int missing = how.width - static_cast<int>(std::min<size_t>(bytes, 1 << 20));
+    if (!how.left) {
         line.Fill(' ', missing);
     }
     line.Add(text, bytes);
-    if (spec.left) {
+    if (how.left) {
         line.Fill(' ', missing);
     }
 }
 
-void AddNumber(Line &line, Spec spec, long number) {
+void AddNumber(Line &line, Conversion how, long number) {
     char digits[24];
     const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
     const char *first = digits;
-    if (spec.zeros && !spec.left) { // "%02d": the sign goes ahead of the zeros
+    if (how.zeros && !how.left) { // "%02d": the sign goes ahead of the zeros
         if (number < 0) {
             line.Add(first++, 1);
-            --spec.width;
+            --how.width;
         }
-        line.Fill('0', spec.width - static_cast<int>(end - first));
-        spec.width = 0;
+        line.Fill('0', how.width - static_cast<int>(end - first));
+        how.width = 0;
     }
-    AddPadded(line, spec, first, end - first);
+    AddPadded(line, how, first, end - first);
 }
 
-void AddReal(Line &line, const Spec &spec, double real) {
+void AddReal(Line &line, const Conversion &how, double real) {
     char text[400]; // the largest double has 309 digits
-    const int length = snprintf(text, sizeof text, "%.*f", spec.precision < 0 ? 6 : spec.precision, real);
-    AddPadded(line, spec, text, std::min<size_t>(length, sizeof text - 1));
+    const int length = snprintf(text, sizeof text, "%.*f", how.precision < 0 ? 6 : how.precision, real);
+    AddPadded(line, how, text, std::min<size_t>(length, sizeof text - 1));
 }
 
-void AddText(Line &line, const Spec &spec, const char *text) {
-    AddPadded(line, spec, text, spec.precision < 0 ? strlen(text) : strnlen(text, spec.precision));
+void AddText(Line &line, const Conversion &how, const char *text) {
+    AddPadded(line, how, text, how.precision < 0 ? strlen(text) : strnlen(text, how.precision));
 }
 
 } // namespace
@@ -116,8 +116,8 @@ void Write(const char *format, std::span<const Arg> args) {
         if (!*percent) {
             break;
         }
-        Spec spec;
-        p = ReadSpec(percent + 1, spec);
+        Conversion how;
+        p = ReadConversion(percent + 1, how);
         p += *p == 'l';
         if (*p++ == '%') {
             line.Add("%", 1);
@@ -126,10 +126,10 @@ void Write(const char *format, std::span<const Arg> args) {
         const Arg &arg = args[next++];
         const char letter = static_cast<char>(arg.number);
         switch (arg.kind) {
-        case 'd': AddNumber(line, spec, arg.number); break;
-        case 'c': AddPadded(line, spec, &letter, 1); break;
-        case 'f': AddReal(line, spec, arg.real); break;
-        default: AddText(line, spec, arg.text); break;
+        case 'd': AddNumber(line, how, arg.number); break;
+        case 'c': AddPadded(line, how, &letter, 1); break;
+        case 'f': AddReal(line, how, arg.real); break;
+        default: AddText(line, how, arg.text); break;
         }
     }
     line.Flush();

@@ -156,15 +156,6 @@ void WarnOfOpenFunction(Globals *G) {
     EmitFunction(G);
 }
 
-// A Java package has no closing brace: it ends with its file.
-void EndPackage(Globals *G) {
-    EmitNamespace(G, 0);
-    G->namespace_flag = 0;
-    G->namespacebeg_flag = 0;
-    G->namespace_scope = 0;
-    G->function_scope = 0;
-}
-
 float Percent(int part, int whole) {
     return whole > 0 ? static_cast<float>(part) / static_cast<float>(whole) * 100.0F : 0.0F;
 }
@@ -223,8 +214,8 @@ void EndFile(FileData *file, Globals *G) {
     if (G->file_list_mode) {
         AddToDirectory(file, G);
     }
-    if (G->namespace_flag && G->is_java) {
-        EndPackage(G);
+    if (G->namespace_flag && G->is_java) { // a package has no closing brace
+        CloseNamespace(G);
     }
     if (!G->totals_only) {
         if (G->open_braces != G->closebrace_count) {

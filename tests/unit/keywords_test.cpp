@@ -57,7 +57,9 @@ struct Bench {
         std::string out;
         const auto show = [&](const char *name, int value) {
             if (value) {
-                out += (out.empty() ? "" : " ") + std::string(name) + (value == 1 ? "" : ":" + std::to_string(value));
+                out += out.empty() ? "" : " ";
+                out += name;
+                out += value == 1 ? "" : ":" + std::to_string(value);
             }
         };
 #define SHOW(field) show(#field, G->field)
