@@ -43,11 +43,11 @@ void CountTabNotices(int count, Globals *G) {
     }
 }
 
-// One line. given is the line that the raiser told, line the one to show: they differ for a body without braces. Built-in texts go
-// out as they stand but for XML; those of the user are encoded in every mode.
+// One line. given is the line that the raiser told, line the one to show: they differ for a body without braces. CSV shows a
+// built-in text as it stands, commas too.
 static void ShortForm(const char *file, int given, int line, int n, const char *text, const Globals *G) {
     const Mode mode = OutputMode(G);
-    const forms::Passed<Shown> encoded(n > kNotices || mode == Mode::kXml ? mode : Mode::kText, Shown{text});
+    const forms::Passed<Shown> encoded(mode == Mode::kCsv && n <= kNotices ? Mode::kText : mode, Shown{text});
     if (G->notice_vs_format) {
         PrintOnly<Shown, int, int, const char *>(mode, "%s(%d) : Notice #%-4d - %s\n", Shown{file}, line, n, encoded.get());
     } else if (mode == Mode::kHtml) {

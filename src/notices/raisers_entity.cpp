@@ -51,6 +51,9 @@ constexpr LongText<int, int> kParameters{"The number of function input parameter
                                          "           `%d` exceeds the specified limit of `%d`.\n"};
 constexpr LongText<int, int> kFewStatements{"The number of logical lines of code or statements\n"
                                             "           `%d` is <= to the specified minimum of `%d`.  This could\n"
+                                            "           indicate a null function with no operational purpose.\n",
+                                            "The number of logical lines of code or statements\n"
+                                            "           `%d` is &lt;= to the specified minimum of `%d`.  This could\n"
                                             "           indicate a null function with no operational purpose.\n"};
 
 constexpr LongText<const char *, int> kMethods{"The Number of %s methods exceeds the specified\n"
