@@ -1,6 +1,8 @@
 // Open addressing with linear steps over a table that is at most half full.
 #include "run/name_index.h"
 
+#include <utility>
+
 namespace {
 
 const char *NameOf(const void *record) {
@@ -41,8 +43,8 @@ int Grow(NameIndex *index) {
             larger.hashes[slot] = index->hashes[i];
         }
     }
-    FreeIndex(index);
-    *index = larger;
+    std::swap(*index, larger);
+    FreeIndex(&larger);
     return 1;
 }
 
