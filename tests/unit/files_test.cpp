@@ -1,33 +1,25 @@
 // From the command line to the list of files.
-#include <doctest/doctest.h>
+#include "bench.h"
 
 #include <dirent.h>
-#include <fstream>
-#include <memory>
-#include <string>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <vector>
 
 #include "files/file_list.h"
-#include "report/mode.h"
-#include "run/globals.h"
 
 namespace {
 
 // A directory of its own as working directory, a state record, and what the report says.
-struct FilesBench {
-    std::unique_ptr<Globals> G = std::make_unique<Globals>();
-    char directory[32] = "/tmp/tlyfilesXXXXXX";
+struct FilesBench : StateBench {
+    TempDir directory;
     char *shown = nullptr;
     size_t shown_size = 0;
     FILE *report_before = gTLYOUT;
     std::vector<char *> arguments;
 
     FilesBench() {
-        REQUIRE(mkdtemp(directory));
-        REQUIRE(chmod(directory, 0755) == 0);
-        REQUIRE(chdir(directory) == 0);
+        REQUIRE(chmod(directory.path, 0755) == 0);
+        REQUIRE(chdir(directory.path) == 0);
         gTLYOUT = open_memstream(&shown, &shown_size);
         G->head_written = 1;
         G->validate_extensions = 1;
@@ -38,13 +30,7 @@ struct FilesBench {
         fclose(gTLYOUT);
         gTLYOUT = report_before;
         free(shown);
-        LlistDestroy(&G->file_list, FileDataFree);
-        LlistDestroy(&G->header_file_list, FileDataFree);
-        LlistDestroy(&G->source_file_list, FileDataFree);
-        LlistDestroy(&G->dir_metrics_list, NodeDataFree);
-        const std::string remove_all = "rm -rf " + std::string(directory);
         CHECK(chdir("/") == 0);
-        CHECK(system(remove_all.c_str()) == 0);
     }
 
     void Make(std::initializer_list<const char *> paths) { // a path with a trailing "/" is a directory
@@ -52,7 +38,7 @@ struct FilesBench {
             if (path.back() == '/') {
                 REQUIRE(mkdir(path.c_str(), 0755) == 0);
             } else {
-                std::ofstream(path) << "x\n";
+                WriteText(path, "x\n");
             }
         }
     }
@@ -69,6 +55,7 @@ struct FilesBench {
         rewind(G->file_list_stream);
         const std::string names = Build();
         fclose(G->file_list_stream);
+        G->file_list_stream = nullptr;
         return names;
     }
     std::string Arguments(std::initializer_list<const char *> names) {
@@ -82,7 +69,7 @@ struct FilesBench {
     // The names in list order, with ":" between them.
     std::string Build() {
         LlistDestroy(&G->file_list, FileDataFree);
-        const int count = BuildFileList(0, G.get());
+        const int count = BuildFileList(0, G);
         std::string names;
         for (const FileData *file : Records<FileData>(G->file_list)) {
             names += names.empty() ? "" : ":";
@@ -115,39 +102,34 @@ std::string ByRecursion(const std::string &directory) {
 
 } // namespace
 
-TEST_CASE("files: arguments") {
-    FilesBench b;
-    b.Make({"two words\n.c"});
-    CopyText(b.G->output_file_name, "report.txt");
+TEST_CASE_FIXTURE(FilesBench, "files: arguments") {
+    Make({"two words\n.c"});
+    CopyText(G->output_file_name, "report.txt");
     SUBCASE("headers first, odd names whole, names without an extension passed over") {
-        CHECK(b.Arguments({"a.c", "b.h", "two words\n.c", "foo.hpp", "Makefile", "*.c"}) == "b.h:foo.hpp:a.c:two words\n.c:*.c");
-        CHECK(b.Shown() == "");
-        CHECK(Record<FileData>(LlistGet(&b.G->file_list, 4))->size == 2);
-        CHECK(Record<FileData>(LlistGet(&b.G->file_list, 4))->date > 1000000000);
-        CHECK(Record<FileData>(LlistGet(&b.G->file_list, 3))->date == 0); // not there: fails when it is opened
-        CHECK(Record<FileData>(b.G->file_list.head)->language == -1);
-    }
-    SUBCASE("a wrong type is told, the parameter of a separated -O is not") {
-        CHECK(b.Arguments({"x.txt", "report.txt", "a.c"}) == "a.c");
-        CHECK(b.Shown() == "\n  Error: x.txt - Not a valid file type for TLY\n         Valid types: c,h,cpp,hpp\n");
-    }
-    SUBCASE("case and validation") {
-        CHECK(b.Arguments({"A.C"}) == "A.C");
-        b.G->names_case_sensitive = 1;
-        CHECK(b.Arguments({}) == "");
-        b.G->validate_extensions = 0;
-        CHECK(b.Arguments({"x.txt"}) == "A.C:x.txt");
+        CHECK(Arguments({"a.c", "b.h", "two words\n.c", "foo.hpp", "Makefile", "*.c"}) == "b.h:foo.hpp:a.c:two words\n.c:*.c");
+        CHECK(Shown() == "");
+        CHECK(Record<FileData>(LlistGet(&G->file_list, 4))->size == 2);
+        CHECK(Record<FileData>(LlistGet(&G->file_list, 4))->date > 1000000000);
+        CHECK(Record<FileData>(LlistGet(&G->file_list, 3))->date == 0); // not there: fails when it is opened
+        CHECK(Record<FileData>(G->file_list.head)->language == -1);
     }
     SUBCASE("-Rn sorts headers and sources each by name") {
-        b.G->sort_input_by_name = 1;
-        CHECK(b.Arguments({"b.c", "z.h", "a.c", "y.h"}) == "y.h:z.h:a.c:b.c");
+        G->sort_input_by_name = 1;
+        CHECK(Arguments({"b.c", "y.h", "a.c", "Z.H"}) == "Z.H:y.h:a.c:b.c");
+    }
+    SUBCASE("case and validation") {
+        CHECK(Arguments({"A.C", "report.txt"}) == "A.C");
+        CHECK(Shown() == ""); // the parameter of a separated -O
+        G->names_case_sensitive = 1;
+        CHECK(Arguments({}) == "");
+        G->validate_extensions = 0;
+        CHECK(Arguments({"x.txt"}) == "A.C:report.txt:x.txt");
     }
 }
 
-TEST_CASE("files: the pattern filter") {
-    FilesBench b;
-    b.G->pattern_filter_active = 1;
-    CopyText(b.G->pattern_filter, "Test,my dir\t_gen\n");
+TEST_CASE_FIXTURE(FilesBench, "files: the pattern filter") {
+    G->pattern_filter_active = 1;
+    CopyText(G->pattern_filter, "Test,my dir\t_gen\n");
     struct Case {
         const char *name;
         int with_case, without_case;
@@ -155,80 +137,56 @@ TEST_CASE("files: the pattern filter") {
     const Case cases[] = {
         {"src/Test/a.c", 1, 1}, {"src/latest.c", 0, 1}, {"my dir/a.c", 1, 1}, {"my/dir.c", 0, 0}, {"a_gen.c", 1, 1}, {"", 0, 0},
     };
-    b.G->names_case_sensitive = 1;
+    G->names_case_sensitive = 1;
     for (const Case &c : cases) {
-        CHECK(FilenamePatternMatch(c.name, b.G.get()) == c.with_case);
+        CHECK(FilenamePatternMatch(c.name, G) == c.with_case);
     }
-    b.G->names_case_sensitive = 0;
-    CHECK(b.Arguments({"latest.c", "a.c"}) == "a.c"); // BuildFileList lowers the filter
+    G->names_case_sensitive = 0;
+    CHECK(Arguments({"latest.c", "a.c"}) == "a.c"); // BuildFileList lowers the filter
     for (const Case &c : cases) {
-        CHECK(FilenamePatternMatch(c.name, b.G.get()) == c.without_case);
+        CHECK(FilenamePatternMatch(c.name, G) == c.without_case);
     }
-    CHECK(FilenamePatternMatch((std::string(100000, 'a') + "TEST").c_str(), b.G.get()) == 1);
-    b.G->pattern_filter_active = 0;
-    CHECK(FilenamePatternMatch("test.c", b.G.get()) == 0);
+    CHECK(FilenamePatternMatch((std::string(100000, 'a') + "TEST").c_str(), G) == 1);
+    G->pattern_filter_active = 0;
+    CHECK(FilenamePatternMatch("test.c", G) == 0);
 }
 
-TEST_CASE("files: a directory walk") {
-    FilesBench b;
-    b.Make({"src/", "src/b.c", "src/FOO.CPP", "src/sub/", "src/sub/x.c", "src/sub/k.h", "src/sub/dir.c/", "src/no", "src/dot."});
-    b.G->sort_input_by_name = 1;
-    SUBCASE("names keep the form in which they were reached") {
-        CHECK(b.Walk("c,h", "src") == "src/sub/k.h:src/b.c:src/sub/x.c");
-        CHECK(b.Walk(".cpp,*.c", "src/") == "src/b.c:src/sub/x.c"); // with case on any setting: no FOO.CPP
-        CHECK(b.Walk("CPP", "*.*") == "./src/FOO.CPP");
-        CHECK(b.Walk("", "src") == "");
-        CHECK(b.Shown() == "");
+TEST_CASE_FIXTURE(FilesBench, "files: a directory walk") {
+    Make({"src/", "src/b.c", "src/FOO.CPP", "src/sub/", "src/sub/x.c", "src/sub/k.h", "src/sub/dir.c/", "src/no", "src/dot."});
+    SUBCASE("what has no extension, or none that is asked for") {
+        CHECK(Walk("CPP", "*.*") == "./src/FOO.CPP");
+        CHECK(Walk("", "src") == "");
+        CHECK(Walk("c", "src/sub") == "src/sub/x.c"); // no dir.c
+        CHECK(Shown() == "");
     }
     SUBCASE("without -Rn a directory's files stand where the directory stands among its neighbours") {
-        b.Make({"t/", "t/a.c", "t/m/", "t/m/b.c", "t/m/n/", "t/m/n/c.c", "t/m/n/d.c", "t/m/e.c", "t/z/", "t/z/f.c", "t/g.c"});
-        b.G->sort_input_by_name = 0;
-        CHECK(b.Walk("c", "t") + ":" == ByRecursion("t"));
-    }
-    SUBCASE("-Rd stays in the top directory") {
-        b.G->no_recursion = 1;
-        CHECK(b.Walk("c,h", "src") == "src/b.c");
+        Make({"t/", "t/a.c", "t/m/", "t/m/b.c", "t/m/n/", "t/m/n/c.c", "t/m/n/d.c", "t/m/e.c", "t/z/", "t/z/f.c", "t/g.c"});
+        CHECK(Walk("c", "t") + ":" == ByRecursion("t"));
     }
     SUBCASE("excluded directories are compared as whole paths") {
-        b.G->exclude_dirs_active = 1;
-        CopyText(b.G->excluded_dirs, "sub, SRC/SUB");
-        CHECK(b.Walk("c", "src") == "src/b.c");
-        b.G->names_case_sensitive = 1;
-        CHECK(b.Walk("c", "src") == "src/b.c:src/sub/x.c");
-        CopyText(b.G->excluded_dirs, "src");
-        CHECK(b.Walk("c", "src") == "");
-    }
-    SUBCASE("links: followed, but not into a directory they stand in") {
-        REQUIRE(symlink("..", "src/sub/up") == 0);
-        REQUIRE(symlink("sub", "src/again") == 0);
-        REQUIRE(symlink("nowhere", "src/gone.c") == 0);
-        CHECK(b.Walk("c", "src") == "src/again/x.c:src/b.c:src/gone.c:src/sub/x.c");
-        CHECK(b.Shown() == "");
-    }
-    SUBCASE("special files are listed: they fail when they are opened") {
-        REQUIRE(mkfifo("src/pipe.c", 0644) == 0);
-        CHECK(b.Walk("c", "src/") == "src/b.c:src/pipe.c:src/sub/x.c");
+        G->exclude_dirs_active = G->sort_input_by_name = 1;
+        CopyText(G->excluded_dirs, "sub, SRC/SUB");
+        CHECK(Walk("c", "src") == "src/b.c");
+        G->names_case_sensitive = 1;
+        CHECK(Walk("c", "src") == "src/b.c:src/sub/x.c");
+        CopyText(G->excluded_dirs, "src");
+        CHECK(Walk("c", "src") == "");
     }
 }
 
-TEST_CASE("files: a walk that fails") {
-    FilesBench b;
-    SUBCASE("no such directory") {
-        CHECK(b.Walk("c", "none") == "");
-        CHECK(b.Shown() == "  Open Dir Error: none : No such file or directory\n");
-    }
+TEST_CASE_FIXTURE(FilesBench, "files: a walk that fails") {
     SUBCASE("an unreadable directory ends every walk above it") {
-        b.Make({"src/", "src/sub/", "src/sub/shut/"});
+        Make({"src/", "src/sub/", "src/sub/shut/"});
         REQUIRE(chmod("src/sub/shut", 0) == 0);
         const bool root = geteuid() == 0;
         REQUIRE((!root || seteuid(65534) == 0));
-        const int result = ReadDir("src/", "c", b.G.get());
+        const int result = ReadDir("src/", "c", G);
         REQUIRE((!root || seteuid(0) == 0));
         CHECK(result == 0);
-        CHECK(b.G->dir_stack.count == 0);
-        CHECK(b.Shown() == "  Open Dir Error: src/sub/shut : Permission denied\n"
-                           "  Read Dir Error: src/sub : Permission denied\n"
-                           "  Read Dir Error: src/ : Permission denied\n");
+        CHECK(G->dir_stack.count == 0);
+        CHECK(Shown() == "  Open Dir Error: src/sub/shut : Permission denied\n"
+                         "  Read Dir Error: src/sub : Permission denied\n"
+                         "  Read Dir Error: src/ : Permission denied\n");
     }
     SUBCASE("a path that is too long is told, and the walk goes on") {
         const std::string name(250, 'd');
@@ -236,52 +194,34 @@ TEST_CASE("files: a walk that fails") {
             REQUIRE(mkdir(name.c_str(), 0755) == 0);
             REQUIRE(chdir(name.c_str()) == 0);
         }
-        REQUIRE(chdir(b.directory) == 0);
-        b.Make({"last.c"});
-        CHECK(b.Walk("c", ".") == "./last.c");
-        CHECK(b.Shown().find("\n  Error: The path is too long and was passed over\n         ./ddd") == 0);
+        REQUIRE(chdir(directory.path) == 0);
+        Make({"last.c"});
+        CHECK(Walk("c", ".") == "./last.c");
+        CHECK(Shown().find("\n  Error: The path is too long and was passed over\n         ./ddd") == 0);
     }
 }
 
-TEST_CASE("files: a list of files and directories") {
-    FilesBench b;
-    b.Make({"my dir/", "my dir/a.c", "my dir/sub/", "my dir/sub/b.h", "src/", "src/c.c", "src/sub/", "src/sub/d.c"});
-    setenv("TLYTESTDIR", "src", 1);
-    SUBCASE("lines of all kinds") {
-        CHECK(b.ReadList("# comment\n\n \t  # too\r\n   x.c  \r\n%TLYTESTDIR%/c.c\nnoext\n-r h my dir/\n-x c src\ny.c") ==
-              "my dir/sub/b.h:x.c:src/c.c:src/c.c:y.c");
-        CHECK(b.Shown() == "");
-        CHECK(b.G->dir_metrics_list.count == 2);
-        CHECK(std::string(Record<NodeData>(b.G->dir_metrics_list.head)->name) == "my dir");
-    }
+TEST_CASE_FIXTURE(FilesBench, "files: a list of files and directories") {
+    Make({"my dir/", "my dir/a.c", "src/", "src/c.c"});
     SUBCASE("quoted directories, and lines that are refused") {
-        CHECK(b.ReadList("-R c \"my dir\" rest\n-r\"c,h /src\"\n-r c\na.txt\n") == "my dir/a.c");
-        CHECK(b.Shown() == "\n  Error: Malformed directory entry line in file.\n"
-                           "         Format: -r\"c,h,cpp d:\\proj\\src\"\n         Read  : -r\"c,h /src\"\n\n"
-                           "\n  Error: Malformed directory entry line in file.\n"
-                           "         Format: -r\"c,h,cpp d:\\proj\\src\"\n         Read  : -r c\n\n"
-                           "\n  Error: a.txt - Not a valid file type for TLY\n         Valid types: c,h,cpp,hpp\n");
+        CHECK(ReadList("# a.c\n-R c \"my dir\" rest\n-x c src\n-r c\n") == "my dir/a.c:src/c.c");
+        CHECK(Shown() == "\n  Error: Malformed directory entry line in file.\n"
+                         "         Format: -r\"c,h,cpp d:\\proj\\src\"\n         Read  : -r c\n\n");
+        CHECK(G->dir_metrics_list.count == 2);
+        CHECK(std::string(Record<NodeData>(G->dir_metrics_list.head)->name) == "my dir");
     }
     SUBCASE("what stands behind the last line end may be no text") {
-        CHECK(b.ReadList("a.c\n\tb.c") == "a.c");
+        CHECK(ReadList("a.c\n\tb.c") == "a.c");
     }
-    SUBCASE("an unknown variable leaves its line as it stands") {
-        unsetenv("TLYTESTNONE");
-        CHECK(b.ReadList("%TLYTESTNONE%/a.c\n") == "%TLYTESTNONE%/a.c");
-        CHECK(b.Shown() == "  Error: Expanding environment variable from -F file.\n"
-                           "         Environment Variable: TLYTESTNONE does not exist\n\n");
-    }
-    unsetenv("TLYTESTDIR");
 }
 
-TEST_CASE("files: environment variables in a line") {
-    FilesBench b;
+TEST_CASE_FIXTURE(FilesBench, "files: environment variables in a line") {
     setenv("TLYA", "aa", 1);
     setenv("TLYB", "%TLYA%", 1);
     setenv("TLYLOOP", "%TLYLOOP%%TLYLOOP%", 1);
     setenv("TLYSELF", "%TLYSELF%", 1);
     setenv("TLYBIG", std::string(2000, 'x').c_str(), 1);
-    b.G->list_files_only = 1;
+    G->list_files_only = 1;
     const std::string big(60, 'y');
     const std::string too_long = "%TLYBIG%" + big + ".c";
     struct Case {
@@ -304,12 +244,12 @@ TEST_CASE("files: environment variables in a line") {
     for (const Case &c : cases) {
         CAPTURE(c.line);
         LineText out;
-        CHECK(std::string(ExpandEnvarString(c.line, out, b.G.get())) == c.expanded);
-        const std::string shown = b.Shown();
+        CHECK(std::string(ExpandEnvarString(c.line, out, G)) == c.expanded);
+        const std::string told = Shown();
         if (c.shown == no_end || c.shown == no_room) {
-            CHECK(shown.find(c.shown) == 0);
+            CHECK(told.find(c.shown) == 0);
         } else if (c.shown) {
-            CHECK(shown == c.shown);
+            CHECK(told == c.shown);
         }
     }
     for (const char *name : {"TLYA", "TLYB", "TLYLOOP", "TLYSELF", "TLYBIG"}) {

@@ -1,22 +1,14 @@
 // Functions: the name in front of a "(", the parameter text, the figures of a body and where they go, the lines that are printed.
-#include <doctest/doctest.h>
-
-#include <memory>
-#include <string>
+#include "bench.h"
 
 #include "analysis/entities.h"
 #include "analysis/function.h"
 #include "analysis/roll_up.h"
 #include "analysis/scan.h"
-#include "report/mode.h"
-#include "run/globals.h"
 
 namespace {
 
-struct Bench {
-    std::unique_ptr<Globals, void (*)(Globals *)> record{static_cast<Globals *>(calloc(1, sizeof(Globals))), FreeGlobals};
-    Globals *G = record.get();
-
+struct Bench : StateBench {
     explicit Bench(const char *language = "C++") {
         ResetState(G);
         const std::string name = language;
@@ -30,7 +22,6 @@ struct Bench {
         G->file_name = "/a b.cpp";
         CopyText(G->html_function_color, "F");
         CopyText(G->html_function_parameter_color, "P");
-        CopyText(G->html_template_color, "T");
     }
     // The parenthesis in hand stands behind the "$".
     void Find(std::string line) {
@@ -48,18 +39,6 @@ struct Bench {
         OpenFunction(scan, G);
         grow();
         CloseFunction(scan, G);
-    }
-    template <class Act> std::string Written(Act act) {
-        char *text = nullptr;
-        size_t length = 0;
-        FILE *before = gTLYOUT;
-        gTLYOUT = open_memstream(&text, &length);
-        act();
-        fclose(gTLYOUT);
-        gTLYOUT = before;
-        const std::string written = text;
-        free(text);
-        return written;
     }
 };
 
@@ -116,19 +95,18 @@ TEST_CASE("a name takes its namespace or its class") {
     }
 }
 
-TEST_CASE("what an older candidate leaves") {
-    Bench bench;
-    bench.Find("DECLARE_IT$(x)\n");
-    CHECK(bench.G->macro_like_name == 1);
-    bench.Find("int F$(x)\n"); // not the first token
-    CHECK(bench.G->macro_like_name == 0);
-    bench.Find("x = 5 %$(x)\n"); // a refused name leaves the flags
-    CHECK(bench.G->funcname_flag == 1);
-    bench.Find("if $(x)\n"); // a word of the language drops them
-    CHECK(bench.G->funcname_flag == 0);
-    bench.G->instantiate_colon_flag = 1;
-    bench.Find("A::A(int a) : b$(a)\n");
-    CHECK(bench.G->funcname_flag == 0);
+TEST_CASE_FIXTURE(Bench, "what an older candidate leaves") {
+    Find("DECLARE_IT$(x)\n");
+    CHECK(G->macro_like_name == 1);
+    Find("int F$(x)\n"); // not the first token
+    CHECK(G->macro_like_name == 0);
+    Find("x = 5 %$(x)\n"); // a refused name leaves the flags
+    CHECK(G->funcname_flag == 1);
+    Find("if $(x)\n"); // a word of the language drops them
+    CHECK(G->funcname_flag == 0);
+    G->instantiate_colon_flag = 1;
+    Find("A::A(int a) : b$(a)\n");
+    CHECK(G->funcname_flag == 0);
 }
 
 TEST_CASE("parameters") {
@@ -161,11 +139,9 @@ TEST_CASE("parameters") {
     CHECK(std::string(params) == "(a, b) Non-ANSI Parameter Construct Defined By Compiler Directive");
 }
 
-TEST_CASE("a function's figures are the differences between its braces") {
-    Bench bench;
-    Globals *G = bench.G;
+TEST_CASE_FIXTURE(Bench, "a function's figures are the differences between its braces") {
     G->file_loc = 10, G->file_blank = 5, G->file_comments = 7, G->comment_pending = 2, G->file_line_no = 22, G->local_if = 9;
-    bench.Run("f", "(int a, int b)", [G] {
+    Run("f", "(int a, int b)", [&] {
         CHECK(G->function_scope == 1);
         G->file_loc = 15, G->file_blank = 6, G->file_comments = 8, G->file_line_no = 30;
         G->just_brace_count = 2, G->local_semicolon = 6, G->local_for = 1, G->local_if = 3, G->local_else = 1;
@@ -181,62 +157,49 @@ TEST_CASE("a function's figures are the differences between its braces") {
     CHECK(G->funcname_flag + G->function_scope + G->kr_flag + G->new_flag == 0);
 }
 
-TEST_CASE("the class, the enclosing classes or the namespace take a function's figures") {
-    Bench bench;
-    Globals *G = bench.G;
-    const auto line = [G] { ++G->file_loc; };
+TEST_CASE_FIXTURE(Bench, "the class, the enclosing classes or the namespace take a function's figures") {
+    const auto line = [&] { ++G->file_loc; };
     AddNamespaceRecord("n", 1, G);
     AddClassRecord("A", nullptr, nullptr, 1, 0, 0, 0, G);
-    bench.Run("n::f", "()", line);
-    bench.Run("A<T>::operator std::string", "()", line);
-    bench.Run("Unseen::f", "()", line);
+    Run("n::f", "()", line);
+    Run("A<T>::operator std::string", "()", line);
+    Run("Unseen::f", "()", line);
     CHECK(FindNamespace("n", G)->loc == 2);
     CHECK(FindClass("A", G)->loc == 2);
     CHECK(FindClass("Unseen", G)->percent == 1.0F);
     G->class_flag = G->class_index = 1; // in the body the lines are the class's own already
-    bench.Run("A::B::f", "(int a)", line);
+    Run("A::B::f", "(int a)", line);
     CHECK(FindClass("A::B", G)->params == 1);
     CHECK((FindClass("A", G)->percent == 2.0F && FindClass("A", G)->loc == 2));
     G->class_index = 1000000000; // levels that no stack holds cost nothing
-    bench.Run("A::C", "()", line);
+    Run("A::C", "()", line);
     for (const char *name : {"n::g", "n::A::g", "n:g", "g", "m::g"}) {
         Add_Func2namespace(name, 100, 0, 0, 0, 0, 0, 0, 0, G);
     }
     CHECK(FindNamespace("n", G)->loc == 102);
 }
 
-TEST_CASE("identification lines in every form") {
-    static constexpr const char *kForms[] = {
-        "  Function: a<b\n  Parameters: (c, d)\n",
-        "  Inline Function: a<b\n  Parameters: (c, d)\n  Template: t<u>\n",
-        "  a<b (c, d)\n",
-        "  inline template t<u> a<b (c, d)\n",
-        "  <b><a href=\"file:///a%20b.cpp\" target=\"_blank\">Function</a></b>: <b><font color=\"F\">a&lt;b</font></b>\n"
-        "  <b>Parameters</b>: <b><font color=\"P\">(c, d)</font></b>\n",
-        "  <b>Inline Function</b>: <b><font color=\"F\">a&lt;b</font></b>\n"
-        "  <b>Parameters</b>: <b><font color=\"P\">(c, d)</font></b>\n"
-        "  <b>Template</b>: <b><font color=\"T\">t&lt;u&gt;</font></b>\n",
-        "  <b><font color=\"F\">a&lt;b</font></b> <b><font color=\"P\">(c, d)</font></b>\n",
-        "  <b>Inline <font color=\"F\">a&lt;b</font></b> <b><font color=\"P\">(c, d)</font></b> <b>template</b> <b><font "
-        "color=\"T\">t&lt;u&gt;</font></b>\n",
-        "",
-        "",
-        "Function,a<b,(c  d)\n",
-        "Inline Function,a<b,(c  d),template t<u>\n",
+TEST_CASE("hostile names in identification lines, and no lines where a table stands for them") {
+    struct {
+        Mode mode;
+        int list;
+        const char *written;
+    } cases[] = {
+        {Mode::kHtml, 0,
+         "  <b><a href=\"file:///a%20b.cpp\" target=\"_blank\">Function</a></b>: <b><font color=\"F\">a&lt;b</font></b>\n"
+         "  <b>Parameters</b>: <b><font color=\"P\">(c, d)</font></b>\n"},
+        {Mode::kHtml, 1, "  <b><font color=\"F\">a&lt;b</font></b> <b><font color=\"P\">(c, d)</font></b>\n"},
+        {Mode::kCsv, 0, ""},
     };
-    for (int i = 0; i < 12; ++i) { // mode, -l, inline with a template
-        CAPTURE(i);
+    for (const auto &c : cases) {
         Bench bench;
         Globals *G = bench.G;
+        bench.SetMode(c.mode);
         G->totals_only = 0;
-        G->html_mode = i / 4 == 1;
-        G->csv_mode = i / 4 == 2;
-        G->list_functions = i / 2 % 2;
-        G->inline_flag = G->func_template = i % 2;
+        G->list_functions = c.list;
         CopyText(G->funcname, "a<b");
         CopyText(G->params, "(c, d)");
-        CopyText(G->func_template_text, "t<u>");
-        CHECK(bench.Written([G] { EmitFunction(G); }) == kForms[i]);
+        CHECK(Written([G] { EmitFunction(G); }) == c.written);
     }
 }
 
@@ -253,18 +216,17 @@ TEST_CASE("notice mode frames a function with lines of text, and long names are 
         const std::string tail = csv ? "Param,2,Return,1,Cyclo Vg,1,Total,4\nLOC,1,eLOC,1,lLOC,0,Comment,0,Lines,1\n"
                                      : "  Complexity   Param 2       Return 1      Cyclo Vg 1       Total        4\n"
                                        "  LOC 1        eLOC 1        lLOC 0        Comment 0        Lines        1\n";
-        CHECK(bench.Written([&] { bench.Run(name.c_str(), "(int a, int b)", [] {}); }) ==
+        CHECK(Written([&] { bench.Run(name.c_str(), "(int a, int b)", [] {}); }) ==
               "\n  ------------------------ Function Begin Line: 0 ------------------------\n" + wrapped +
                   "  Parameters: (int a, int b)\n\n" + wrapped + tail +
                   "  ------------------------- Function End Line: 0 -------------------------\n");
     }
 }
 
-TEST_CASE("no text of a line leads a reader out of its bounds") {
+TEST_CASE_FIXTURE(Bench, "no text of a line leads a reader out of its bounds") {
     const std::string pieces = "(()*&<>::/*/ //operator r\t \r\n,{}a~_[=";
     unsigned seed = 1;
     const auto next = [&seed](size_t limit) { return (seed = seed * 1664525 + 1013904223) / 65536 % limit; };
-    Bench bench;
     for (int round = 0; round < 4000; ++round) {
         std::string line;
         const size_t length = next(round % 50 == 0 ? 2047 : 40);
@@ -274,9 +236,9 @@ TEST_CASE("no text of a line leads a reader out of its bounds") {
         line.resize(length);
         const std::unique_ptr<char[]> exact(new char[length + 1]); // its own block, so that a step too far is seen
         memcpy(exact.get(), line.c_str(), length + 1);
-        GetFunction(exact.get(), static_cast<int>(next(length + 3)) - 1, bench.G);
-        CopyText(bench.G->params, exact.get());
-        packParams(bench.G->params, bench.G->funcname, bench.G);
-        CHECK(bench.G->params[strlen(bench.G->params) - 1] == ')');
+        GetFunction(exact.get(), static_cast<int>(next(length + 3)) - 1, G);
+        CopyText(G->params, exact.get());
+        packParams(G->params, G->funcname, G);
+        CHECK(G->params[strlen(G->params) - 1] == ')');
     }
 }

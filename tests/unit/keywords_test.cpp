@@ -1,25 +1,17 @@
 // Keywords, directives and the helpers on source text: what a line counts, sets and complains about, word by word.
-#include <doctest/doctest.h>
-
-#include <memory>
-#include <string>
+#include "bench.h"
 
 #include "analysis/code_text.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/keywords.h"
 #include "analysis/scan.h"
-#include "report/mode.h"
 #include "report/state_line.h"
-#include "run/globals.h"
 
 namespace {
 
 enum Language { kC, kCpp, kJava, kCs, kNone };
 
-struct Bench {
-    std::unique_ptr<Globals, decltype(&free)> record{static_cast<Globals *>(calloc(1, sizeof(Globals))), free};
-    Globals *G = record.get();
-
+struct Bench : StateBench {
     explicit Bench(Language language = kCpp) {
         int *flags[] = {&G->is_c, &G->is_cpp, &G->is_java, &G->is_cs, &G->is_other};
         *flags[language] = language != kNone;
@@ -115,6 +107,7 @@ TEST_CASE("a word is a keyword by what stands around it") {
         {kC, "static_cast<int>(a)", "#24"},
         {kCpp, "throw 1; mutable int a; operator+", ""},
         {kCpp, "new T; {new(T);(new T)", "new_count:2 new_flag"},
+        {kCpp, "=new(T) delete[] p; delete p;} new", "new_count:2 delete_count:2 new_flag"},
         {kNone, "using namespace a; where", ""},
         {kCpp, "using a;", "using_count using_flag"},
         {kJava, "using a; final int x; import a.b;", "import_count const_flag"},
@@ -208,10 +201,7 @@ TEST_CASE("directives") {
     CHECK(Result(kC, "a##b #errors") == "preproc_count preproc_flag");
     CHECK(Result(kC, "#region if (a)") == "preproc_count preproc_flag");
     CHECK(Result(kC, "#") == "preproc_count preproc_flag");
-    char *shown = nullptr;
-    size_t size = 0;
-    gTLYOUT = open_memstream(&shown, &size);
-    {
+    const std::string shown = Written([] {
         Bench bench;
         bench.G->macro_metrics = 1;
         bench.Line("#define A\t1\n");
@@ -222,20 +212,15 @@ TEST_CASE("directives") {
         bench.Line("#define F(x) x\n");
         EndMacroRegion(bench.G);
         CHECK(bench.Dump() == "preproc_count:3 define_count:3 macro_count:3 preproc_flag define_flag");
-        LlistDestroy(&bench.G->macro_list, NameDataFree);
-        FreeIndex(&bench.G->macro_index_by_name);
-    }
-    ShowStateLine(123456, "Nested Interface Begin", nullptr);
-    fclose(gTLYOUT);
-    gTLYOUT = stdout;
-    CHECK(shown == std::string("  Macro: MAX<>\n\n"
-                               "\n  -------------------------- Macro Begin Line: 3 -------------------------\n"
-                               "  <b>Macro</b>: <b><font color=\"#1\">F</font></b>\n\n"
-                               "<b><font color=\"\">                         ~~ Macro Quality Notices ~~\n</font></b>"
-                               "\n  <b>Macro</b>: <b><font color=\"#1\">F</font></b>\n"
-                               "  --------------------------- Macro End Line: 3 --------------------------\n"
-                               "\n  ------------------ Nested Interface Begin Line: 123456 -----------------\n"));
-    free(shown);
+        ShowStateLine(123456, "Nested Interface Begin", nullptr);
+    });
+    CHECK(shown == "  Macro: MAX<>\n\n"
+                   "\n  -------------------------- Macro Begin Line: 3 -------------------------\n"
+                   "  <b>Macro</b>: <b><font color=\"#1\">F</font></b>\n\n"
+                   "<b><font color=\"\">                         ~~ Macro Quality Notices ~~\n</font></b>"
+                   "\n  <b>Macro</b>: <b><font color=\"#1\">F</font></b>\n"
+                   "  --------------------------- Macro End Line: 3 --------------------------\n"
+                   "\n  ------------------ Nested Interface Begin Line: 123456 -----------------\n");
 }
 
 TEST_CASE("helpers on source text") {

@@ -1,21 +1,15 @@
 // The list, its records and their order.
-#include <doctest/doctest.h>
+#include "bench.h"
 
-#include <memory>
 #include <random>
-#include <string>
 
 #include "run/compare.h"
-#include "run/globals.h"
 
 namespace {
 
-struct ListBench {
-    std::unique_ptr<Globals> G = std::make_unique<Globals>();
+struct ListBench : StateBench {
     Llist list{};
     ~ListBench() { LlistDestroy(&list, NameDataFree); }
-
-    void Add(const char *name, int line = 0) { CHECK(AddNameNode(name, line, 0, &list, 0, G.get())); }
 };
 
 int CompareLine(const void *record, const LlistNode *node, int) {
@@ -53,64 +47,54 @@ template <class T> std::string Names(const Llist &list) {
 
 } // namespace
 
-TEST_CASE("list: the chain stays whole through every operation") {
-    ListBench b;
-    Globals *G = b.G.get();
-    CHECK(LlistGet(&b.list, 1) == nullptr);
-    LlistDestroy(&b.list, NameDataFree);
+TEST_CASE_FIXTURE(ListBench, "list: the chain stays whole through every operation") {
+    CHECK(LlistGet(&list, 1) == nullptr);
+    LlistDestroy(&list, NameDataFree);
 
-    LlistNode *m = LlistInsert(&b.list, nullptr, NewName("m", 0), 1, G);
-    CHECK(LlistInsert(&b.list, nullptr, m->data, 1, G) == nullptr); // no place told
-    LlistInsert(&b.list, m, NewName("a", 0), 0, G);
-    LlistInsert(&b.list, m, NewName("z", 0), 1, G);
-    LlistInsert(&b.list, m, NewName("n", 0), 1, G);
-    CHECK(Names<NameData>(b.list) == "a m n z");
-    CHECK(LlistGet(&b.list, -1) == b.list.head);
-    CHECK(LlistGet(&b.list, 2) == m);
-    CHECK(LlistGet(&b.list, 4) == b.list.tail);
+    LlistNode *m = LlistInsert(&list, nullptr, NewName("m", 0), 1, G);
+    CHECK(LlistInsert(&list, nullptr, m->data, 1, G) == nullptr); // no place told
+    LlistInsert(&list, m, NewName("a", 0), 0, G);
+    LlistInsert(&list, m, NewName("z", 0), 1, G);
+    LlistInsert(&list, m, NewName("n", 0), 1, G);
+    CHECK(Names<NameData>(list) == "a m n z");
+    CHECK(LlistGet(&list, -1) == list.head);
+    CHECK(LlistGet(&list, 2) == m);
+    CHECK(LlistGet(&list, 4) == list.tail);
 
-    LlistRemoveNodeByData(&b.list, "nothing", CompareNameText, NameDataFree);
-    LlistRemoveNodeByData(&b.list, "z", CompareNameText, NameDataFree);
-    LlistRemoveNodeInList(&b.list, b.list.head, NameDataFree);
-    CHECK(Names<NameData>(b.list) == "m n");
+    LlistRemoveNodeByData(&list, "nothing", CompareNameText, NameDataFree);
+    LlistRemoveNodeByData(&list, "z", CompareNameText, NameDataFree);
+    LlistRemoveNodeInList(&list, list.head, NameDataFree);
+    CHECK(Names<NameData>(list) == "m n");
     NameData *kept = Record<NameData>(m);
-    LlistDetachNode(&b.list, m);
+    LlistDetachNode(&list, m);
     CHECK(std::string(kept->name) == "m");
-    CHECK(Names<NameData>(b.list) == "n");
+    CHECK(Names<NameData>(list) == "n");
 
     Llist other{};
-    LlistConcatenate(&b.list, &other);
-    CHECK(Names<NameData>(b.list) == "n");
-    LlistConcatenate(&other, &b.list); // an empty list takes the other's nodes
-    CHECK(Names<NameData>(b.list) == "");
-    CHECK(AddNameRawNode(kept, 0, &b.list, G) == 1);
-    LlistConcatenate(&b.list, &other);
-    CHECK(Names<NameData>(b.list) == "m n");
+    LlistConcatenate(&list, &other);
+    CHECK(Names<NameData>(list) == "n");
+    LlistConcatenate(&other, &list); // an empty list takes the other's nodes
+    CHECK(Names<NameData>(list) == "");
+    CHECK(AddNameRawNode(kept, 0, &list, G) == 1);
+    LlistConcatenate(&list, &other);
+    CHECK(Names<NameData>(list) == "m n");
     CHECK(Names<NameData>(other) == "");
 }
 
-TEST_CASE("list: refusals leave the record with the caller") {
-    ListBench b;
-    Globals *G = b.G.get();
-    CHECK(LlistAdd(&b.list, nullptr, nullptr, G) == nullptr);
+TEST_CASE_FIXTURE(ListBench, "list: refusals leave the record with the caller") {
+    CHECK(LlistAdd(&list, nullptr, nullptr, G) == nullptr);
     NameData *first = NewName("first", 5);
     NameData *twin = NewName("twin", 5);
-    CHECK(LlistAddUnique(&b.list, first, nullptr, G) == 1);
-    CHECK(LlistAddUnique(&b.list, twin, nullptr, G) == 0);
-    CHECK(LlistAddUnique(&b.list, twin, CompareLine, G) == 0);
+    CHECK(LlistAddUnique(&list, first, nullptr, G) == 1);
+    CHECK(LlistAddUnique(&list, twin, nullptr, G) == 0);
+    CHECK(LlistAddUnique(&list, twin, CompareLine, G) == 0);
     twin->line = 4;
-    CHECK(LlistAddUnique(&b.list, twin, CompareLine, G) == 1);
-    CHECK(Names<NameData>(b.list) == "twin first");
-    CHECK(AddNameNode(nullptr, 0, 0, &b.list, 0, G) == 0);
-    CHECK(AddNameNode("x", 0, 0, nullptr, 0, G) == 0);
-    CHECK(AddFileNode("x", 0, 0, 0, {}, {}, nullptr, 0, G) == 0);
-    CHECK(AddDirMetricsNode(nullptr, G) == 0);
+    CHECK(LlistAddUnique(&list, twin, CompareLine, G) == 1);
+    CHECK(Names<NameData>(list) == "twin first");
 }
 
-TEST_CASE("list: sorting equals inserting one by one, ties included") {
+TEST_CASE_FIXTURE(ListBench, "list: sorting equals inserting one by one, ties included") {
     std::mt19937 random(7);
-    ListBench b;
-    Globals *G = b.G.get();
     for (int round = 0; round < 1500; ++round) {
         G->sort_descending = round % 2;
         const int key = round % 11;
@@ -133,9 +117,7 @@ TEST_CASE("list: sorting equals inserting one by one, ties included") {
     }
 }
 
-TEST_CASE("list: ties, directions and keys") {
-    ListBench b;
-    Globals *G = b.G.get();
+TEST_CASE_FIXTURE(ListBench, "list: ties, directions and keys") {
     Llist entities{};
     auto add = [&](const char *name, int loc, int state, int key) {
         AddListNode(key, name, nullptr, "base", nullptr, nullptr, 0, 0, 0, loc, 0, 0, 0, 0, 0, 0, state, 0, 0, 0, 0, 0, 0, 0, 0, 0,
@@ -167,9 +149,7 @@ TEST_CASE("list: ties, directions and keys") {
     }
 }
 
-TEST_CASE("list: searches by name") {
-    ListBench b;
-    Globals *G = b.G.get();
+TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
     Llist dirs{};
     for (const char *name : {"/src/lib", "/src", "/Doc"}) {
         AddListNode(0, name, nullptr, nullptr, nullptr, nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,

@@ -1,24 +1,13 @@
 // Quality notices: who raises what, in which form it comes out, and what is remembered.
-#include <doctest/doctest.h>
-
-#include <memory>
-#include <string>
+#include "bench.h"
 
 #include "analysis/scan.h"
 #include "notices/raise.h"
-#include "report/mode.h"
-#include "run/globals.h"
 
 namespace {
 
-struct FreeRecord {
-    void operator()(Globals *G) const { FreeGlobals(G); }
-};
-
 // A state record at line 7 of a file, all notices on and wanted in their long forms.
-struct Bench {
-    std::unique_ptr<Globals, FreeRecord> record{static_cast<Globals *>(calloc(1, sizeof(Globals)))};
-    Globals *G = record.get();
+struct Bench : StateBench {
     char line[256] = {}; // line[0] stays NUL: what stands in front of a line
     Scan scan{};
 
@@ -44,18 +33,6 @@ struct Bench {
     }
 };
 
-template <class F> std::string Printed(F what) {
-    char *shown = nullptr;
-    size_t size = 0;
-    gTLYOUT = open_memstream(&shown, &size);
-    what();
-    fclose(gTLYOUT);
-    gTLYOUT = stdout;
-    std::string text(shown, size);
-    free(shown);
-    return text;
-}
-
 // The numbers of the list, in order.
 std::string Listed(const Globals *G) {
     std::string numbers;
@@ -78,9 +55,6 @@ TEST_CASE("long forms: notice first, line first, HTML, XML") {
         {[](Globals *G) { NoticeFilePercent(19, 1.0F, 2.5F, G); },
          "\n    Notice #19: File white space percentage, 1.0% is less than 2.5%\n", "\n    Notice #19: File",
          font + "Notice</b></font> #19: File white space percentage, <b>1.0%</b> is less than <b>2.5%</b> \n"},
-        {EmitNewDelNotice, "\n    Notice #45: File a&b.cpp: Line 7\n           New",
-         "\n    File a&b.cpp: Line 7: Notice #45\n           New",
-         font + "NOTICE</b></font> #45: <b>File a&amp;b.cpp</b>\n           New"},
         {[](Globals *G) { EmitMultipleInheritanceNotice("A<T>", G); },
          "\n    Notice #42: File a&b.cpp: Line 7\n           Class multiple",
          "\n    File a&b.cpp: Line 7: Notice #42\n           Class",
@@ -102,56 +76,45 @@ TEST_CASE("long forms: notice first, line first, HTML, XML") {
             bench.G->reorder_notice_line = form == 1;
             bench.G->html_mode = form == 2;
             const std::string &wanted = form == 0 ? c.text : form == 1 ? c.line_first : c.html;
-            CHECK(Printed([&] { c.raise(bench.G); }).substr(0, wanted.size()) == wanted);
+            CHECK(Written([&] { c.raise(bench.G); }).substr(0, wanted.size()) == wanted);
         }
     }
     CHECK(Listed(bench.G) == "");
     bench.G->html_mode = 0;
     bench.G->xml_mode = 1;
-    CHECK(Printed([&] { Notice_MinFuncLloc(1, bench.G); }).find("1 is &lt;= to") != std::string::npos);
-    CHECK(Printed([&] { NoticeStray(')', bench.G); }) == "");
+    CHECK(Written([&] { Notice_MinFuncLloc(1, bench.G); }).find("1 is &lt;= to") != std::string::npos);
+    CHECK(Written([&] { NoticeStray(')', bench.G); }) == "");
 }
 
-TEST_CASE("what is off or skipped counts nothing; the switches choose the form") {
-    Bench bench;
-    Globals *G = bench.G;
+TEST_CASE_FIXTURE(Bench, "what is off or skipped counts nothing") {
     G->notice_enabled[9] = 0;
     G->skip_quality_active = 1;
-    CHECK(Printed([&] {
+    CHECK(Written([&] {
               NoticeAtLine(9, G);
               NoticeAtLine(8, G);
               CountTabNotices(3, G);
           }) == "");
     CHECK(G->notice_count == 0);
-    Printed([&] { NoticeStray(')', G); }); // not held back by a skip region
+    Written([&] { NoticeStray(')', G); }); // not held back by a skip region
     G->skip_quality_active = 0;
     CountTabNotices(3, G);
     CHECK(G->notice_count == 4);
     CHECK(G->notice_cnt[12] == 1);
+}
 
-    Bench other;
-    other.G->max_cyclo = 11;
-    other.Short();
-    CHECK(Printed([&] { Notice_Logical_Limit(12, other.G); }) == "  Notice #  28: Line    7, Cyclomatic complexity > 11\n");
-    other.G->notice_vs_format = 1;
-    CHECK(Printed([&] { NoticeAtLine(9, other.G); }) == "a&b.cpp(7) : Notice #9    - 'goto' keyword identified\n");
-    CHECK(Listed(other.G) == "28 9 ");
-
-    other.G->totals_only = 1; // all of a -T run go through the short form
-    other.G->notice_vs_format = other.G->notices_by_file = 0;
-    CHECK(NoticesArePrinted(other.G) == 0);
-    CHECK(Printed([&] { NoticeAtLine(9, other.G); }) == "");
-    other.G->notices_by_file = 1;
-    CHECK(Printed([&] { NoticeAtLine(9, other.G); }) == "  Notice #   9: Line    7, 'goto' keyword identified\n");
-    CHECK(Listed(other.G) == "28 9 9 ");
-    CHECK(other.G->notice_cnt[9] == 3);
+TEST_CASE_FIXTURE(Bench, "the switches choose the form") {
+    G->notice_short_format = G->totals_only = 1; // all of a -T run go through the short form
+    CHECK(NoticesArePrinted(G) == 0);
+    CHECK(Written([&] { NoticeAtLine(9, G); }) == "");
+    G->notices_by_file = 1;
+    CHECK(Written([&] { NoticeAtLine(9, G); }) == "  Notice #   9: Line    7, 'goto' keyword identified\n");
+    CHECK(Listed(G) == "9 ");
+    CHECK(G->notice_cnt[9] == 2);
     CHECK(std::string(GetNoticeStr(101, G)) == "Unsupported");
 }
 
-TEST_CASE("a body without braces shows the line of its keyword") {
-    Bench bench;
-    Globals *G = bench.G;
-    bench.Short();
+TEST_CASE_FIXTURE(Bench, "a body without braces shows the line of its keyword") {
+    Short();
     for (const char *wanted : {"  Notice #  22: Line    5, 'else' is not bound with scope braces {}\n",
                                "<notice>\n<type>22</type>\n<line>7</line><description>else is not bound with scope braces "
                                "{}</description>\n</notice>\n",
@@ -160,21 +123,20 @@ TEST_CASE("a body without braces shows the line of its keyword") {
         G->function_metrics = *wanted != '\0';
         G->scope_kind = 2;
         G->scope_line = G->scope_paren = G->scope_pending_line = 5;
-        CHECK(Printed([&] { EmitScopeError(G); }) == wanted);
+        CHECK(Written([&] { EmitScopeError(G); }) == wanted);
         CHECK((G->scope_kind | G->scope_line | G->scope_paren | G->scope_pending_line) == 0);
     }
     CHECK(G->notice_list.head->next->next == nullptr);
     CHECK(Record<NameData>(G->notice_list.head)->line == 5);
 }
 
-TEST_CASE("steps in front of a name: the short form first outside macros, the long form first inside") {
-    Bench bench;
-    bench.G->notices_by_file = 1;
-    CHECK(Printed([&] { NoticePreStep(6, bench.G); }) == "  Notice #   6: Line    7, Pre-decrement operator '--' identified\n");
-    bench.G->macro_flag = 1;
-    CHECK(Printed([&] { NoticePreStep(7, bench.G); }).find("#7: Line 7, a pre-increment '++ operator' identified\n") == 5 + 7);
-    CHECK(Printed([&] { NoticeAtLine(23, bench.G); }) == "");
-    CHECK(Printed([&] { EmitScopeNotice(bench.G); }).find("  Notice #  55: Line    7") == 0);
+TEST_CASE_FIXTURE(Bench, "steps in front of a name: the short form first outside macros, the long form first inside") {
+    G->notices_by_file = 1;
+    CHECK(Written([&] { NoticePreStep(6, G); }) == "  Notice #   6: Line    7, Pre-decrement operator '--' identified\n");
+    G->macro_flag = 1;
+    CHECK(Written([&] { NoticePreStep(7, G); }).find("#7: Line 7, a pre-increment '++ operator' identified\n") == 5 + 7);
+    CHECK(Written([&] { NoticeAtLine(23, G); }) == "");
+    CHECK(Written([&] { EmitScopeNotice(G); }).find("  Notice #  55: Line    7") == 0);
 }
 
 TEST_CASE("assigned literals, on the line of the sign and behind it") {
@@ -197,7 +159,7 @@ TEST_CASE("assigned literals, on the line of the sign and behind it") {
         if (c.flag) {
             bench.G->*c.flag = 1;
         }
-        Printed([&] { CheckAssignedLiteral(bench.At(c.line, '='), bench.G); });
+        Written([&] { CheckAssignedLiteral(bench.At(c.line, '='), bench.G); });
         CHECK(bench.G->notice_cnt[50] == c.raised);
         CHECK(bench.G->scope_pending_line == 0);
 
@@ -205,7 +167,7 @@ TEST_CASE("assigned literals, on the line of the sign and behind it") {
         bench.G->assignment_flag = 1;
         bench.G->scope_pending_line = 6;
         const char *value = strchr(c.line, '=') + 2;
-        Printed([&] { CheckPending(bench.At(value, value[strspn(value, "/* five")]), bench.G); });
+        Written([&] { CheckPending(bench.At(value, value[strspn(value, "/* five")]), bench.G); });
         CHECK(bench.G->notice_cnt[50] == c.raised);
     }
     Bench bench;
@@ -235,7 +197,7 @@ TEST_CASE("what is waited for, and what ends the waiting") {
         bench.G->scope_pending_line = c.since;
         bench.G->function_scope = c.depth;
         bench.G->open_paren = c.kind == 3;
-        Printed([&] { CheckPending(bench.At(c.line, c.at), bench.G); });
+        Written([&] { CheckPending(bench.At(c.line, c.at), bench.G); });
         CHECK(bench.G->notice_cnt[22] == c.raised);
         CHECK(bench.G->scope_kind == c.still);
     }
@@ -255,10 +217,8 @@ TEST_CASE("what is waited for, and what ends the waiting") {
     }
 }
 
-TEST_CASE("the ends of functions and classes raise in their order") {
-    Bench bench;
-    Globals *G = bench.G;
-    bench.Short();
+TEST_CASE_FIXTURE(Bench, "the ends of functions and classes raise in their order") {
+    Short();
     G->min_func_white_pct = G->min_func_comment_pct = G->min_func_blank_pct = G->min_class_comment_pct = 10.0F;
     G->max_func_name_len = 4;
     G->kr_flag = G->local_bracket = G->local_paren = G->local_switch = G->local_case = G->object_metrics = G->virtual_class = 1;
@@ -267,12 +227,12 @@ TEST_CASE("the ends of functions and classes raise in their order") {
     const FunctionFigures figures{
         .loc = 9, .eloc = 9, .lloc = 0, .comments = 1, .blanks = 0, .span = 9, .white_pct = 1, .blank_pct = 2};
     CopyText(G->funcname, "LongClass::Four"); // only the name behind the class counts; 1 comment beside 9 lines is 10 percent
-    Printed([&] { NoticesBeforeSums(figures, G); });
+    Written([&] { NoticesBeforeSums(figures, G); });
     CHECK(Listed(G) == "10 11 12 13 14 46 16 18 ");
     CopyText(G->funcname, "Fiver");
     G->fall_through = 1;
     G->min_func_loc_content = 9;
-    Printed([&] {
+    Written([&] {
         NoticesBeforeSums(figures, G);
         NoticesOfLimits(figures, G);
         NoticesOfClass(figures, G);
@@ -289,14 +249,14 @@ TEST_CASE("guards that belong to a notice") {
             Bench bench;
             bench.G->*declared = mask & 1;
             bench.G->*ignored = mask & 2;
-            Printed([&] { NoticeAtLine(35, bench.G); });
+            Written([&] { NoticeAtLine(35, bench.G); });
             CHECK(bench.G->notice_count == (mask != 3));
         }
     }
     Bench bench;
     bench.G->error_flag = bench.G->funcname_flag = bench.G->catch_flag = 1;
     CopyText(bench.G->funcname, "~Tree");
-    CHECK(Printed([&] {
+    CHECK(Written([&] {
               CPP_Symbol(7, "class", bench.G);
               NoticeAtLine(49, bench.G);
               EmitFriendClassNotice("friend class Tree;\n", 17, bench.G);
