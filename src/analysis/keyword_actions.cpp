@@ -3,6 +3,7 @@
 
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/local_definition.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "run/globals.h"
@@ -182,6 +183,9 @@ void OnVoid(Scan &scan, int end, Globals *G) {
 }
 
 void OnClass(Scan &scan, int end, Globals *G) {
+    if (IsLocalDefinition(scan.line + end, G)) {
+        EmitClassWithinFunction(G);
+    }
     if (G->define_flag || G->enum_flag || G->typedef_flag || G->template_beg_flag || G->funcname_flag) {
         return;
     }
@@ -242,6 +246,9 @@ void NameStruct(const Scan &scan, int end, Globals *G) {
 } // namespace
 
 void OnStruct(Scan &scan, int end, Globals *G) {
+    if (!G->is_java && IsLocalDefinition(scan.line + end, G)) {
+        EmitStructWithinFunction(G);
+    }
     if (G->local_paren != 0 || strchr(scan.line, '=')) { // f(struct tag *p), struct tag name = {1};
         return;
     }

@@ -102,26 +102,34 @@ void ReportLine(const Scan &scan, int line_has_c_comment, Globals *G) {
 }
 
 void SplitLine(const Scan &scan, Globals *G) {
-    ClearText(G->line_code);
-    ClearText(G->line_string);
-    ClearText(G->line_comment);
+    // Each text with its fill, so that a line costs its length once. A text never outgrows the line it comes from.
+    int code = 0, string = 0, comment = 0;
+    const auto file = [](LineText &text, int &fill, char c) {
+        if (fill < static_cast<int>(sizeof(LineText)) - 1) {
+            text[fill++] = c;
+        }
+    };
     for (int i = 0; i < scan.length; ++i) {
         const char c = scan.line[i];
         if (scan.kinds[i] == kPassedOver) {
             continue;
         }
         if (scan.kinds[i] == kCommentSpan) {
-            AppendChar(G->line_comment, c);
+            file(G->line_comment, comment, c);
         } else if (scan.kinds[i] == kStringSpan) {
-            AppendChar(G->line_string, c);
+            file(G->line_string, string, c);
         } else if (scan.line[i - 1] == '*' && c == '/') {
-            AppendText(G->line_comment, "*/");
+            file(G->line_comment, comment, '*');
+            file(G->line_comment, comment, '/');
         } else if (c == '*' && scan.line[i + 1] == '/') {
             continue; // filed with its "/"
-        } else if (c == '"' && G->line_string[0] == '"') {
-            AppendChar(G->line_string, c);
+        } else if (c == '"' && string > 0 && G->line_string[0] == '"') {
+            file(G->line_string, string, c);
         } else {
-            AppendChar(G->line_code, c);
+            file(G->line_code, code, c);
         }
     }
+    G->line_code[code] = '\0';
+    G->line_string[string] = '\0';
+    G->line_comment[comment] = '\0';
 }

@@ -16,6 +16,7 @@
 #include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
+#include "notices/udqn.h"
 #include "report/mode.h"
 #include "run/globals.h"
 
@@ -232,7 +233,6 @@ void EndContinuation(const Scan &scan, Globals *G) {
 }
 
 void ShowSplitLine(const Scan &scan, Globals *G) {
-    SplitLine(scan, G);
     Message(G, "*** Debug:\n*** Line   : %s*** Code   : %s\n*** String : %s\n*** Comment: %s\n", scan.line, G->line_code,
             G->line_string, G->line_comment);
 }
@@ -338,7 +338,7 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     scan.length = LengthWithoutLineEnd(scan.line, line_bytes);
     scan.c_comment_line = G->c_comment;
     scan.white_end = scan.length;
-    if (G->debug) {
+    if (G->debug || udqn_needs_split(G)) {
         memset(kinds, kCodeSpan, sizeof kinds);
         scan.kinds = kinds;
     }
@@ -365,12 +365,21 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
         ReportLine(scan, line_has_c_comment, G);
     }
     CountLine(scan, line_has_c_comment, G);
+    if (scan.kinds) {
+        SplitLine(scan, G);
+    }
+    udqn_process(scan.line, 0, G);
     if (scan.is_loc) {
         memcpy(G->prev_code_line, scan.line, line_bytes + 1);
     }
     EndContinuation(scan, G);
     if (G->debug) {
         ShowSplitLine(scan, G);
+    }
+    if (scan.kinds) { // at the end of a file the rules see no line
+        ClearText(G->line_code);
+        ClearText(G->line_string);
+        ClearText(G->line_comment);
     }
     G->at_flag = 0;
 }

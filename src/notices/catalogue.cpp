@@ -1,13 +1,14 @@
 // The rows of the catalogue, and the short texts made of them.
 //
 // A long text of several values stands with its raiser, where its values are; a row holds the long text only where the line says
-// all. Row 25 is no notice: its switch tells how C headers are read. 33, 40 and 41 are never raised here.
+// all. Row 25 is no notice: its switch tells how C headers are read. 40 and 41 are raised by the inheritance tree.
 #include "notices/catalogue.h"
 
 #include <cstring>
 #include <iterator>
 
 #include "notices/raise.h"
+#include "notices/udqn.h"
 #include "run/globals.h"
 
 namespace {
@@ -217,6 +218,11 @@ const char *ScopeWord(int kind) {
 
 const char *GetNoticeStr(int n, const Globals *G) {
     static char filled[80];
+    if (n < 1 || n > kNotices) {
+        if (const Udqn *rule = get_udqn_ptr(n, &G->udqn_list)) {
+            return rule->summary ? rule->summary : "";
+        }
+    }
     const NoticeRow &row = Notice(n);
     const char *hole = strchr(row.text, '%');
     if (!hole) {

@@ -1,6 +1,9 @@
 // Heads and texts of the long forms. What a notice says is in the catalogue and with the raisers.
 #include "notices/long_form.h"
 
+#include <cstdlib>
+#include <string>
+
 #include "notices/catalogue.h"
 #include "report/names.h"
 #include "run/globals.h"
@@ -16,16 +19,16 @@ void HtmlPlace(const NoticeRow &row, int line, const Globals *G) {
         if (row.traits & kHtmlNoLine) {
             PrintOnly<Shown>(Mode::kHtml, "<b>File %s</b>\n", file);
         } else if (row.number == 42) {
-            Put("<b>Line %d:</b>\n", line);
+            PrintOnly(Mode::kHtml, "<b>Line %d:</b>\n", line);
         } else {
             PrintOnly<Shown, int>(Mode::kHtml, "<b>File %s: Line %d</b>\n", file, line);
         }
         return;
-    case kOwnRow: Put("<b>Line %d</b>\n", line); return;
+    case kOwnRow: PrintOnly(Mode::kHtml, "<b>Line %d</b>\n", line); return;
     case kComma:
     case kColon:
         if (!(row.traits & kHtmlNoLine)) {
-            Put("<b>Line %d</b>: ", line);
+            PrintOnly(Mode::kHtml, "<b>Line %d</b>: ", line);
         }
         return;
     }
@@ -38,23 +41,29 @@ void HtmlHead(const NoticeRow &row, int line, const Globals *G) {
 }
 
 void LineFirstHead(const NoticeRow &row, int line, const Globals *G) {
+    const Mode mode = OutputMode(G);
     switch (row.place) {
     case kFileRow:
-        PrintOnly<Shown, int, int>(OutputMode(G), "\n    File %s: Line %d: Notice #%d\n", Shown{G->file_name}, line, row.number);
+        PrintOnly<Shown, int, int>(mode, "\n    File %s: Line %d: Notice #%d\n", Shown{G->file_name}, line, row.number);
         return;
-    case kOwnRow: Put("\n    Line %d: Notice #%d\n", line, row.number); return;
-    default: Put("\n%sLine %d: Notice #%d: ", row.traits & kFiveBlanks ? "     " : "    ", line, row.number); return;
+    case kOwnRow: PrintOnly(mode, "\n    Line %d: Notice #%d\n", line, row.number); return;
+    default:
+        PrintOnly<const char *, int, int>(mode, "\n    %sLine %d: Notice #%d: ", row.traits & kFiveBlanks ? " " : "", line,
+                                          row.number);
+        return;
     }
 }
 
 void NoticeFirstHead(const NoticeRow &row, int line, const Globals *G) {
-    Put("\n    Notice #%d: ", row.number);
+    const Mode mode = OutputMode(G);
     switch (row.place) {
-    case kNone: return;
-    case kComma: Put("Line %d, ", line); return;
-    case kColon: Put("Line %d:%s", line, row.traits & kTwoBlanks ? "  " : " "); return;
-    case kOwnRow: Put("Line %d\n", line); return;
-    case kFileRow: PrintOnly<Shown, int>(OutputMode(G), "File %s: Line %d\n", Shown{G->file_name}, line); return;
+    case kNone: PrintOnly(mode, "\n    Notice #%d: ", row.number); return;
+    case kComma: PrintOnly(mode, "\n    Notice #%d: Line %d, ", row.number, line); return;
+    case kColon: PrintOnly(mode, "\n    Notice #%d: Line %d:%s", row.number, line, row.traits & kTwoBlanks ? "  " : " "); return;
+    case kOwnRow: PrintOnly(mode, "\n    Notice #%d: Line %d\n", row.number, line); return;
+    case kFileRow:
+        PrintOnly<int, Shown, int>(mode, "\n    Notice #%d: File %s: Line %d\n", row.number, Shown{G->file_name}, line);
+        return;
     }
 }
 
@@ -71,11 +80,10 @@ void WriteHead(int n, int line, const Globals *G) {
     }
 }
 
-std::string MarkedText(const char *text, const char *html, Mode mode) {
-    const bool bold = mode == Mode::kHtml;
+static std::string Mark(const char *text, bool bold) {
     std::string marked;
     bool open = false;
-    for (const char *p = bold && html && *html ? html : text; *p; ++p) {
+    for (const char *p = text; *p; ++p) {
         if (*p != '`') {
             marked += *p;
             continue;
@@ -85,20 +93,40 @@ std::string MarkedText(const char *text, const char *html, Mode mode) {
             marked += open ? "<b>" : "</b>";
         }
     }
-    if (mode != Mode::kXml) {
-        return marked;
+    return marked;
+}
+
+const char *MarkedText(int n, const char *text, const char *html, Mode mode, Globals *G) {
+    const bool bold = mode == Mode::kHtml;
+    const char *source = bold && html && *html ? html : text;
+    KeptNoticeText &kept = G->marked_texts[Notice(n).number];
+    if (kept.source == source && kept.mode == static_cast<int>(mode) && kept.marked) {
+        return kept.marked;
     }
-    std::string encoded;
-    xml_encode(marked.c_str(), encoded);
-    return encoded;
+    std::string marked = Mark(source, bold);
+    if (mode == Mode::kXml) {
+        std::string encoded;
+        xml_encode(marked.c_str(), encoded);
+        marked = encoded;
+    }
+    free(kept.marked);
+    kept = {source, static_cast<int>(mode), CopyOnHeap(marked.c_str())};
+    return kept.marked ? kept.marked : source;
 }
 
-void WriteText(int n, int line, const char *text, const char *html, const Globals *G) {
+void WriteText(int n, int line, const char *text, const char *html, Globals *G) {
     WriteHead(n, line, G);
-    fputs(MarkedText(text, html, OutputMode(G)).c_str(), gTLYOUT);
+    fputs_unlocked(MarkedText(n, text, html, OutputMode(G), G), gTLYOUT); // no values, so no %
 }
 
-void WriteRowText(int n, int line, const Globals *G) {
+void WriteRowText(int n, int line, Globals *G) {
     const NoticeRow &row = Notice(n);
     WriteText(n, line, row.body ? row.body : "", row.html, G);
+}
+
+void FreeMarkedTexts(Globals *G) {
+    for (KeptNoticeText &kept : G->marked_texts) {
+        free(kept.marked);
+        kept = {};
+    }
 }

@@ -6,8 +6,6 @@
 //   WriteLong(27, G->file_line_no, G, kLimit, value, G->max_return_points);
 #pragma once
 
-#include <string>
-
 #include "report/forms.h"
 
 struct Globals;
@@ -19,21 +17,24 @@ template <class... Args> struct LongText {
 
 // Writes "\n    Notice #12: Line 7: " or what stands for it in the mode and in the order of the settings.
 void WriteHead(int n, int line, const Globals *G);
-// A text with its marks made bold, or taken away; in XML encoded. It stays a format: encoding leaves % as it is.
-std::string MarkedText(const char *text, const char *html, Mode mode);
+// The text of a notice with its marks made bold, or taken away; in XML encoded. It stays a format: encoding leaves % as it is.
+// It is made once and kept in G until the notice takes another text: text must live as long as G. The answer is valid until then.
+const char *MarkedText(int n, const char *text, const char *html, Mode mode, Globals *G);
 // A long form without values; html may be null. WriteRowText takes the text of the notice's row.
-void WriteText(int n, int line, const char *text, const char *html, const Globals *G);
-void WriteRowText(int n, int line, const Globals *G);
+void WriteText(int n, int line, const char *text, const char *html, Globals *G);
+void WriteRowText(int n, int line, Globals *G);
 
 template <class... Args>
-void WriteLong(int n, int line, const Globals *G, const LongText<Args...> &body, std::type_identity_t<Args>... args) {
+void WriteLong(int n, int line, Globals *G, const LongText<Args...> &body, std::type_identity_t<Args>... args) {
     const Mode mode = OutputMode(G);
     WriteHead(n, line, G);
-    const std::string marked = MarkedText(body.text.text, body.html.text, mode);
     forms::Format<Args...> format;
-    format.text = marked.c_str();
+    format.text = MarkedText(n, body.text.text, body.html.text, mode, G);
     PrintOnly<Args...>(mode, format, args...);
 }
+
+// Frees the texts that MarkedText keeps.
+void FreeMarkedTexts(Globals *G);
 
 // The steps of Raise, for raisers that depart from them. CountNotice: is n on, is there no skip region; counts it, or returns 0.
 int CountNotice(int n, Globals *G);

@@ -33,20 +33,24 @@ void NoticeStray(char closer, Globals *G);                           // 12, seco
 void EmitScopeError(Globals *G);                                     // 22; ends by clearing what was waited for
 void CPP_Symbol(int line, const char *word, Globals *G);             // 24
 void NoticeContent(int n, const char *kind, float measured, float limit,
-                   Globals *G);                                         // 16, 17, 31, 46: kind "Function", "Class", "Struct"
-void NoticeFuncEloc(Globals *G);                                        // 18
-void NoticeFilePercent(int n, float measured, float limit, Globals *G); // 19, 20, 47
-void NoticeKeyString(Globals *G);                                       // 21
-void Notice_Return_Limit(int value, Globals *G);                        // 27
-void Notice_Logical_Limit(int value, Globals *G);                       // 28
-void Notice_Interface_Limit(int value, Globals *G);                     // 29
-void Notice_MinFuncLloc(int value, Globals *G);                         // 48
-void EmitClassFunctionNotice(const char *word, Globals *G);             // 39: "struct" or "class"
-void EmitMultipleInheritanceNotice(const char *classname, Globals *G);  // 42
-void EmitNewDelNotice(Globals *G);                                      // 45
-void EmitNumericAssignment(const char *text, Globals *G);               // 50: text behind the "="; tested here
-void EmitNoComment(int n, const char *word, Globals *G);                // 51 to 54
-void EmitScopeNotice(Globals *G);                                       // 55
+                   Globals *G);                                          // 16, 17, 31, 46: kind "Function", "Class", "Struct"
+void NoticeFuncEloc(Globals *G);                                         // 18
+void NoticeFilePercent(int n, float measured, float limit, Globals *G);  // 19, 20, 47
+void NoticeKeyString(Globals *G);                                        // 21
+void Notice_Return_Limit(int value, Globals *G);                         // 27
+void Notice_Logical_Limit(int value, Globals *G);                        // 28
+void Notice_Interface_Limit(int value, Globals *G);                      // 29
+void Notice_MinFuncLloc(int value, Globals *G);                          // 48
+void EmitStructWithinFunction(Globals *G);                               // 33: a struct, whatever stands around it
+void EmitClassWithinFunction(Globals *G);                                // 33: a class, or a member of a struct
+void EmitClassFunctionNotice(const char *word, Globals *G);              // 39: "struct" or "class"
+void EmitInheritanceDepthNotice(const char *file, int line, Globals *G); // 40
+void EmitNumberOfChildrenNotice(const char *file, int line, Globals *G); // 41
+void EmitMultipleInheritanceNotice(const char *classname, Globals *G);   // 42
+void EmitNewDelNotice(Globals *G);                                       // 45
+void EmitNumericAssignment(const char *text, Globals *G);                // 50: text behind the "="; tested here
+void EmitNoComment(int n, const char *word, Globals *G);                 // 51 to 54
+void EmitScopeNotice(Globals *G);                                        // 55
 
 // The checks that run ahead of the line or of a character.
 // At each code character of a line on which something is waited for since an earlier line (scope_pending_line): the value of an

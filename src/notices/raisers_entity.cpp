@@ -61,6 +61,10 @@ constexpr LongText<const char *, int> kMethods{"The Number of %s methods exceeds
                                                "The number of %s methods exceeds the specified\n"
                                                "           maximum of %d methods (public, protected and private).\n"};
 
+constexpr LongText<const char *, const char *> kWithinFunction{"A %s definition has been identified\n"
+                                                               "           within a function definition.  This design is not\n"
+                                                               "           advised.  Move the %s outside the function.\n"};
+
 constexpr LongText<Shown> kMultipleInheritance{"           Class multiple inheritance has been identified for class `%s`.\n"
                                                "           Multiple inheritance should be driven by the design and\n"
                                                "           never imposed as an ad-hoc solution in implementation.\n"
@@ -74,6 +78,12 @@ constexpr LongText<const char *> kNoComment{"A %s has been identified which does
 void RaiseLimit(int n, const LongText<int, int> &text, int value, int limit, Globals *G) {
     if (Raise(n, G)) {
         WriteLong(n, G->file_line_no, G, text, value, limit);
+    }
+}
+
+void RaiseWithinFunction(const char *word, Globals *G) {
+    if (Raise(33, G)) {
+        WriteLong(33, G->file_line_no, G, kWithinFunction, word, word);
     }
 }
 
@@ -130,6 +140,14 @@ void Notice_Interface_Limit(int value, Globals *G) {
 
 void Notice_MinFuncLloc(int value, Globals *G) {
     RaiseLimit(48, kFewStatements, value, G->min_func_eloc, G);
+}
+
+void EmitStructWithinFunction(Globals *G) {
+    RaiseWithinFunction("struct", G);
+}
+
+void EmitClassWithinFunction(Globals *G) {
+    RaiseWithinFunction(G->struct_flag ? "struct" : "class", G);
 }
 
 void EmitClassFunctionNotice(const char *word, Globals *G) {

@@ -10,9 +10,11 @@
 #include <string>
 #include <utility>
 
+#include "notices/udqn.h"
 #include "report/forms.h"
 #include "report/names.h"
 #include "run/globals.h"
+#include "run/program_files.h"
 
 static constexpr int kMaxLeftMargin = 43; // blanks that left_margin holds
 
@@ -161,6 +163,14 @@ static void ShowTitle(Mode mode, const Globals *G) {
     Put("\n");
 }
 
+// The user's rules come with the head: without notices, or without a head, there are none.
+static void LoadRules(Globals *G) {
+    if (G->quality_notices && *G->udqn_file) {
+        GetProgFile(G->udqn_file, G->udqn_file, G);
+        load_udqn_file(nullptr, G);
+    }
+}
+
 void ShowHeader(FILE *stream, Globals *G) {
     FILE *const report = std::exchange(gTLYOUT, stream);
     const Mode mode = G->html_mode ? Mode::kHtml : Mode::kText; // help in a CSV or XML run has a text head too
@@ -171,9 +181,10 @@ void ShowHeader(FILE *stream, Globals *G) {
     if (!G->no_header) {
         ShowProductLines(mode, G);
         ShowOrigin(mode, G);
-        if (G->title_set) {
-            ShowTitle(mode, G);
-        }
+    }
+    LoadRules(G);
+    if (!G->no_header && G->title_set) {
+        ShowTitle(mode, G);
     }
     gTLYOUT = report;
 }
@@ -194,6 +205,7 @@ void CSV_Header(FILE *stream, Globals *G) {
     if (!G->no_config) {
         PrintOnly(Mode::kCsv, "Configuration File,%s\n", Shown{G->cfg_file});
     }
+    LoadRules(G);
     if (!G->no_header && G->title_set) {
         Put("\n%s\n", G->report_title);
     }
@@ -233,6 +245,7 @@ void XML_Header(FILE *stream, Globals *G) {
     if (!G->no_config) {
         PrintOnly(xml, "<config_file>%s</config_file>\n", Shown{G->cfg_file});
     }
+    LoadRules(G);
     if (!G->no_header && G->title_set) {
         PrintOnly(xml, "<title>%s</title>\n", Shown{G->report_title});
     }

@@ -8,8 +8,10 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "report/quality_profile.h"
 #include "report/summaries.h"
 #include "run/globals.h"
+#include "tree/class_tree.h"
 
 void ShowTotalReport(Globals *G) {
     if (G->totals_all || G->totals_functions) {
@@ -21,8 +23,20 @@ void ShowTotalReport(Globals *G) {
     if (G->totals_all || G->totals_interfaces) {
         ShowProjectInterSummary(G);
     }
+    if (G->totals_all || G->tree_only) {
+        ReportInheritanceTree(G);
+    } else if (G->inheritance_report) { // -Tp and -Tq need the tree for its notices only
+        G->inheritance_report = 0;
+        RaiseTreeNotices(G);
+    }
     if (G->totals_all || G->totals_namespaces) {
         ShowProjectNamespaceSummary(G);
+    }
+    if (G->totals_all || G->totals_quality_profile) {
+        ShowQualityProfile(G);
+    }
+    if (G->totals_all || G->totals_notice_summary) {
+        ShowNoticeSummary(G);
     }
     if (G->totals_all || G->totals_language) {
         ShowLanguageProfile(G);

@@ -10,6 +10,7 @@
 #include "config/languages.h"
 #include "files/source_reader.h"
 #include "notices/raise.h"
+#include "notices/udqn.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/lines.h"
@@ -227,6 +228,7 @@ void EndFile(FileData *file, Globals *G) {
     }
     FileNotices(G);
     ReportFile(file, G);
+    udqn_process("UDQN eof", 1, G);
     AddTotal(G);
     file->notices = G->notice_count;
     if (OutputMode(G) == Mode::kXml && !G->totals_no_file_names) {

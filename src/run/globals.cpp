@@ -2,6 +2,9 @@
 #include "run/globals.h"
 
 #include "config/languages.h"
+#include "notices/udqn.h"
+#include "notices/long_form.h"
+#include "tree/class_tree.h"
 
 void FreeGlobals(Globals *G) {
     clearUlpi(G);
@@ -10,6 +13,11 @@ void FreeGlobals(Globals *G) {
     LlistDestroy(&G->source_file_list, FileDataFree);
     LlistDestroy(&G->header_file_list, FileDataFree);
     LlistDestroy(&G->notice_list, NameDataFree);
+    FreeMarkedTexts(G);
+    LlistDestroy(&G->tree_list, TreeDataFree);
+    LlistDestroy(&G->lost_child_list, TreeDataFree);
+    FreeIndex(&G->tree_names);
+    FreeIndex(&G->lost_names);
     LlistDestroy(&G->macro_list, NameDataFree);
     LlistDestroy(&G->class_list, NodeDataFree);
     LlistDestroy(&G->interface_list, NodeDataFree);
@@ -20,6 +28,7 @@ void FreeGlobals(Globals *G) {
     FreeIndex(&G->namespace_index_by_name);
     FreeIndex(&G->macro_index_by_name);
     LlistDestroy(&G->dir_metrics_list, NodeDataFree);
+    ClearUdqn(G);
     LlistDestroy(&G->early_messages, [](void *) {});
     if (G->file_list_stream) {
         fclose(G->file_list_stream);

@@ -14,9 +14,11 @@
 #include "config/config_state.h"
 #include "files/files_state.h"
 #include "notices/notices_state.h"
+#include "notices/udqn_state.h"
 #include "report/report_state.h"
 #include "run/records.h"
 #include "run/run_state.h"
+#include "tree/tree_state.h"
 
 // Cleared by ResetState behind every source file.
 struct PerFile : FileCounters,
@@ -27,7 +29,8 @@ struct PerFile : FileCounters,
                  FunctionState,
                  FunctionSums,
                  ClassState,
-                 NamespaceState {};
+                 NamespaceState,
+                 UdqnFileState {};
 
 struct Globals : RunSwitches,
                  CommandText,
@@ -47,7 +50,9 @@ struct Globals : RunSwitches,
                  ClassRun,
                  NamespaceRun,
                  NoticeRun,
+                 UdqnRun,
                  ReportState,
+                 TreeState,
                  PerFile {
     FileCounters total;               // the project: the same shape as one file
     FunctionPointValues total_points; // the project's function points

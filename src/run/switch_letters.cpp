@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "config/settings.h"
+#include "notices/notice_list.h"
 #include "report/mode.h"
 #include "run/globals.h"
 #include "run/switches.h"
@@ -165,6 +166,7 @@ static void ShowSettings(Globals *G) {
 void SwitchHelp(const char *parameter, Globals *G) {
     switch (*parameter) {
     case 'c': ShowSettings(G); break;
+    case 'n': ShowNotices(G); break;
     case 'p':
         G->syntax_pause = 1;
         ShowSyntax(G);

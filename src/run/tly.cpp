@@ -15,6 +15,7 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "report/quality_profile.h"
 #include "report/summaries.h"
 #include "report/totals.h"
 #include "run/command_line.h"
@@ -22,6 +23,7 @@
 #include "run/globals.h"
 #include "run/program_files.h"
 #include "run/read_lines.h"
+#include "tree/class_tree.h"
 
 void InitGlobals(Globals *G) {
     gTLYOUT = stdout;
@@ -209,6 +211,11 @@ void EntityReports(Globals *G) {
     if (G->object_metrics) {
         ShowProjectClassSummary(G);
         ShowProjectInterSummary(G);
+    }
+    if (G->inheritance_report) {
+        ReportInheritanceTree(G);
+    }
+    if (G->object_metrics) {
         ShowProjectNamespaceSummary(G);
     }
 }
@@ -225,6 +232,9 @@ void ProjectReports(Globals *G) {
             ShowTotalSummary(G, 1, 1);
         }
         EntityReports(G);
+        if (G->quality_notices) {
+            ShowQualityProfile(G);
+        }
     }
     if (G->verbose_metrics) {
         ShowVerbose(G, 1);
@@ -246,6 +256,9 @@ int HasTotals(const Globals *G) {
 }
 
 void EndReport(ProcessTimer *timer, Globals *G) {
+    if (G->totals_all || G->inheritance_report) {
+        BuildClassTree(G);
+    }
     if (HasTotals(G)) {
         SetTotal(G);
         if (G->csv_mode && G->csv_file_lines) {

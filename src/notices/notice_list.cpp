@@ -1,0 +1,65 @@
+// The list of -hn: what can be noticed, and what is switched on.
+#include "notices/notice_list.h"
+
+#include <cstring>
+
+#include "notices/catalogue.h"
+#include "notices/raise.h"
+#include "notices/udqn.h"
+#include "report/forms.h"
+#include "report/frame.h"
+#include "run/globals.h"
+#include "run/program_files.h"
+#include "run/read_lines.h"
+
+namespace {
+
+// Help is prose in every mode but HTML: no fields, no elements.
+Mode ProseMode(const Globals *G) {
+    return OutputMode(G) == Mode::kHtml ? Mode::kHtml : Mode::kText;
+}
+
+void ListTitle(const char *title, const Globals *G) {
+    if (ProseMode(G) == Mode::kHtml) {
+        CenteredTitle(title, G);
+    } else {
+        Center(title);
+    }
+}
+
+void NoticeLine(int number, int on, const char *text, const Globals *G) {
+    PrintOnly<int, const char *, Shown>(ProseMode(G), "  Notice %-4d: [%3s] %s\n", number, on ? "On" : "Off", Shown{text});
+}
+
+// The head has read the rules only where notices are on. A rule file is optional: without one there is nothing to list.
+void LoadRules(Globals *G) {
+    if (G->quality_notices || !*G->udqn_file) {
+        return;
+    }
+    GetProgFile(G->udqn_file, G->udqn_file, G);
+    LineReader probe;
+    if (OpenLines(&probe, G->udqn_file)) {
+        CloseLines(&probe);
+        load_udqn_file(nullptr, G);
+    }
+}
+
+} // namespace
+
+void ShowNotices(Globals *G) {
+    ShowHeader(gTLYOUT, G);
+    ListTitle("TLY Quality Notice Types", G);
+    for (int n = 1; n <= kNotices; ++n) {
+        NoticeLine(n, G->notice_enabled[n], GetNoticeStr(n, G), G);
+    }
+    LoadRules(G);
+    ListTitle("User Defined Quality Notices", G);
+    PrintOnly(ProseMode(G), "  UDQN File   : %s\n", Shown{G->udqn_file});
+    Put("  PCRE Version: %s\n", "7.0");
+    for (const Udqn *rule : Records<Udqn>(G->udqn_list)) {
+        if (rule->summary && strlen(rule->summary) > 1) {
+            NoticeLine(rule->id, rule->active, rule->summary, G);
+        }
+    }
+    DashRule();
+}

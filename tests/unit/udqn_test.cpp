@@ -1,0 +1,143 @@
+// User rules: how a line of the rule file is read, when a rule fires, and that a costly pattern ends.
+#include <doctest/doctest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "analysis/roll_up.h"
+#include "notices/raise.h"
+#include "notices/udqn.h"
+#include "report/mode.h"
+#include "run/globals.h"
+
+namespace {
+
+struct FreeRecord {
+    void operator()(Globals *G) const { FreeGlobals(G); }
+};
+
+struct Rules {
+    std::unique_ptr<Globals, FreeRecord> record{static_cast<Globals *>(calloc(1, sizeof(Globals)))};
+    Globals *G = record.get();
+
+    explicit Rules(const char *text) {
+        G->head_written = 1;
+        G->names_case_sensitive = 1;
+        G->file_name = "a.c";
+        Read(text);
+    }
+    void Read(const std::string &text) {
+        for (size_t at = 0, end; at < text.size(); at = end + 1) {
+            end = std::min(text.find('\n', at), text.size());
+            parse_udqn_line(text.substr(at, end - at).c_str(), G, G);
+        }
+    }
+    const Udqn *Get(int id) { return get_udqn_ptr(id, &G->udqn_list); }
+    int Count(int id) { return Get(id)->count; }
+};
+
+std::string Printed(const std::function<void()> &what) {
+    char *shown = nullptr;
+    size_t size = 0;
+    gTLYOUT = open_memstream(&shown, &size);
+    what();
+    fclose(gTLYOUT);
+    gTLYOUT = stdout;
+    std::string text(shown, size);
+    free(shown);
+    return text;
+}
+
+std::string Rule(int id, const char *rest) {
+    return "UDQN Begin:\nudqn id: " + std::to_string(id) + "\nactive: on\nsources: c\ncontext: Line\n" + rest + "\nUDQN End:\n";
+}
+
+} // namespace
+
+TEST_CASE("rule file: lists have holes and ends, options hold for what follows, stray keys go nowhere") {
+    int flags[kUdqnFlagNumbers];
+    std::string many;
+    for (int i = 1; i <= 70; ++i) {
+        many += std::to_string(i) + ",";
+    }
+    const struct {
+        std::string text;
+        int count, first, second, last;
+    } lists[] = {{"0, 7", 1, 0, 7, 0},
+                 {"1999 2000,-1", 1, 1999, 0, 0},
+                 {"", 0, 0, 0, 0},
+                 {", x ,99999999999999999999", 0, 0, 0, 0},
+                 {many, 32, 1, 2, 32}};
+    for (const auto &list : lists) {
+        CAPTURE(list.text);
+        CHECK(parse_flags(list.text.c_str(), flags) == list.count);
+        CHECK(flags[0] == list.first);
+        CHECK(flags[1] == list.second);
+        CHECK(flags[31] == list.last);
+    }
+    Rules rules("pattern: (\nset flags: 1\nUDQN End:\nnothing\nUDQN Begin:\nmessage: dropped");
+    rules.Read("REG_ICASE: on\nREG_NEWLINE: yes\nREG_EXTENDED: on\nREG_NOTBOL: no\n" + Rule(100, "pattern: a : b :\t\r") +
+               Rule(101, "sources: c, cpp,h\npattern: (x"));
+    CHECK(rules.G->udqn_compile_flags == 3);
+    CHECK(rules.G->udqn_exec_flags == 0);
+    REQUIRE(rules.G->udqn_list.count == 2);
+    CHECK(std::string(rules.Get(100)->pattern) == "a : b :");
+    CHECK(std::string(rules.Get(101)->sources[2]) == "h");
+    CHECK(std::string(rules.Get(101)->test_result) == "Pattern Compile Error");
+    CHECK(Printed([&] { rules.Read(Rule(100, "summary: again")); }).starts_with("  Error: Duplicate UDQN Identifier 100\n"));
+    CHECK(search_udqn_id(0, &rules.G->udqn_list) == 1);
+    CHECK(search_udqn_id(0, nullptr) == 0);
+    CHECK(std::string(GetNoticeStr(0, rules.G)) == "again");
+    CHECK(std::string(GetNoticeStr(100, rules.G)) == "");
+    CHECK(std::string(GetNoticeStr(999, rules.G)) == "Unsupported");
+}
+
+TEST_CASE("rules arm each other on a line, within a file only, and the end of a file has rules of its own") {
+    Rules rules("");
+    rules.Read(Rule(100, "pattern: BEGIN\nset flags: 1 2\nclear flags: 2\nsilent flag: on") +
+               Rule(101, "pattern: END\ncheck flags: 1\n!check flags: 2") +
+               Rule(102, "pattern: UDQN eof\n!check flags: 1\nemit eof flag: on") + Rule(103, "pattern: END\nsources: cpp"));
+    const auto file = [&](const char *name, std::initializer_list<const char *> lines) {
+        rules.G->file_name = name;
+        for (const char *line : lines) {
+            udqn_process(line, 0, rules.G);
+        }
+        udqn_process("UDQN eof", 1, rules.G);
+        ResetState(rules.G);
+    };
+    file("a.c", {"END", "BEGIN END", "END"});
+    CHECK(rules.Count(101) == 2);
+    CHECK(rules.Count(102) == 0);
+    file("b.c", {"END", "UDQN eof"});
+    CHECK(rules.Count(102) == 1);
+    CHECK(rules.Count(101) == 2);
+    file("c.cpp", {"BEGIN", "END"});
+    CHECK(rules.Count(103) == 1);
+    CHECK(rules.Count(100) == 0);
+    CHECK(udqn_notice_total_count(rules.G) == 4);
+    CHECK(Printed([&] { udqn_profile(8, rules.G); }) ==
+          "  101       2   25.00  \n  102       1   12.50  \n  103       1   12.50  \n");
+}
+
+TEST_CASE("a message longer than its place in HTML is cut in front of an entity") {
+    Rules rules("");
+    rules.G->html_mode = rules.G->quality_notices = 1;
+    rules.Read(Rule(100, ("pattern: x\nmessage: " + std::string(1020, 'm') + "<_LINE_").c_str()));
+    const std::string shown = Printed([&] { udqn_process("x", 0, rules.G); });
+    CHECK(shown.ends_with(" #100: " + std::string(1020, 'm') + "\n"));
+}
+
+TEST_CASE("a pattern that backtracks without end is switched off, with one message") {
+    Rules rules(Rule(100, "pattern: (a+)+$").c_str());
+    const std::string line = std::string(2000, 'a') + ";";
+    const std::string shown = Printed([&] {
+        for (int i = 0; i < 10000; ++i) {
+            udqn_process(line.c_str(), 0, rules.G);
+        }
+        udqn_process("aaa", 0, rules.G);
+    });
+    CHECK(shown.find("UDQN 100 takes too many steps") != std::string::npos);
+    CHECK(shown.find("too many steps") == shown.rfind("too many steps"));
+    CHECK(rules.Count(100) == 0);
+}
