@@ -2,8 +2,8 @@
 #include "run/globals.h"
 
 #include "config/languages.h"
-#include "notices/udqn.h"
 #include "notices/long_form.h"
+#include "notices/udqn.h"
 #include "tree/class_tree.h"
 
 void FreeGlobals(Globals *G) {
