@@ -50,8 +50,10 @@ void TreeDataFree(void *record) {
 }
 
 void FreeTreeNode(TreeData *node) {
-    TreeDataFree(node);
-    free(node);
+    if (node) {
+        TreeDataFree(node);
+        free(node);
+    }
 }
 
 int HangNode(TreeData *node, TreeData *above, Llist *top, Globals *G) {
@@ -167,7 +169,7 @@ int FirstInReport(const TreeData *a, const TreeData *b) {
     if (low == high) {
         return a_is_higher;
     }
-    while (low->above != high->above) {
+    while (low->above && high->above && low->above != high->above) { // on one level the roots are reached together
         const int far = low->jump != high->jump;
         low = far ? low->jump : low->above;
         high = far ? high->jump : high->above;

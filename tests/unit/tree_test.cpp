@@ -47,7 +47,8 @@ struct Bench {
         std::string shown;
         for (TreeData *node = G->tree_list.head ? Record<TreeData>(G->tree_list.head) : nullptr; node;
              node = NextNode(node, nullptr)) {
-            shown += (shown.empty() ? "" : " ") + std::string(node->name) + std::to_string(node->depth);
+            shown += shown.empty() ? "" : " ";
+            shown += node->name + std::to_string(node->depth);
         }
         for (const TreeData *node : Records<TreeData>(G->lost_child_list)) {
             shown += "|" + std::string(node->name) + "<" + node->parent;
