@@ -25,6 +25,9 @@ int SingleChar(const char *line, char ch) {
     if (*p != ch) {
         return 0;
     }
+    if (p[1] == '\n') { // most of them
+        return 1;
+    }
     const char *end = strstr(line, "//");
     if (!end) {
         end = line + strlen(line);

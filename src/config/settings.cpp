@@ -122,7 +122,8 @@ void ReadLine(char *line, Globals *G) {
     Rtrim(line);
     Rtrim(colon + 1);
     for (const Setting &row : SettingsTable()) {
-        if (row.key && strcasecmp(row.key, line) == 0) {
+        // a key's first letter differs from most: bit 5 is what upper and lower case differ in
+        if (row.key && ((*row.key ^ *line) & ~0x20) == 0 && strcasecmp(row.key, line) == 0) {
             ReadValue(row, Ltrim(colon + 1), G);
             return;
         }

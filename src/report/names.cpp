@@ -180,7 +180,10 @@ const char *HTMLPathFile(const char *name, const Globals *G) {
 
 const char *get_date(const time_t *when) {
     static char date[64];
-    CopyText(date, when ? ctime(when) : nullptr); // null too for a year that has no place in an int
+    struct tm parts;
+    char text[64];
+    // the re-entrant call doesn't look the time zone up again for every file; null too for a year that has no place in an int
+    CopyText(date, when && localtime_r(when, &parts) ? asctime_r(&parts, text) : nullptr);
     Rtrim(date);
     return date;
 }

@@ -28,7 +28,6 @@
 void InitGlobals(Globals *G) {
     gTLYOUT = stdout;
     gTLYIN = stdin;
-    *G = Globals{};
     DefaultSettings(G);
     G->ulpi_count = -1;
     G->ulpi_last = -1;
