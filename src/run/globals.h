@@ -11,7 +11,9 @@
 #include "analysis/line_state.h"
 #include "analysis/namespace_state.h"
 #include "analysis/scope_state.h"
+#include "baseline/baseline_state.h"
 #include "config/config_state.h"
+#include "config/report_cfg.h"
 #include "files/files_state.h"
 #include "notices/notices_state.h"
 #include "notices/udqn_state.h"
@@ -53,6 +55,9 @@ struct Globals : RunSwitches,
                  UdqnRun,
                  ReportState,
                  TreeState,
+                 BaselineFiles,
+                 BaselineRun,
+                 ReportCfgTables,
                  PerFile {
     FileCounters total;               // the project: the same shape as one file
     FunctionPointValues total_points; // the project's function points

@@ -3,13 +3,11 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include "report/mode.h"
 #include "run/globals.h"
+#include "run/replacement.h"
 
 namespace {
 
@@ -44,40 +42,6 @@ void FindHome(std::span<char> home, const Globals *G) {
         }
     }
     ClearText(home);
-}
-
-// A new file beside path, for writing; below 0 when none could be made. An old one of a process that was killed may be in the
-// way, and in a container process ids come again soon: so a few names are tried.
-int OpenBeside(const std::string &path, std::string &name) {
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        name = path + ".tmp." + std::to_string(getpid()) + "." + std::to_string(attempt);
-        const int descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (descriptor >= 0 || errno != EEXIST) {
-            return descriptor;
-        }
-    }
-    return -1;
-}
-
-// Gives the new file the owner and the mode of the one it replaces. Without the owner, no set-id bits.
-bool TakeOverMode(int descriptor, const struct stat &old) {
-    const bool owned = fchown(descriptor, old.st_uid, old.st_gid) == 0;
-    return fchmod(descriptor, old.st_mode & (owned ? 07777U : 0777U)) == 0;
-}
-
-// Where the bytes of path really are: a link keeps pointing. False for what can't be replaced: a device, a file that its owner has
-// made read-only, a link that leads nowhere.
-bool FindTarget(const char *path, std::string &target, struct stat &old, bool &exists) {
-    if (char *resolved = realpath(path, nullptr)) {
-        target = resolved;
-        free(resolved);
-        exists = true;
-        return stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode) && access(target.c_str(), W_OK) == 0;
-    }
-    const bool missing = errno == ENOENT && lstat(path, &old) != 0;
-    exists = false;
-    target = path;
-    return missing;
 }
 
 } // namespace
@@ -134,29 +98,10 @@ void GetProgFile(std::span<char> dest, const char *name, Globals *G) {
 }
 
 int WriteProgramFile(const char *path, void (*write)(FILE *stream, Globals *G), Globals *G) {
-    std::string target, beside;
-    struct stat old;
-    bool exists;
-    if (!FindTarget(path, target, old, exists)) {
+    Replacement file;
+    if (!BeginReplacement(path, nullptr, &file)) {
         return 0;
     }
-    const int descriptor = OpenBeside(target, beside);
-    if (descriptor < 0) {
-        return 0;
-    }
-    bool good = !exists || TakeOverMode(descriptor, old);
-    FILE *stream = good ? fdopen(descriptor, "wb") : nullptr;
-    if (stream) {
-        write(stream, G);
-        good = ferror(stream) == 0 && fflush(stream) == 0 && fsync(descriptor) == 0;
-        good = fclose(stream) == 0 && good;
-    } else {
-        close(descriptor);
-        good = false;
-    }
-    if (!good || rename(beside.c_str(), target.c_str()) != 0) {
-        remove(beside.c_str());
-        return 0;
-    }
-    return 1;
+    write(file.stream, G);
+    return CommitReplacement(&file, 0);
 }

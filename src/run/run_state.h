@@ -137,6 +137,6 @@ struct WorkSwitches {
     int diff_show_details;  // -ws
     int work_verbose;       // -wv
     PathText work_file_name;
-    PathText old_work_name; // the first file of -wx
-    PathText new_work_name; // the second
+    PathText older_work_name; // the first file of -wx
+    PathText newer_work_name; // the second
 };

@@ -124,8 +124,8 @@ void StoreTrimmed(std::span<char> field, const char *text, size_t length, Global
                      "         Example -w\"x work file old, work file new\"\n"
                      "         Use -hs for help text\n");
     }
-    StoreTrimmed(G->old_work_name, names, static_cast<size_t>(comma - names), G);
-    StoreTrimmed(G->new_work_name, comma + 1, strlen(comma + 1), G);
+    StoreTrimmed(G->older_work_name, names, static_cast<size_t>(comma - names), G);
+    StoreTrimmed(G->newer_work_name, comma + 1, strlen(comma + 1), G);
     EndWithError(G, 1, "\n  Error: Comparing baselines is not built yet\n         Use -hs for help text\n");
 }
 

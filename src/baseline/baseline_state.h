@@ -1,0 +1,58 @@
+// What a baseline run holds: the files that it writes, and the comparison of two baselines. All of it lasts for the run.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+#include "run/llist.h"
+#include "run/text.h"
+
+// The metrics that a baseline keeps of a source file, in the order of the report's columns; the size in bytes has no column.
+enum WorkMetric {
+    kWorkLoc,
+    kWorkEloc,
+    kWorkLloc,
+    kWorkComments,
+    kWorkBlanks,
+    kWorkLines,
+    kWorkFunctions,
+    kWorkCyclo,
+    kWorkInterface,       // parameters and return points
+    kWorkTotalComplexity, // cyclo and interface; not stored
+    kWorkNotices,
+    kWorkColumns,
+    kWorkSize = kWorkColumns, // bytes
+    kWorkMetrics
+};
+
+struct WorkMetrics {
+    int64_t of[kWorkMetrics];
+};
+
+// A project's sums over one baseline, or over the differences.
+struct WorkTotals : WorkMetrics {
+    int files;
+};
+
+// Counters of a line comparison, one row per operation. A line of code with a comment counts in its code column and in kLineC.
+enum LineOperation { kLineMod, kLineEq, kLineRm, kLineOperations }; // added in the newer file, in both, removed from the older one
+enum LineKind { kLineL, kLineN, kLineG, kLineC, kLineB, kLineKinds };
+
+// The files of a baseline that is being made.
+struct BaselineFiles {
+    FILE *work_file;             // null unless this run makes a baseline
+    FILE *diff_data_file;        // line records of the current source file; null unless -wd
+    LineText diff_data_path;     // directory of the line records
+    LineText diff_data_rel_path; // the same as the work file's records name it: without the work file's own directory
+    LineText diff_file_old;      // line records of the current source file
+    LineText diff_file_rel;      // the same below diff_data_rel_path
+};
+
+// Two baselines, and what came out of comparing them.
+struct BaselineRun {
+    Llist old_work_list, new_work_list;           // NodeData per source file, by name
+    Llist work_result_list;                       // NodeData per difference
+    int line_counts[kLineOperations][kLineKinds]; // of the last line comparison
+    int diff_algorithm;                           // of the last line comparison: 1 longest common sequence, 2 linear lookahead
+    WorkTotals newer_totals, older_totals, diff_totals;
+};

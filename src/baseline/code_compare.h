@@ -1,0 +1,12 @@
+// Two versions of a file compared by their line records alone. Both methods fill G->line_counts.
+#pragma once
+
+#include "baseline/line_records.h"
+
+struct Globals;
+
+// By the longest common sequence; long files in segments of max_lcs_file_lines from their ends. file_name is for the -ws listing.
+// Returns 1, or 0 with a message when memory is out: the counters hold what has been counted so far.
+int CompareCodeLCS(const char *file_name, const DiffDataList &hist, const DiffDataList &pres, Globals *G);
+// By linear lookahead: one pass, no memory, may miss matches. Always 1.
+int CompareCodeLinearLookahead(const char *file_name, const DiffDataList &hist, const DiffDataList &pres, Globals *G);

@@ -1,0 +1,26 @@
+// The tables of the report on two baselines: file table, profile by state, totals, glossary. Columns are chosen by report_cfg.
+#pragma once
+
+#include <cstdint>
+
+#include "baseline/baseline_state.h"
+
+struct Globals;
+struct NodeData;
+
+enum class DiffTable { kFiles, kProfile, kProductivity };
+
+// The column heads of a table, and the rule of their width; nothing in XML.
+void DiffDataHeader(Globals *G, DiffTable kind);
+// The rule that the last DiffDataHeader laid down, with its line end.
+void DiffDataRule(Globals *G);
+// Shows one result record unless it is hidden, and adds it to the profile.
+void DiffDataShow(NodeData *record, Globals *G);
+// The profile of all records shown so far.
+void ShowDiffProfile(Globals *G);
+// One line of productivity: the totals of the differences per unit of work. The caller prints label and end.
+void DiffProfileLine(Globals *G, double unit);
+// The four blocks of project totals.
+void ShowDiffTotals(Globals *G);
+// The glossary of -wg.
+void DiffReportGlossary(Globals *G);

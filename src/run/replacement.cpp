@@ -1,0 +1,113 @@
+// Writing a file beside its place.
+#include "run/replacement.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "run/text.h"
+
+namespace {
+
+// A new file beside target, for writing; below 0 when none could be made. An old one of a process that was killed may be in the
+// way, and in a container process ids come again soon: so a few names are tried.
+int OpenBeside(Replacement *file) {
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        FormatText(file->beside, "%s.tmp.%d.%d", file->target, static_cast<int>(getpid()), attempt);
+        const int descriptor = open(file->beside, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (descriptor >= 0 || errno != EEXIST) {
+            return descriptor;
+        }
+    }
+    return -1;
+}
+
+// Gives the new file the owner and the mode of the one it replaces. Without the owner, no set-id bits.
+bool TakeOverMode(int descriptor, const struct stat &old) {
+    const bool owned = fchown(descriptor, old.st_uid, old.st_gid) == 0;
+    return fchmod(descriptor, old.st_mode & (owned ? 07777U : 0777U)) == 0;
+}
+
+// Where the bytes of path really are: a link keeps pointing. False for what can't be replaced: a device, a file that its owner has
+// made read-only, a link that leads nowhere.
+bool FindTarget(const char *path, Replacement *file, struct stat *old, bool *exists) {
+    if (char *resolved = realpath(path, nullptr)) {
+        *exists = true;
+        CopyText(file->target, resolved);
+        free(resolved);
+        if (stat(file->target, old) != 0 || access(file->target, W_OK) != 0) {
+            return false;
+        }
+        errno = EINVAL;
+        return S_ISREG(old->st_mode);
+    }
+    *exists = false;
+    const int error = errno;
+    const bool missing = error == ENOENT && lstat(path, old) != 0 && strlen(path) < sizeof file->target;
+    CopyText(file->target, path);
+    errno = error;
+    return missing;
+}
+
+} // namespace
+
+int BeginReplacement(const char *path, const char *beside, Replacement *out) {
+    struct stat old;
+    bool exists;
+    out->stream = nullptr;
+    if (!FindTarget(path, out, &old, &exists)) {
+        return 0;
+    }
+    int descriptor;
+    if (beside) {
+        CopyText(out->beside, beside);
+        descriptor = open(beside, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
+    } else {
+        descriptor = OpenBeside(out);
+    }
+    if (descriptor < 0) {
+        return 0;
+    }
+    if (exists && !TakeOverMode(descriptor, old)) {
+        const int error = errno;
+        close(descriptor);
+        remove(out->beside);
+        errno = error;
+        return 0;
+    }
+    out->stream = fdopen(descriptor, "wb");
+    return out->stream != nullptr;
+}
+
+int CommitReplacement(Replacement *file, int keep) {
+    FILE *stream = file->stream;
+    file->stream = nullptr;
+    bool good = ferror(stream) == 0 && fflush(stream) == 0 && fsync(fileno(stream)) == 0;
+    int error = errno;
+    if (fclose(stream) != 0 && good) {
+        good = false;
+        error = errno;
+    }
+    if (good && rename(file->beside, file->target) == 0) {
+        return 1;
+    }
+    if (good) {
+        error = errno;
+    }
+    if (!keep) {
+        remove(file->beside);
+    }
+    errno = error;
+    return 0;
+}
+
+void AbandonReplacement(Replacement *file) {
+    if (file->stream) {
+        fclose(file->stream);
+        file->stream = nullptr;
+        remove(file->beside);
+    }
+}

@@ -1,0 +1,21 @@
+// A file written beside its place and put there in one step: whatever fails on the way, the old file or the new one stands whole.
+#pragma once
+
+#include <climits>
+#include <cstdio>
+
+struct Replacement {
+    FILE *stream;               // what to write to; null unless begun
+    char target[PATH_MAX];      // the file that is replaced: where the bytes are, if the path is a link
+    char beside[PATH_MAX + 32]; // where they are written first
+};
+
+// Creates the file beside path, with the mode and the owner of the one that it will replace, if there is one. beside names it; null
+// takes a name that no other process has. Returns 1; 0 with errno when it can't be done: also for a device, a read-only file and a
+// link that leads nowhere.
+int BeginReplacement(const char *path, const char *beside, Replacement *out);
+// Writes all out, to the disk, and renames. Returns 1; 0 with errno when the old file still stands: the one beside is gone then,
+// unless keep.
+int CommitReplacement(Replacement *file, int keep);
+// Removes what has been written so far. Does nothing to one that wasn't begun.
+void AbandonReplacement(Replacement *file);
