@@ -14,11 +14,6 @@
 
 namespace {
 
-// Help is prose in every mode but HTML: no fields, no elements.
-Mode ProseMode(const Globals *G) {
-    return OutputMode(G) == Mode::kHtml ? Mode::kHtml : Mode::kText;
-}
-
 void ListTitle(const char *title, const Globals *G) {
     if (ProseMode(G) == Mode::kHtml) {
         CenteredTitle(title, G);

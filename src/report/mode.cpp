@@ -25,6 +25,10 @@ Mode OutputMode(const Globals *G) {
     return G->xml_mode ? Mode::kXml : Mode::kText;
 }
 
+Mode ProseMode(const Globals *G) {
+    return OutputMode(G) == Mode::kHtml ? Mode::kHtml : Mode::kText;
+}
+
 void Put(const char *fmt, ...) {
     va_list args;
     va_start(args, fmt);

@@ -15,6 +15,8 @@ enum class Mode { kText, kHtml, kCsv, kXml };
 
 // The mode of a report. Two modes may be asked for at once: HTML wins over CSV, CSV over XML.
 Mode OutputMode(const Globals *G);
+// The mode of help and lists of settings: prose in every mode but HTML, without fields and elements.
+Mode ProseMode(const Globals *G);
 
 // Writes one literal to gTLYOUT as it stands: the caller has encoded what needs it.
 [[gnu::format(printf, 1, 2)]] void Put(const char *fmt, ...);

@@ -171,7 +171,8 @@ void SwitchHelp(const char *parameter, Globals *G) {
         G->syntax_pause = 1;
         ShowSyntax(G);
         break;
-    default: ShowSwitchList(G); break;
+    case 's': ShowSwitchList(G); break;
+    default: ShowHelp(G); break;
     }
     EndProcess(G, 0);
 }

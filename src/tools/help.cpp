@@ -140,11 +140,6 @@ constexpr const char *kSwitchLines[] = {
 };
 // clang-format on
 
-// Help is prose in every mode but HTML: no fields, no elements.
-Mode ProseMode(const Globals *G) {
-    return OutputMode(G) == Mode::kHtml ? Mode::kHtml : Mode::kText;
-}
-
 template <size_t N> void PrintLines(Mode mode, const char *const (&lines)[N]) {
     for (const char *line : lines) {
         PrintOnly(mode, "%s\n", Shown{line});

@@ -7,3 +7,5 @@ struct Globals;
 void ShowSyntax(Globals *G);
 // The switch list of -hs.
 void ShowSwitchList(Globals *G);
+// The manual of -hf.
+void ShowHelp(Globals *G);
