@@ -14,8 +14,8 @@ section; what stands ahead of the first is prose.
   === # REMARK             a remark, with the lines that follow
 
 All sections of a transcript share one fresh directory, which is also the program's home: its settings file is made there by the
-first run unless a "=== file tly.cfg" stands ahead. Files are dated 2001-09-09 01:46:40 UTC and are there before the next command.
-The names TZ, LC_ALL, HOME, PATH, TLYHOME and TLY are all there is in the environment.
+first run unless a "=== file tly.cfg" stands ahead; "../docs" is the repository's docs. Files are dated 2001-09-09 01:46:40 UTC and
+are there before the next command. TZ, LC_ALL, HOME, PATH, TLYHOME and TLY are all there is in the environment.
 
 In expected output "\xNN" is a byte that isn't printable (CR, high bytes, control bytes), "\=== " stands for "=== " at the start of a line, and
 "\ no end of line" a last line without its line end. Masked are: <dir> the directory, <now> the current time, <today> and <built>
@@ -122,6 +122,7 @@ def run(path, tly, update):
     try:
         (place / "bin").mkdir()
         (place / "bin" / "tly").symlink_to(tly)
+        (place / "docs").symlink_to(pathlib.Path(__file__).resolve().parent.parent / "docs")
         (place / "w").mkdir()
         actual, problems = replay(expected, place / "w", tly)
     finally:
