@@ -148,9 +148,9 @@ bool FindVariable(const char *text, Variable *found) {
 }
 
 // A report that is scanned while it is written grows without end: "tly -xDEBUG -r"h ." > lines.h".
-bool IsReport(const char *name) {
+bool IsReport(const char *name, const Globals *G) {
     struct stat report, file;
-    return fstat(fileno(gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(name, &file) == 0 &&
+    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(name, &file) == 0 &&
            file.st_dev == report.st_dev && file.st_ino == report.st_ino;
 }
 
@@ -193,7 +193,7 @@ int BuildFileList(int first_argument, Globals *G) {
 }
 
 int AddSourceFile(const char *name, const char *extension, Globals *G) {
-    if (IsReport(name)) {
+    if (IsReport(name, G)) {
         return 1;
     }
     SetFileDateSize(name, G);

@@ -1,6 +1,9 @@
 // Fields of the report frame. They last for the whole run.
 #pragma once
 
+#include <cstdio>
+
+#include "config/report_cfg.h"
 #include "run/llist.h"
 #include "run/text.h"
 
@@ -12,4 +15,12 @@ struct ReportState {
     Llist early_messages;                    // char*: messages that wait for the document to begin
     LineText bar_dash, bar_page, bar_header; // rules and title of a code listing page
     char left_margin[44];                    // its margin, blanks
+};
+
+// The configurable CSV report.
+struct CsvElementsState {
+    FILE *csv_rows;                   // where its lines go; null in a run without it
+    int csv_columns[kReportElements]; // element numbers, in the order of the columns
+    int csv_column_count;             // columns
+    int csv_notices_implied;          // notices are counted for a column only
 };

@@ -11,6 +11,7 @@
 #include "files/source_reader.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
+#include "report/csv_elements.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/lines.h"
@@ -229,6 +230,9 @@ void EndFile(FileData *file, Globals *G) {
     FileNotices(G);
     ReportFile(file, G);
     udqn_process("UDQN eof", 1, G);
+    if (G->csv_rows) {
+        ShowCsvElements(G);
+    }
     AddTotal(G);
     file->notices = G->notice_count;
     if (OutputMode(G) == Mode::kXml && !G->totals_no_file_names) {

@@ -22,9 +22,9 @@ struct CommandText {
     LineText start_dir;        // working directory at the start
     PathText file_list_name;   // the list file of -F
     PathText output_file_name; // the report file of -O; empty for stdout
-    PathText csv_report_file;
-    PathText xsl_file;    // style sheet of an XML report
-    int report_file_type; // 2 for a configurable CSV report
+    PathText csv_report_file;  // configuration of a configurable CSV report
+    PathText xsl_file;         // style sheet of an XML report
+    int report_file_type;      // 2 for a configurable CSV report
     char version[21];
 };
 

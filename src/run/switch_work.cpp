@@ -3,6 +3,7 @@
 #include <strings.h>
 #include <unistd.h>
 
+#include "report/csv_elements.h"
 #include "report/mode.h"
 #include "run/globals.h"
 #include "run/switches.h"
@@ -143,7 +144,7 @@ void TakeReportFile(const char *parameter, Globals *G) {
     if (length == 0) {
         EndWithError(G, 1, "\n  Error: -x \"File csv\" file name not parsed\n         Check command line syntax\n");
     }
-    G->report_file_type = 2;
+    G->report_file_type = kCsvElementsReport;
     StoreParameter(G->csv_report_file, form.name, length, 'x', G);
     if (G->debug) {
         Message(G, "*** Debug: Report File Options\n*** Type: %s\n*** File: %s\n", "Comma Separated Variables - CSV",
@@ -190,7 +191,10 @@ void SwitchExtended(const char *parameter, Globals *G) {
     }
     switch (*parameter) {
     case 'c':
-    case 'C': EndWithError(G, 1, "\n  Error: The CSV template is not built yet\n         Use -hs for help text\n");
+    case 'C':
+        CreateCSVCfg(G->csv_report_cfg, G);
+        G->document_closed = 1; // the template is a file of its own, in every mode
+        EndProcess(G, 1);
     case 'f':
     case 'F': TakeReportFile(parameter, G); return;
     case ' ': EndWithError(G, 1, "\n  -x Work Diff extraction mode is now supported under the -wx option\n");

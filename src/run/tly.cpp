@@ -10,6 +10,8 @@
 #include "config/settings.h"
 #include "files/file_list.h"
 #include "report/benchmark.h"
+#include "report/csv_elements.h"
+#include "report/estimation.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/frame.h"
@@ -130,6 +132,9 @@ void BeginListing(Globals *G) {
 
 // The heads, and between them the last steps that can fail before the first file is looked at.
 void BeginReport(ProcessTimer *timer, Globals *G) {
+    if (G->report_file_type == kCsvElementsReport) {
+        BeginCsvElements(G);
+    }
     const Mode mode = OutputMode(G);
     if ((mode == Mode::kText || mode == Mode::kHtml) && !G->print_mode) {
         ShowHeader(gTLYOUT, G);
@@ -145,7 +150,7 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
         OpenFileList(G);
     }
     G->treat_c_headers_as_cpp = G->notice_enabled[25];
-    if (mode == Mode::kCsv) {
+    if (mode == Mode::kCsv && !G->csv_rows) {
         CSV_Header(gTLYOUT, G);
     } else if (mode == Mode::kXml) {
         XML_Header(gTLYOUT, G);
@@ -241,6 +246,9 @@ void ProjectReports(Globals *G) {
     if (G->memory_metrics) {
         ShowMemorySummary(G);
     }
+    if (G->estimate_mode) {
+        ShowEstimation(G);
+    }
     if (G->have_files || G->totals_summary) {
         if (OutputMode(G) == Mode::kCsv) {
             Put("\n");
@@ -255,6 +263,11 @@ int HasTotals(const Globals *G) {
 }
 
 void EndReport(ProcessTimer *timer, Globals *G) {
+    if (G->csv_rows) { // its lines are the whole report
+        SetTotal(G);
+        EndCsvElements(G);
+        return;
+    }
     if (G->totals_all || G->inheritance_report) {
         BuildClassTree(G);
     }

@@ -1,8 +1,11 @@
 // The upper reports: file lines and blocks, the CSV table, languages, directories, the timer.
 #include "bench.h"
 
+#include <climits>
+
 #include "config/languages.h"
 #include "report/benchmark.h"
+#include "report/csv_elements.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/frame.h"
@@ -310,4 +313,23 @@ TEST_CASE_FIXTURE(Bench, "timer and benchmark") {
         SetMode(Mode::kXml);
         CHECK(WellFormed(report()));
     }
+}
+
+TEST_CASE("elements of the configurable CSV report") {
+    const StateBench bench;
+    Globals *G = bench.G;
+    G->file_loc = G->file_blank = G->file_comments = INT_MAX;
+    G->file_chars = 4;
+    G->file_white = 1;
+    G->semicolon_count = 1;
+    G->for_count = 2; // foreach has no semicolon: a divisor below 0
+    G->notice_count = 3;
+    const std::string values = Written([G] {
+        for (const int element : {4, 7, 47, 60, 61, 62, 65, 66, 79, 80, 0, -1}) {
+            insert_csv_data(gTLYOUT, element, 0, G);
+        }
+        insert_csv_data(gTLYOUT, 47, 1, G);
+    });
+    CHECK(values == "-1,6442450941,1,0.3333,0.7500,0.2500,0.00,0.00,79-?,Invalid Report Selection-80,Invalid Report Selection-0,"
+                    "Invalid Report Selection--1,statements ;");
 }
