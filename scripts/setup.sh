@@ -6,7 +6,8 @@ set -euo pipefail
 # package, and the program or file that tells that it is there
 build=(g++ g++  cmake cmake  ninja-build ninja  pkg-config pkg-config  libpcre2-dev /usr/include/pcre2posix.h)
 test=(doctest-dev /usr/include/doctest/doctest.h  clang-format clang-format  clang-tidy clang-tidy  clang clang++
-      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux  libxml2-utils xmllint  tidy tidy  python3 python3  mandoc mandoc  git git)
+      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux  libxml2-utils xmllint  tidy tidy  python3 python3  mandoc mandoc
+      strace strace  git git)
 
 case ${1:-test} in
 build) wanted=("${build[@]}") ;;

@@ -7,8 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-int OpenSource(SourceReader *reader, const char *name) {
-    reader->fd = open(name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+int OpenSource(SourceReader *reader, const char *name, int modify) {
+    reader->fd = open(name, (modify ? O_RDWR : O_RDONLY) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (reader->fd < 0) {
         return 0;
     }

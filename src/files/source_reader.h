@@ -18,8 +18,9 @@ struct SourceReader {
 
 enum class Piece { kLine, kTooLong, kEnd };
 
-// Opens a regular file. Returns 0 and sets errno for anything else; a pipe or device is not waited for.
-int OpenSource(SourceReader *reader, const char *name);
+// Opens a regular file; with modify only if it may be written to. Returns 0 and sets errno for anything else; a pipe or device is not
+// waited for.
+int OpenSource(SourceReader *reader, const char *name, int modify);
 void CloseSource(SourceReader *reader);
 // Reads the next piece into line, which holds kMaxPiece bytes and 17 more: up to and with the next line feed, or kMaxPiece bytes of
 // a line that is longer (kTooLong). Leading bytes with the high bit set are left away; a NUL ends the text of the piece. *length is

@@ -20,6 +20,7 @@
 #include "run/compare.h"
 #include "run/globals.h"
 #include "run/progress.h"
+#include "tools/decharacter.h"
 
 namespace {
 
@@ -250,9 +251,14 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     if (*file->name <= 32 || strcmp(file->name, ".") == 0) {
         return;
     }
-    if (!OpenSource(reader, file->name)) {
-        Message(G, "\n  Error: Problem opening input file:\n         %s\n         For read, %s\n\n", file->name,
-                errno == EINVAL ? "Not a regular file" : strerror(errno));
+    if (!OpenSource(reader, file->name, G->decharacter_mode)) {
+        Message(G, "\n  Error: Problem opening input file:\n         %s\n         For %s, %s\n\n", file->name,
+                G->decharacter_mode ? "modification" : "read", errno == EINVAL ? "Not a regular file" : strerror(errno));
+        return;
+    }
+    if (G->decharacter_mode) {
+        DeFile(reader, file->name, G);
+        ++G->files_processed;
         return;
     }
     if (G->show_progress) {

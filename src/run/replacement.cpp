@@ -14,10 +14,14 @@ namespace {
 
 // A new file beside target, for writing; below 0 when none could be made. An old one of a process that was killed may be in the
 // way, and in a container process ids come again soon: so a few names are tried.
-int OpenBeside(Replacement *file) {
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        FormatText(file->beside, "%s.tmp.%d.%d", file->target, static_cast<int>(getpid()), attempt);
-        const int descriptor = open(file->beside, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+int OpenBeside(Replacement *file, const char *suffix, mode_t mode) {
+    for (int attempt = suffix ? -1 : 0; attempt < 100; ++attempt) {
+        if (attempt < 0) {
+            FormatText(file->beside, "%s%s", file->target, suffix);
+        } else {
+            FormatText(file->beside, "%s.tmp.%d.%d", file->target, static_cast<int>(getpid()), attempt);
+        }
+        const int descriptor = open(file->beside, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (descriptor >= 0 || errno != EEXIST) {
             return descriptor;
         }
@@ -54,31 +58,29 @@ bool FindTarget(const char *path, Replacement *file, struct stat *old, bool *exi
 
 } // namespace
 
-int BeginReplacement(const char *path, const char *beside, Replacement *out) {
+int BeginReplacement(const char *path, const char *suffix, Replacement *out) {
     struct stat old;
     bool exists;
     out->stream = nullptr;
+    out->kept = 0;
+    FormatText(out->beside, "%s%s", path, suffix ? suffix : ".tmp");
     if (!FindTarget(path, out, &old, &exists)) {
         return 0;
     }
-    int descriptor;
-    if (beside) {
-        CopyText(out->beside, beside);
-        descriptor = open(beside, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
-    } else {
-        descriptor = OpenBeside(out);
-    }
+    // Until it has the mode of the old file, nobody else may open the new one.
+    const int descriptor = OpenBeside(out, suffix, exists ? 0600 : 0666);
     if (descriptor < 0) {
         return 0;
     }
-    if (exists && !TakeOverMode(descriptor, old)) {
+    if (!exists || TakeOverMode(descriptor, old)) {
+        out->stream = fdopen(descriptor, "wb");
+    }
+    if (!out->stream) {
         const int error = errno;
         close(descriptor);
         remove(out->beside);
         errno = error;
-        return 0;
     }
-    out->stream = fdopen(descriptor, "wb");
     return out->stream != nullptr;
 }
 
@@ -97,7 +99,8 @@ int CommitReplacement(Replacement *file, int keep) {
     if (good) {
         error = errno;
     }
-    if (!keep) {
+    file->kept = good && keep;
+    if (!file->kept) {
         remove(file->beside);
     }
     errno = error;

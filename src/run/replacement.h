@@ -8,14 +8,16 @@ struct Replacement {
     FILE *stream;               // what to write to; null unless begun
     char target[PATH_MAX];      // the file that is replaced: where the bytes are, if the path is a link
     char beside[PATH_MAX + 32]; // where they are written first
+    int kept;                   // the new text stands whole in beside, and only there
 };
 
-// Creates the file beside path, with the mode and the owner of the one that it will replace, if there is one. beside names it; null
-// takes a name that no other process has. Returns 1; 0 with errno when it can't be done: also for a device, a read-only file and a
-// link that leads nowhere.
-int BeginReplacement(const char *path, const char *beside, Replacement *out);
+// Creates the file beside path, with the mode and the owner of the one that it will replace, if there is one. Its name is the
+// target's with suffix behind it; if that is null or taken, a name that no other process has: no file that is there already is
+// touched. Returns 1; 0 with errno when it can't be done: also for a device, a read-only file and a link that leads nowhere. beside
+// then tells what couldn't be made.
+int BeginReplacement(const char *path, const char *suffix, Replacement *out);
 // Writes all out, to the disk, and renames. Returns 1; 0 with errno when the old file still stands: the one beside is gone then,
-// unless keep.
+// unless keep is set and it holds all that was to be written: see kept. Another hard link of the old file keeps the old text.
 int CommitReplacement(Replacement *file, int keep);
 // Removes what has been written so far. Does nothing to one that wasn't begun.
 void AbandonReplacement(Replacement *file);

@@ -25,7 +25,7 @@ struct Bench : StateBench {
         WriteText(dir / "source", text);
         std::string letters;
         auto reader = std::make_unique<SourceReader>();
-        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str()));
+        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), 0));
         int length;
         for (Piece piece; (piece = NextPiece(reader.get(), G->line_buffer, &length)) != Piece::kEnd;) {
             if (piece == Piece::kTooLong) {
