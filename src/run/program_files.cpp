@@ -99,7 +99,7 @@ void GetProgFile(std::span<char> dest, const char *name, Globals *G) {
 
 int WriteProgramFile(const char *path, void (*write)(FILE *stream, Globals *G), Globals *G) {
     Replacement file;
-    if (!BeginReplacement(path, nullptr, &file)) {
+    if (!BeginReplacement(path, &file)) {
         return 0;
     }
     write(file.stream, G);

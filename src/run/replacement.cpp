@@ -12,21 +12,17 @@
 
 namespace {
 
-// A new file beside target, for writing; below 0 when none could be made. An old one of a process that was killed may be in the
-// way, and in a container process ids come again soon: so a few names are tried.
-int OpenBeside(Replacement *file, const char *suffix, mode_t mode) {
-    for (int attempt = suffix ? -1 : 0; attempt < 100; ++attempt) {
-        if (attempt < 0) {
-            FormatText(file->beside, "%s%s", file->target, suffix);
-        } else {
-            FormatText(file->beside, "%s.tmp.%d.%d", file->target, static_cast<int>(getpid()), attempt);
-        }
+// A new file beside target, for writing; below 0 when none could be made. Another process, or an old one that was killed, may have
+// the first name, and in a container process ids come again soon: so some names are tried.
+int OpenBeside(Replacement *file, mode_t mode) {
+    FormatText(file->beside, "%s.tmp.0", file->target);
+    for (int attempt = 1;; ++attempt) {
         const int descriptor = open(file->beside, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        if (descriptor >= 0 || errno != EEXIST) {
+        if (descriptor >= 0 || errno != EEXIST || attempt > 100) {
             return descriptor;
         }
+        FormatText(file->beside, "%s.tmp.%d.%d", file->target, static_cast<int>(getpid()), attempt);
     }
-    return -1;
 }
 
 // Gives the new file the owner and the mode of the one it replaces. Without the owner, no set-id bits.
@@ -58,17 +54,16 @@ bool FindTarget(const char *path, Replacement *file, struct stat *old, bool *exi
 
 } // namespace
 
-int BeginReplacement(const char *path, const char *suffix, Replacement *out) {
+int BeginReplacement(const char *path, Replacement *out) {
     struct stat old;
     bool exists;
     out->stream = nullptr;
     out->kept = 0;
-    FormatText(out->beside, "%s%s", path, suffix ? suffix : ".tmp");
     if (!FindTarget(path, out, &old, &exists)) {
         return 0;
     }
     // Until it has the mode of the old file, nobody else may open the new one.
-    const int descriptor = OpenBeside(out, suffix, exists ? 0600 : 0666);
+    const int descriptor = OpenBeside(out, exists ? 0600 : 0666);
     if (descriptor < 0) {
         return 0;
     }

@@ -11,11 +11,10 @@ struct Replacement {
     int kept;                   // the new text stands whole in beside, and only there
 };
 
-// Creates the file beside path, with the mode and the owner of the one that it will replace, if there is one. Its name is the
-// target's with suffix behind it; if that is null or taken, a name that no other process has: no file that is there already is
-// touched. Returns 1; 0 with errno when it can't be done: also for a device, a read-only file and a link that leads nowhere. beside
-// then tells what couldn't be made.
-int BeginReplacement(const char *path, const char *suffix, Replacement *out);
+// Creates the file beside path, with the mode and the owner of the one that it will replace, if there is one, and under a name that
+// no other process has: no file that is there already is touched. Returns 1; 0 with errno when it can't be done: also for a device,
+// a read-only file and a link that leads nowhere. target is set in any case.
+int BeginReplacement(const char *path, Replacement *out);
 // Writes all out, to the disk, and renames. Returns 1; 0 with errno when the old file still stands: the one beside is gone then,
 // unless keep is set and it holds all that was to be written: see kept. Another hard link of the old file keeps the old text.
 int CommitReplacement(Replacement *file, int keep);

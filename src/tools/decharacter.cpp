@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -176,38 +177,86 @@ int FailToUpdate(const char *name, Globals *G) {
     return 0;
 }
 
-// Writes the new text and puts it in the place of the source.
+// A file of an earlier run that is to be appended to, or -1: with errno 0 where there is none, else with what is wrong with it.
+int OpenStale(const char *path) {
+    const int stale = open(path, O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    struct stat status;
+    if (stale < 0) {
+        errno = errno == ENOENT ? 0 : errno;
+    } else if (fstat(stale, &status) != 0 || !S_ISREG(status.st_mode)) {
+        close(stale);
+        errno = EINVAL;
+        return -1;
+    }
+    return stale;
+}
+
+int CopyAll(int from, FILE *to, SourceReader *source) {
+    ssize_t got;
+    while ((got = read(from, source->block, sizeof source->block)) != 0) {
+        if (got < 0 ? errno != EINTR : fwrite(source->block, 1, got, to) != static_cast<size_t>(got)) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+// Puts the new text in the place of the source. What fails behind its last byte leaves it whole in "NAME.tmp".
+int PutInPlace(Replacement *file, const char *name, const char *temporary, Globals *G) {
+    if (CommitReplacement(file, 1)) {
+        return 1;
+    }
+    if (!file->kept) { // an incomplete text is no help to anybody
+        return FailToUpdate(name, G);
+    }
+    const int error = errno;
+    const char *holds = rename(file->beside, temporary) == 0 ? temporary : file->beside;
+    Message(G, "\n  Error: Failure to update source file.\n         Modified source in file: %s\n         %s\n\n",
+            BesideName(name, holds).c_str(), strerror(error));
+    return 0;
+}
+
+// Writes the new text and puts it in the place of the source. "NAME.tmp" is the temporary file, and a stale one is appended to: its
+// text goes ahead of the new one, so that nothing that an earlier run left there is lost. All of it is put together in a file of
+// another name, as a process that is killed must not leave half a text where the next run would append to it.
 int Update(SourceReader *source, const char *name, const struct stat &status, Rewriting *work, Globals *G) {
     Replacement file;
-    const bool begun = BeginReplacement(name, ".tmp", &file);
-    if (!begun || !HasOwner(file.stream, status)) {
-        const int error = errno;
+    const bool begun = BeginReplacement(name, &file);
+    const int begin_error = errno;
+    const std::string temporary = std::string(file.target) + ".tmp";
+    const int stale = OpenStale(temporary.c_str());
+    const int stale_error = errno;
+    if (!begun || (stale < 0 && stale_error) || !HasOwner(file.stream, status)) {
+        const int error = !begun ? begin_error : stale < 0 && stale_error ? stale_error : errno;
         AbandonReplacement(&file);
-        Message(G, "\n  Error: Cannot open the specified file: %s\n  %s\n\n", BesideName(name, file.beside).c_str(),
+        if (stale >= 0) {
+            close(stale);
+        }
+        Message(G, "\n  Error: Cannot open the specified file: %s\n  %s\n\n", BesideName(name, temporary.c_str()).c_str(),
                 strerror(error));
         return 0;
     }
-    bool good = Walk(source, file.stream, work, G);
+    bool good = (stale < 0 || CopyAll(stale, file.stream, source)) && Walk(source, file.stream, work, G);
     if (good && !IsStill(file.target, status)) {
         good = false;
         errno = EBUSY;
     }
+    const int error = errno;
+    if (stale >= 0) {
+        close(stale);
+    }
     if (!good) {
-        const int error = errno;
         AbandonReplacement(&file);
         errno = error;
         return FailToUpdate(name, G);
     }
-    if (CommitReplacement(&file, 1)) {
-        return 1;
+    if (!PutInPlace(&file, name, temporary.c_str(), G)) {
+        return 0;
     }
-    if (!file.kept) { // an incomplete text is no help to anybody
-        return FailToUpdate(name, G);
+    if (stale >= 0) {
+        remove(temporary.c_str());
     }
-    const int error = errno;
-    Message(G, "\n  Error: Failure to update source file.\n         Modified source in file: %s\n         %s\n\n",
-            BesideName(name, file.beside).c_str(), strerror(error));
-    return 0;
+    return 1;
 }
 
 void ShowIntent(const Globals *G) {

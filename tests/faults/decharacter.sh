@@ -11,7 +11,7 @@ trap 'umount "$work/full" 2>/dev/null; rm -rf "$work"' EXIT
 export TLYHOME=$work
 cd "$work" || exit 1
 for ((i = 0; i < 20000; ++i)); do printf '\tint a%d;\r\n' "$i"; done >old
-sed 's/\t/  /; s/\r$//' old >new
+sed 's/\t/  /; s/\r$//' old >rewritten
 "$tly" -y >/dev/null # makes the settings
 
 faults=0
@@ -23,10 +23,12 @@ fault() {
     faults=$((faults + 1))
 }
 
-# A directory with the source, a neighbour and, with "link", a link to the source and a file that has the name of the one beside it.
+# A directory with the source, a neighbour and, with "link", a link to the source and a stale file of an earlier run, whose text goes
+# ahead of the new one.
 lay_out() {
     rm -rf dir
     mkdir -p dir/real
+    cp rewritten new
     cp old dir/real/a.c
     chmod 640 dir/real/a.c
     echo neighbour >dir/real/b.c
@@ -35,6 +37,7 @@ lay_out() {
         ln -s real/a.c dir/a.c
         source=dir/a.c
         echo stale >dir/real/a.c.tmp
+        cat dir/real/a.c.tmp rewritten >new
     fi
 }
 
@@ -48,8 +51,11 @@ examine() {
     [[ $(stat -c %a dir/real/a.c) == 640 ]] || fault "$1: the mode is another"
     [[ $(<dir/real/b.c) == neighbour ]] || fault "$1: the neighbour is damaged"
     if [[ $source == dir/a.c ]]; then
-        [[ -L dir/a.c && $(<dir/real/a.c.tmp) == stale ]] || fault "$1: the link or the stale file is damaged"
-        rm -f dir/real/a.c.tmp
+        [[ -L dir/a.c ]] || fault "$1: the link is damaged"
+        if [[ $text == old ]] && ! grep -q 'in file: .*a.c.tmp$' out; then
+            [[ $(<dir/real/a.c.tmp) == stale ]] || fault "$1: the stale file is damaged"
+            rm -f dir/real/a.c.tmp
+        fi
     fi
     [[ $2 != failed || $text == old ]] || fault "$1: there was no failure"
     [[ $2 == killed ]] && return
@@ -68,7 +74,7 @@ examine() {
 }
 
 rewrite() { "$@" "$tly" -xNOHEADER -Dt -Du "$source" >out 2>err; }
-trace=(strace -qq -o calls -P "$work/dir/real/a.c" -P "$work/dir/real/a.c.tmp" -P dir/real/a.c)
+trace=(strace -qq -o calls -P "$work/dir/real/a.c" -P "$work/dir/real/a.c.tmp" -P "$work/dir/real/a.c.tmp.0" -P dir/real/a.c)
 
 lay_out
 rewrite "${trace[@]}"
@@ -94,7 +100,7 @@ while read -r call; do
     done
 done <all_calls
 
-# Behind a link, with a file in the way. The call that renames is the only one of its kind.
+# Behind a link, with a stale file. The call that renames is the only one of its kind.
 lay_out link
 rewrite env
 examine "link" any
