@@ -56,6 +56,7 @@ struct LineState {
     int fall_through;        // comment lines that speak of falling through, since the last function end
     int key_string_found;    // the key string of the settings was seen
     LineText prev_code_line; // the last line of code
+    char line_letter;        // type of the line in hand, while lines are recorded; 0 for one without a record
     int skip_lines_active;   // inside a code skip region
     int skip_quality_active; // inside a quality skip region
 };

@@ -14,6 +14,7 @@
 #endif
 
 #include "analysis/keyword_actions.h"
+#include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
@@ -358,6 +359,7 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     scan.string_tabs = G->string_flag ? CountTabs(scan.line, scan.index) : 0; // the indent of a string's next line
     WalkLine(scan, G);
     G->scan = nullptr;
+    G->line_letter = '\0';
     if (scan.aborted) {
         return;
     }
@@ -366,6 +368,9 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
     if (G->determine_source || G->work_deterministic) {
         ReportLine(scan, line_has_c_comment, G);
+    }
+    if (G->recording_lines) {
+        G->line_letter = LineLetter(scan, line_has_c_comment || G->cpp_comment, G);
     }
     CountLine(scan, line_has_c_comment, G);
     if (scan.kinds) {

@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "run/directory_replacement.h"
 #include "run/llist.h"
+#include "run/replacement.h"
 #include "run/text.h"
 
 // The metrics that a baseline keeps of a source file, in the order of the report's columns; the size in bytes has no column.
@@ -40,13 +42,28 @@ enum LineKind { kLineL, kLineN, kLineG, kLineC, kLineB, kLineKinds };
 
 // The files of a baseline that is being made.
 struct BaselineFiles {
-    FILE *work_file;             // null unless this run makes a baseline
-    FILE *diff_data_file;        // line records of the current source file; null unless -wd
-    LineText diff_data_path;     // directory of the line records
-    LineText diff_data_rel_path; // the same as the work file's records name it: without the work file's own directory
-    LineText diff_file_old;      // line records of the current source file
-    LineText diff_file_rel;      // the same below diff_data_rel_path
+    FILE *work_file;                  // null unless this run makes a baseline
+    FILE *diff_data_file;             // line records of the current source file; null unless -wd
+    LineText diff_data_path;          // directory of the line records
+    LineText diff_data_rel_path;      // the same as the work file's records name it: without the work file's own directory
+    LineText diff_file_old;           // line records of the current source file
+    LineText diff_file_rel;           // the same below diff_data_rel_path
+    int recording_lines;              // the lines of the current source file are recorded
+    int diff_file_error;              // why its line records can't be written: an errno, 0 while all is well
+    int diff_head_shown;              // the heading of -wv
+    int baseline_failed;              // not all of the baseline could be written: the earlier one stays
+    Replacement work_beside;          // the work file, until the run is over
+    DirectoryReplacement diff_beside; // the directory of the line records, until the run is over
 };
+
+// Sums over the result records of one state.
+struct DiffProfile {
+    int files;
+    float diff_pct;
+    int64_t of[kWorkColumns];
+};
+
+inline constexpr int kDiffStates = 8; // labels of states; the states themselves: baseline/work_file.h
 
 // Two baselines, and what came out of comparing them.
 struct BaselineRun {
@@ -55,4 +72,7 @@ struct BaselineRun {
     int line_counts[kLineOperations][kLineKinds]; // of the last line comparison
     int diff_algorithm;                           // of the last line comparison: 1 longest common sequence, 2 linear lookahead
     WorkTotals newer_totals, older_totals, diff_totals;
+    DiffProfile diff_profile[kDiffStates]; // by state: all records that were shown or passed over
+    int diff_cfg_shown;                    // the head names the report's configuration
+    int diff_header;                       // width of the rule under the last table's head; 0 before the first
 };

@@ -1,1 +1,246 @@
-// Not written yet.
+// Writing a baseline: the work file with its head and records, and the end of the run, where it takes its place.
+#include "baseline/work_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <ctime>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "report/forms.h"
+#include "report/names.h"
+#include "run/globals.h"
+#include "run/program_files.h"
+
+namespace {
+
+constexpr const char *kLatest = "workfile.dat"; // a copy of the baseline made last
+constexpr int kNameWidth = 52;                  // of the work file's name in the report, and where it goes on
+constexpr int kNameIndent = 22;
+
+int Clamp(int64_t value) {
+    return static_cast<int>(std::clamp<int64_t>(value, INT_MIN, INT_MAX));
+}
+
+// A path of the settings: one that begins like a path. Anything else means the current directory.
+bool IsPath(const char *path) {
+    return IsLetterOrDigit(*path) || *path == '.' || *path == '/';
+}
+
+void AppendSlash(std::span<char> path) {
+    if (path[strlen(path.data()) - 1] != '/') {
+        AppendChar(path, '/');
+    }
+}
+
+// WorkFile_11182026.dat: one a day.
+void NameByDate(Globals *G) {
+    const time_t now = time(nullptr);
+    struct tm day {};
+    char date[32] = "";
+    if (localtime_r(&now, &day)) {
+        strftime(date, sizeof date, "%m%d%Y", &day);
+    }
+    ClearText(G->work_file_name);
+    if (IsPath(G->work_file_path) || *G->work_file_path == '\\') {
+        CopyText(G->work_file_name, G->work_file_path);
+        AppendSlash(G->work_file_name);
+    }
+    char name[64];
+    FormatText(name, "WorkFile_%s.dat", date);
+    AppendText(G->work_file_name, name);
+}
+
+// The report of -O can't be the baseline too.
+bool IsReport(const char *path) {
+    struct stat report, file;
+    return fstat(fileno(gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(path, &file) == 0 &&
+           report.st_dev == file.st_dev && report.st_ino == file.st_ino;
+}
+
+bool IsSameFile(const char *a, const char *b) {
+    struct stat one, other;
+    return stat(a, &one) == 0 && stat(b, &other) == 0 && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+void TellOfWorkFile(Globals *G) {
+    LineText name;
+    AdjNameLength(G->work_file_name, name, kNameWidth, kNameIndent, G);
+    switch (OutputMode(G)) {
+    case Mode::kHtml:
+        PrintOnly<Shown, Shown>(Mode::kHtml, "  <b><font color=\"%s\">Creating Work File</font></b>: %s\n",
+                                Shown{G->html_header_color}, Shown{name});
+        break;
+    case Mode::kCsv: break;
+    default: Message(G, "\n  Creating Work File: %s\n", name);
+    }
+}
+
+void WriteHead(FILE *stream, const Globals *G) {
+    fprintf(stream, "Tallyline Work File\nDO NOT EDIT - This is a Generated File\n%s\n%ld\n", G->version,
+            static_cast<long>(time(nullptr)));
+    fprintf(stream, "Ignore Blank Lines: %d\nIgnore White Space: %d\n", G->diff_ignore_blank, G->diff_ignore_white);
+}
+
+// Tells once that the work file can't be written.
+void FailWorkFile(int error, Globals *G) {
+    if (!G->baseline_failed) {
+        Message(G, "\n  Write File Error: %s - %s\n", G->work_file_name, strerror(error));
+    }
+    G->baseline_failed = 1;
+}
+
+// The name as the record holds it: below the top directory of the baseline, if the file is there.
+const char *RecordName(const Globals *G) {
+    const char *name = G->file_name;
+    const size_t length = strlen(G->top_dir);
+    if (!G->relative_work_files || length == 0 || strcmp(G->top_dir, ".") == 0 || strncmp(name, G->top_dir, length) != 0) {
+        return name;
+    }
+    name += length;
+    name += *name == '/' || *name == '\\';
+    return *name ? name : G->file_name;
+}
+
+// Line records and work file, one right behind the other: all that can fail or takes time has been done before.
+bool PutInPlace(Globals *G) {
+    FILE *stream = G->work_file;
+    if (fflush(stream) != 0 || fsync(fileno(stream)) != 0) {
+        FailWorkFile(errno, G);
+        return false;
+    }
+    const int exchange = G->diff_beside.has_beside;
+    if (exchange && !ExchangeDirectory(&G->diff_beside)) {
+        Message(G, "\n  Write File Error: %s - %s\n", G->diff_data_path, strerror(errno));
+        return false;
+    }
+    G->work_file = nullptr;
+    if (CommitReplacement(&G->work_beside, 0)) {
+        return true;
+    }
+    FailWorkFile(errno, G);
+    if (exchange) {
+        ExchangeDirectory(&G->diff_beside);
+    }
+    return false;
+}
+
+void CopyLatest(Globals *G) {
+    PathText latest = "";
+    if (IsPath(G->work_file_path)) {
+        CopyText(latest, G->work_file_path);
+        AppendSlash(latest);
+    }
+    AppendText(latest, kLatest);
+    if (IsReport(latest)) {
+        Message(G, "\n  Error: Failed to create/open the file %s\n         %s\n", latest, strerror(EBUSY));
+    } else if (!IsSameFile(latest, G->work_file_name)) { // "File dat base/workfile.dat" is the latest one itself
+        FileCopy(latest, G->work_file_name, G);
+    }
+}
+
+} // namespace
+
+WorkMetrics MetricsOf(const NodeData *file) {
+    WorkMetrics metrics{};
+    metrics.of[kWorkLoc] = file->loc;
+    metrics.of[kWorkEloc] = file->eloc;
+    metrics.of[kWorkLloc] = file->lloc;
+    metrics.of[kWorkComments] = file->comments;
+    metrics.of[kWorkBlanks] = file->blanks;
+    metrics.of[kWorkLines] = file->lines;
+    metrics.of[kWorkFunctions] = file->public_data;
+    metrics.of[kWorkCyclo] = file->cyclo;
+    metrics.of[kWorkInterface] = file->protected_methods;
+    metrics.of[kWorkTotalComplexity] = file->private_methods;
+    metrics.of[kWorkNotices] = file->public_methods;
+    metrics.of[kWorkSize] = file->params;
+    return metrics;
+}
+
+int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int state, float diff_pct, int hidden,
+                const char *diff_file, Llist *list, Globals *G) {
+    int of[kWorkMetrics];
+    std::transform(std::begin(metrics.of), std::end(metrics.of), of, Clamp);
+    constexpr int kSortNot = 0;
+    return AddListNode(kSortNot, name, nullptr, nullptr, nullptr, nullptr, 0, date, metrics.of[kWorkSize], of[kWorkLoc],
+                       of[kWorkEloc], of[kWorkLloc], of[kWorkComments], of[kWorkBlanks], of[kWorkLines], of[kWorkCyclo], state,
+                       of[kWorkNotices], of[kWorkInterface], of[kWorkTotalComplexity], of[kWorkFunctions], 0, 0, hidden, 0, 0,
+                       diff_file, list, G, diff_pct);
+}
+
+FILE *CreateWorkFile(Globals *G) {
+    if (*G->work_file_name == '\0' || strcmp(G->work_file_name, kLatest) == 0) {
+        NameByDate(G);
+    }
+    const bool report = IsReport(G->work_file_name);
+    if (report || !BeginReplacement(G->work_file_name, nullptr, &G->work_beside)) {
+        Message(G, "\n  Create File Error: %s - %s\n", G->work_file_name, strerror(report ? EBUSY : errno));
+        return nullptr;
+    }
+    TellOfWorkFile(G);
+    WriteHead(G->work_beside.stream, G);
+    return G->work_beside.stream;
+}
+
+void WorkLine(FILE *stream, const char *name, long date, const WorkMetrics &metrics, const char *diff_name) {
+    const auto in_one_line = [](std::string text) {
+        std::replace(text.begin(), text.end(), '\n', ' ');
+        return text;
+    };
+    const auto of = [&metrics](WorkMetric metric) { return Clamp(metrics.of[metric]); };
+    fprintf(stream, "%s| %ld %d %d %d %d %d %d %d %d %d %d %d %s\n", in_one_line(name).c_str(), date, of(kWorkSize), of(kWorkLoc),
+            of(kWorkEloc), of(kWorkComments), of(kWorkBlanks), of(kWorkLines), of(kWorkLloc), of(kWorkCyclo), of(kWorkNotices),
+            of(kWorkInterface), of(kWorkFunctions), in_one_line(diff_name ? diff_name : "").c_str());
+}
+
+void WriteWorkRecord(Globals *G) {
+    constexpr size_t kNumbers = 12 * 12; // a date may take more digits, the others don't
+    const char *name = RecordName(G);
+    const char *diff_name = G->recording_lines ? G->diff_file_rel : "";
+    if (strlen(name) + strlen(diff_name) + kNumbers >= sizeof(LineText)) {
+        Message(G, "\n  Error: File name too long for the work file: %s\n", name);
+        return;
+    }
+    WorkMetrics metrics{};
+    metrics.of[kWorkLoc] = G->file_loc;
+    metrics.of[kWorkEloc] = G->file_loc - G->just_brace_count - G->just_paren_count;
+    metrics.of[kWorkLloc] = G->semicolon_count - G->for_count;
+    metrics.of[kWorkComments] = G->file_comments;
+    metrics.of[kWorkBlanks] = G->file_blank;
+    metrics.of[kWorkLines] = G->file_line_no;
+    metrics.of[kWorkFunctions] = G->file_functions;
+    metrics.of[kWorkCyclo] = G->cyclo_total;
+    metrics.of[kWorkInterface] = static_cast<int64_t>(G->params_total) + G->returns_total;
+    metrics.of[kWorkNotices] = G->notice_count;
+    metrics.of[kWorkSize] = G->file_size;
+    WorkLine(G->work_file, name, static_cast<long>(G->file_date), metrics, diff_name);
+    if (ferror(G->work_file)) {
+        FailWorkFile(errno, G);
+    }
+}
+
+void CloseWorkFile(Globals *G) {
+    if (!G->work_file) {
+        return;
+    }
+    const bool placed = !G->baseline_failed && PutInPlace(G);
+    if (!placed) {
+        Message(G,
+                "\n  Error: The work file could not be written whole and is not kept: %s\n"
+                "         A work file that was there before stands as it was\n",
+                G->work_file_name);
+        AbandonReplacement(&G->work_beside);
+        G->work_file = nullptr;
+    }
+    // what stands beside now: the line records of the baseline before, or those of this one if it failed
+    if (!RemoveBeside(&G->diff_beside, ".dif")) {
+        Message(G, "\n  Error: Files had to stay in the directory %s\n         %s\n", G->diff_beside.beside, strerror(errno));
+    }
+    if (placed) {
+        CopyLatest(G);
+    }
+}

@@ -38,8 +38,8 @@ struct ReportCfgTables {
     ElementChoice csv_report_cfg[kReportElements]; // of the configurable CSV report
 };
 
-// Reads a table from a file; elements that it doesn't mention are off. Returns 1. A file that can't be opened turns everything on,
-// is made anew by MakeDiffCfgFile, and gives 0.
+// Reads a table from a file; elements that it doesn't mention are off. Returns 1. Without a file that can be read everything is on
+// and 0 is returned; one that isn't there is made by MakeDiffCfgFile.
 int LoadReportCfg(const char *path, ElementChoice *table, Globals *G);
-// Writes the file that a user edits; does nothing when it can't.
+// Writes the file that a user edits, in place of what stands there; does nothing when it can't.
 void MakeDiffCfgFile(const char *path, Globals *G);

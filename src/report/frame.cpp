@@ -152,6 +152,16 @@ static void ShowOrigin(Mode mode, const Globals *G) {
     }
 }
 
+// The columns of a report on two baselines have a configuration of their own.
+static void ShowDiffCfg(Mode mode, const Globals *G) {
+    const Shown name{G->diff_cfg_file};
+    if (mode == Mode::kHtml) {
+        PrintOnly(mode, "  <b><font color=\"%s\">Diff Config.</font></b>: %s\n", Shown{G->html_header_color}, name);
+    } else {
+        PrintOnly(mode, "  Diff Config.: %s\n", name);
+    }
+}
+
 static void ShowTitle(Mode mode, const Globals *G) {
     std::string shown = G->report_title;
     if (mode == Mode::kHtml) {
@@ -181,6 +191,9 @@ void ShowHeader(FILE *stream, Globals *G) {
     if (!G->no_header) {
         ShowProductLines(mode, G);
         ShowOrigin(mode, G);
+    }
+    if (G->diff_cfg_shown && !G->no_config) {
+        ShowDiffCfg(mode, G);
     }
     LoadRules(G);
     if (!G->no_header && G->title_set) {

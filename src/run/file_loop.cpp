@@ -7,6 +7,8 @@
 #include "analysis/namespaces.h"
 #include "analysis/parse_line.h"
 #include "analysis/roll_up.h"
+#include "baseline/line_records.h"
+#include "baseline/work_file.h"
 #include "config/languages.h"
 #include "files/source_reader.h"
 #include "notices/raise.h"
@@ -66,6 +68,9 @@ void ReadLines(SourceReader *reader, Globals *G) {
             ++G->skipped_lines;
         } else {
             ParseLine(length, G->file_line_no, G);
+            if (G->line_letter) {
+                WorkDiffDataLineWrite(G->diff_data_file, G->line_letter, G->line_buffer, G);
+            }
         }
     }
 }
@@ -192,6 +197,9 @@ void ReportFile(const FileData *file, Globals *G) {
         ReportCsvLines(file, G);
         return;
     }
+    if (G->work_file && !G->comment_doc_mode && !G->extract_mode) {
+        WriteWorkRecord(G);
+    }
     const int verbose_xml = G->verbose_metrics && OutputMode(G) == Mode::kXml && !G->verbose_totals;
     if (!G->comment_doc_mode && !G->extract_mode && (!G->totals_only || verbose_xml)) {
         if (G->file_summary || G->function_metrics) {
@@ -230,6 +238,7 @@ void EndFile(FileData *file, Globals *G) {
     }
     FileNotices(G);
     ReportFile(file, G);
+    WorkDiffDataFileClose(G);
     udqn_process("UDQN eof", 1, G);
     if (G->csv_rows) {
         ShowCsvElements(G);
@@ -273,6 +282,9 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     ShowFileLine(file->name, file->date, file->size, G->totals_only, 0, G);
     file->language = WhichFile(file->name, G, 1);
     ++G->files_processed;
+    if (G->work_file && G->diff_code_lines) {
+        WorkDiffDataFileOpen(G);
+    }
     ReadLines(reader, G);
     if (reader->failed) {
         Message(G, "\n  Error: Problem reading input file:\n         %s\n         At line %d, %s\n\n", file->name, G->file_line_no,

@@ -29,6 +29,14 @@ void FreeGlobals(Globals *G) {
     FreeIndex(&G->macro_index_by_name);
     LlistDestroy(&G->dir_metrics_list, NodeDataFree);
     ClearUdqn(G);
+    if (G->diff_data_file) {
+        fclose(G->diff_data_file);
+    }
+    AbandonReplacement(&G->work_beside);
+    RemoveBeside(&G->diff_beside, ".dif");
+    LlistDestroy(&G->old_work_list, NodeDataFree);
+    LlistDestroy(&G->new_work_list, NodeDataFree);
+    LlistDestroy(&G->work_result_list, NodeDataFree);
     LlistDestroy(&G->early_messages, [](void *) {});
     if (G->file_list_stream) {
         fclose(G->file_list_stream);

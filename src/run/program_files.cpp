@@ -3,10 +3,12 @@
 
 #include <cerrno>
 #include <cstring>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "report/mode.h"
 #include "run/globals.h"
+#include "run/read_lines.h"
 #include "run/replacement.h"
 
 namespace {
@@ -104,4 +106,49 @@ int WriteProgramFile(const char *path, void (*write)(FILE *stream, Globals *G), 
     }
     write(file.stream, G);
     return CommitReplacement(&file, 0);
+}
+
+// Until the end or the first failure of either side.
+static long CopyBytes(FILE *to, FILE *from) {
+    char block[64 * 1024];
+    long copied = 0;
+    for (size_t got; (got = fread(block, 1, sizeof block, from)) > 0; copied += static_cast<long>(got)) {
+        if (fwrite(block, 1, got, to) != got) {
+            return -1;
+        }
+    }
+    return ferror(from) ? -1 : copied;
+}
+
+// A copy that wasn't there before is for its owner and the group.
+static void NarrowMode(FILE *copy) {
+    const mode_t mask = umask(0);
+    umask(mask);
+    fchmod(fileno(copy), 0660 & ~mask);
+}
+
+long FileCopy(const char *dest, const char *source, Globals *G) {
+    FILE *from = OpenRegularFile(source);
+    if (!from) {
+        Message(G, "\n  Error: Failed to open the file %s\n  %s", source, strerror(errno));
+        return -1;
+    }
+    const bool fresh = access(dest, F_OK) != 0;
+    Replacement to;
+    long copied = -1;
+    if (BeginReplacement(dest, nullptr, &to)) {
+        if (fresh) {
+            NarrowMode(to.stream);
+        }
+        copied = CopyBytes(to.stream, from);
+        if (copied >= 0 && !CommitReplacement(&to, 0)) {
+            copied = -1;
+        }
+    }
+    if (copied < 0) {
+        Message(G, "\n  Error: Failed to create/open the file %s\n         %s\n", dest, strerror(errno));
+        AbandonReplacement(&to);
+    }
+    fclose(from);
+    return copied;
 }

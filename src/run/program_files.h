@@ -15,3 +15,6 @@ void GetProgFile(std::span<char> dest, const char *name, Globals *G);
 // Writes a file of the program's beside its place and renames it, so that a failure leaves the old one whole. Returns 1 when the
 // new file is in place.
 int WriteProgramFile(const char *path, void (*write)(FILE *stream, Globals *G), Globals *G);
+// Copies the regular file source to dest, which is replaced whole or stays as it was. Returns the number of bytes copied, or -1
+// with a message.
+long FileCopy(const char *dest, const char *source, Globals *G);

@@ -55,23 +55,6 @@ bool IsInputOfRun(const char *path, const Globals *G) {
     return false;
 }
 
-// With "-O *.c" the shell hands over "-O a.c b.c": a report must not be written over what it measures.
-void RefuseSourceAsOutput(const char *path, Globals *G) {
-    struct stat found;
-    if (stat(path, &found) != 0 || !S_ISREG(found.st_mode)) {
-        return;
-    }
-    const char *extension = getExtension(path, G);
-    if ((extension && findUlpi(extension, G) >= 0) || IsInputOfRun(path, G)) {
-        EndWithError(G, 1,
-                     "\n  Error: The output file of the -O option is a source file\n"
-                     "         or an input file that already exists\n"
-                     "         Filename: %s\n"
-                     "         Use -hs for help text\n",
-                     path);
-    }
-}
-
 bool IsCurrentDirectory(const char *directory) {
     for (const char *name : {".", ".\\", "./", "\\", "/", "*", "*.*"}) {
         if (strcmp(directory, name) == 0) {
@@ -116,6 +99,15 @@ void TakeStyleSheet(const FileForm &form, Globals *G) {
 
 } // namespace
 
+bool IsSourceOrInput(const char *path, Globals *G) {
+    struct stat found;
+    if (stat(path, &found) != 0 || !S_ISREG(found.st_mode)) {
+        return false;
+    }
+    const char *extension = getExtension(path, G);
+    return (extension && findUlpi(extension, G) >= 0) || IsInputOfRun(path, G);
+}
+
 void SwitchFileList(const char *parameter, Globals *G) {
     G->recursive_mode = 0;
     StoreParameter(G->file_list_name, parameter, strlen(parameter), 'F', G);
@@ -131,7 +123,14 @@ void set_output_file(const char *path, Globals *G) {
         fclose(gTLYOUT);
         gTLYOUT = stdout;
     }
-    RefuseSourceAsOutput(path, G);
+    if (IsSourceOrInput(path, G)) { // with "-O *.c" the shell hands over "-O a.c b.c"
+        EndWithError(G, 1,
+                     "\n  Error: The output file of the -O option is a source file\n"
+                     "         or an input file that already exists\n"
+                     "         Filename: %s\n"
+                     "         Use -hs for help text\n",
+                     path);
+    }
     FILE *stream = fopen(path, "wbe");
     if (!stream) {
         EndWithError(G, 1,

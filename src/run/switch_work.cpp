@@ -3,6 +3,7 @@
 #include <strings.h>
 #include <unistd.h>
 
+#include "baseline/diff_report.h"
 #include "report/csv_elements.h"
 #include "report/mode.h"
 #include "run/globals.h"
@@ -73,6 +74,14 @@ void TakeWorkName(const FileForm &form, Globals *G) {
         EndWithError(G, 0, "\n  Error: -w \"File dat\" file name not parsed\n         Check command line syntax\n");
     }
     StoreParameter(G->work_file_name, form.name, form.length, 'w', G);
+    if (IsSourceOrInput(G->work_file_name, G)) {
+        EndWithError(G, 1,
+                     "\n  Error: The work file of the -w option is a source file\n"
+                     "         or an input file that already exists\n"
+                     "         Filename: %s\n"
+                     "         Use -hs for help text\n",
+                     G->work_file_name);
+    }
     const char *slash = strrchr(G->work_file_name, '/');
     if (!slash) {
         CopyText(G->work_file_path, ".");
@@ -125,9 +134,12 @@ void StoreTrimmed(std::span<char> field, const char *text, size_t length, Global
                      "         Example -w\"x work file old, work file new\"\n"
                      "         Use -hs for help text\n");
     }
-    StoreTrimmed(G->older_work_name, names, static_cast<size_t>(comma - names), G);
-    StoreTrimmed(G->newer_work_name, comma + 1, strlen(comma + 1), G);
-    EndWithError(G, 1, "\n  Error: Comparing baselines is not built yet\n         Use -hs for help text\n");
+    PathText older, newer;
+    StoreTrimmed(older, names, static_cast<size_t>(comma - names), G);
+    StoreTrimmed(newer, comma + 1, strlen(comma + 1), G);
+    G->show_progress = G->output_to_file; // as SettleSwitches has it for the runs that come so far
+    ExtractWork(older, newer, G, 1);
+    EndProcess(G, 0);
 }
 
 // "File csv my.cfg": the elements of a configurable CSV report. Another first word with this letter only counts as a report.

@@ -25,6 +25,9 @@ bool SetRowFlags(std::span<const FlagRow> rows, char letter, Globals *G);
 [[noreturn, gnu::format(printf, 3, 4)]] void EndWithError(Globals *G, int status, const char *fmt, ...);
 // Copies length bytes of a switch's parameter. One that doesn't fit its field ends the process: half a path is another path.
 void StoreParameter(std::span<char> field, const char *text, size_t length, char letter, Globals *G);
+// True for an existing file that the run measures or may measure: a source by its extension, a file argument, the list of -F. The
+// shell hands such names to a switch that writes when a parameter is forgotten: "-O *.c".
+bool IsSourceOrInput(const char *path, Globals *G);
 // The number at the start of a text, 0 when there is none, clipped to low..high.
 int ClippedNumber(const char *text, int low, int high);
 

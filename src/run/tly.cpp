@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "analysis/roll_up.h"
+#include "baseline/work_file.h"
 #include "config/languages.h"
 #include "config/macros.h"
 #include "config/settings.h"
@@ -130,6 +131,11 @@ void BeginListing(Globals *G) {
     FlushEarlyMessages(G);
 }
 
+// Listings and rewritten sources are not measured, so there is nothing that a baseline could hold.
+int HasRecords(const Globals *G) {
+    return !G->print_mode && !G->decharacter_mode;
+}
+
 // The heads, and between them the last steps that can fail before the first file is looked at.
 void BeginReport(ProcessTimer *timer, Globals *G) {
     if (G->report_file_type == kCsvElementsReport) {
@@ -150,6 +156,10 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
         OpenFileList(G);
     }
     G->treat_c_headers_as_cpp = G->notice_enabled[25];
+    if (G->work_file_create && HasRecords(G)) {
+        G->work_file = CreateWorkFile(G);
+        G->work_file_create = G->work_file != nullptr;
+    }
     if (mode == Mode::kCsv && !G->csv_rows) {
         CSV_Header(gTLYOUT, G);
     } else if (mode == Mode::kXml) {
@@ -283,6 +293,7 @@ void EndReport(ProcessTimer *timer, Globals *G) {
     }
     if (!G->print_mode && !G->decharacter_mode) {
         Benchmark(timer, G);
+        CloseWorkFile(G);
         if (OutputMode(G) == Mode::kText || OutputMode(G) == Mode::kHtml) {
             UnderscoreRule();
         }
