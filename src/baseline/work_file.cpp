@@ -177,7 +177,7 @@ FILE *CreateWorkFile(Globals *G) {
         NameByDate(G);
     }
     const bool report = IsReport(G->work_file_name);
-    if (report || !BeginReplacement(G->work_file_name, nullptr, &G->work_beside)) {
+    if (report || !BeginReplacement(G->work_file_name, &G->work_beside)) {
         Message(G, "\n  Create File Error: %s - %s\n", G->work_file_name, strerror(report ? EBUSY : errno));
         return nullptr;
     }

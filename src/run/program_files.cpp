@@ -136,7 +136,7 @@ long FileCopy(const char *dest, const char *source, Globals *G) {
     const bool fresh = access(dest, F_OK) != 0;
     Replacement to;
     long copied = -1;
-    if (BeginReplacement(dest, nullptr, &to)) {
+    if (BeginReplacement(dest, &to)) {
         if (fresh) {
             NarrowMode(to.stream);
         }
