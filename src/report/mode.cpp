@@ -25,6 +25,11 @@ Mode OutputMode(const Globals *G) {
     return G->xml_mode ? Mode::kXml : Mode::kText;
 }
 
+Mode FreeTextMode(const Globals *G) {
+    const Mode mode = OutputMode(G);
+    return mode == Mode::kCsv ? Mode::kText : mode;
+}
+
 void Put(const char *fmt, ...) {
     va_list args;
     va_start(args, fmt);

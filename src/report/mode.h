@@ -15,6 +15,8 @@ enum class Mode { kText, kHtml, kCsv, kXml };
 
 // The mode of a report. Two modes may be asked for at once: HTML wins over CSV, CSV over XML.
 Mode OutputMode(const Globals *G);
+// The mode of lines that stand as plain text in a CSV report too, with their commas: heads of notices, source texts.
+Mode FreeTextMode(const Globals *G);
 
 // Writes one literal to gTLYOUT as it stands: the caller has encoded what needs it.
 [[gnu::format(printf, 1, 2)]] void Put(const char *fmt, ...);

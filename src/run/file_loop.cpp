@@ -19,6 +19,7 @@
 #include "run/compare.h"
 #include "run/globals.h"
 #include "run/progress.h"
+#include "tools/listing.h"
 
 namespace {
 
@@ -240,6 +241,20 @@ void EndFile(FileData *file, Globals *G) {
     }
 }
 
+void ReportReadFailure(const FileData *file, const SourceReader *reader, int line, Globals *G) {
+    if (reader->failed) {
+        Message(G, "\n  Error: Problem reading input file:\n         %s\n         At line %d, %s\n\n", file->name, line,
+                strerror(reader->failed));
+    }
+}
+
+void ListFile(const FileData *file, SourceReader *reader, Globals *G) {
+    const int lines = PrintCode(reader, file->name, G);
+    ++G->files_processed;
+    ReportReadFailure(file, reader, lines, G);
+    CloseSource(reader);
+}
+
 void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     G->file_data = file;
     G->file_name = file->name;
@@ -249,6 +264,10 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     if (!OpenSource(reader, file->name)) {
         Message(G, "\n  Error: Problem opening input file:\n         %s\n         For read, %s\n\n", file->name,
                 errno == EINVAL ? "Not a regular file" : strerror(errno));
+        return;
+    }
+    if (G->print_mode) {
+        ListFile(file, reader, G);
         return;
     }
     if (G->show_progress) {
@@ -264,10 +283,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     file->language = WhichFile(file->name, G, 1);
     ++G->files_processed;
     ReadLines(reader, G);
-    if (reader->failed) {
-        Message(G, "\n  Error: Problem reading input file:\n         %s\n         At line %d, %s\n\n", file->name, G->file_line_no,
-                strerror(reader->failed));
-    }
+    ReportReadFailure(file, reader, G->file_line_no, G);
     EndFile(file, G);
     ResetState(G);
     CloseSource(reader);
