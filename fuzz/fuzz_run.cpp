@@ -41,7 +41,7 @@ constexpr const char *kSpecial[] = {
     // clang-format off
     nullptr, nullptr, nullptr, nullptr, "-k1", "-k3", "-k4", "-k5", "-k6", "-k7", "-k8", "-k9", "-k10", "-k11",
     "-y", "-hs", "-hn", "-hc", "-hf", "-Rl", "-Rd", "-b", "-e", "-wD", "-Tz", "-Sa<b&\"'",
-    "-xDEBUG", "-uFile XSL x.xsl", "-uFile CFG tly.cfg",
+    "-xDEBUG", "-uFile XSL x.xsl", "-uFile CFG tly.cfg", "-Es", "-Ec", "-EC", "-p",
     // clang-format on
 };
 

@@ -148,12 +148,6 @@ void EmitHtmlRow(const Identity &f, const Globals *G) {
     Put("\n");
 }
 
-// The head and the tail of notice mode are lines of text beside a CSV table: they are wrapped and keep their commas.
-Mode FrameMode(const Globals *G) {
-    const Mode mode = OutputMode(G);
-    return mode == Mode::kCsv ? Mode::kText : mode;
-}
-
 void EmitLines(const Globals *G) {
     Identity f;
     ReadIdentity(f, G);
@@ -181,7 +175,7 @@ void FunctionBegin(Globals *G) {
     }
     Identity f;
     Wrap(f, kNameWidth, kNameIndent, G);
-    const Mode mode = FrameMode(G);
+    const Mode mode = FreeTextMode(G);
     if (mode == Mode::kHtml) {
         PrintOnly(mode, kHtmlBeginName, Shown{G->html_function_color}, Shown{f.name});
         PrintOnly(mode, kHtmlBeginParams, Shown{G->html_function_parameter_color}, Shown{f.params});
@@ -201,7 +195,7 @@ void FunctionEnd(Globals *G) {
     if (G->totals_only) {
         return;
     }
-    const Mode mode = FrameMode(G);
+    const Mode mode = FreeTextMode(G);
     LineText name;
     AdjNameLength(G->funcname, name, kNameWidth, kNameIndent, G);
     Put("\n");

@@ -1,9 +1,12 @@
 // What a line was taken for, shown: the -d and -wD reports, the split by kind, and the code of a line.
+#include <algorithm>
+
 #include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "report/forms.h"
 #include "report/names.h"
 #include "run/globals.h"
+#include "tools/extraction.h"
 
 char LineLetter(const Scan &scan, int has_comment, const Globals *G) {
     if (scan.is_loc) {
@@ -91,6 +94,21 @@ void ReportCode(const Scan &scan, char letter, Globals *G) {
 }
 
 } // namespace
+
+void NoteComment(const Scan &scan, int begin, Globals *G) {
+    NoteSpan(scan, begin, scan.index, kCommentSpan);
+    if (G->extract_comments) { // to the "/" that closes it, or to the end of the line
+        ExtractCommentSpan(scan.line + begin, std::min(scan.index + 2, scan.length) - begin, G);
+    }
+}
+
+void NoteString(const Scan &scan, int begin, Globals *G) {
+    NoteSpan(scan, begin, scan.index, kStringSpan);
+    if (G->extract_strings) { // with its closing quote
+        const int closed = !G->string_flag;
+        ExtractStringSpan(scan.line + begin, scan.index + closed - begin, closed, scan.number, G);
+    }
+}
 
 void ReportLine(const Scan &scan, int line_has_c_comment, Globals *G) {
     if (G->determine_source && !G->work_deterministic && !G->is_other) {

@@ -20,6 +20,7 @@
 #include "notices/udqn.h"
 #include "report/mode.h"
 #include "run/globals.h"
+#include "tools/extraction.h"
 
 int SingleChar(const char *line, char ch) {
     const char *p = Ltrim(line);
@@ -177,7 +178,9 @@ void CountLiteral(Scan &scan, int begin) {
 void WalkLiteral(Scan &scan, int begin, Globals *G) {
     if (G->string_flag) {
         ScanString(scan, G);
-        NoteSpan(scan, begin, scan.index, kStringSpan);
+        if (scan.kinds) {
+            NoteString(scan, begin, G);
+        }
         scan.string_tabs += CountTabs(scan.line + begin, scan.index - begin);
     } else {
         ScanCharLiteral(scan, G);
@@ -198,10 +201,14 @@ void WalkLine(Scan &scan, Globals *G) {
         }
         if (G->c_comment) {
             ScanBlockComment(scan, G);
-            NoteSpan(scan, begin, scan.index, kCommentSpan);
+            if (scan.kinds) {
+                NoteComment(scan, begin, G);
+            }
         } else if (G->cpp_comment) {
             scan.index = scan.length;
-            NoteSpan(scan, begin, scan.index, kCommentSpan);
+            if (scan.kinds) {
+                NoteComment(scan, begin, G);
+            }
         } else {
             WalkLiteral(scan, begin, G);
         }
@@ -342,14 +349,17 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     scan.length = LengthWithoutLineEnd(scan.line, line_bytes);
     scan.c_comment_line = G->c_comment;
     scan.white_end = scan.length;
-    if (G->debug || udqn_needs_split(G)) {
+    if (G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G)) {
         memset(kinds, kCodeSpan, sizeof kinds);
         scan.kinds = kinds;
+        if (!G->continuation) {
+            ForgetExtracted(G);
+        }
     }
     G->scan = &scan;
     BeginLine(scan, G);
 
-    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to the line's split
+    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
     while (scan.first_nonblank < scan.length && scan.line[scan.first_nonblank] < 33) {
         ++scan.first_nonblank;
     }
@@ -377,6 +387,9 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
         SplitLine(scan, G);
     }
     udqn_process(scan.line, 0, G);
+    if (scan.kinds && G->extract_comments && (line_has_c_comment || G->cpp_comment)) {
+        ShowExtractedComment(scan.number, G);
+    }
     if (scan.is_loc) {
         memcpy(G->prev_code_line, scan.line, line_bytes + 1);
     }

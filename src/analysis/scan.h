@@ -20,7 +20,7 @@ struct Scan {
     int passed_tabs;    // tabs there
     int notices_print;  // a notice prints in its place; otherwise it only counts
     int aborted;        // a record couldn't be made: the line isn't scanned to its end
-    char *kinds;        // one SpanKind per character for those who ask for the line's split; null otherwise
+    char *kinds;        // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
 };
 
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
@@ -62,6 +62,10 @@ int IsEscaped(const Scan &scan);
 int EndsBackslashLiteral(const Scan &scan);
 // Notes for the line's split what the characters from begin up to end are.
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
+
+// The same for a comment or a string that was walked through from begin to index; -E takes up its text. Only with kinds.
+[[gnu::cold]] void NoteComment(const Scan &scan, int begin, Globals *G);
+[[gnu::cold]] void NoteString(const Scan &scan, int begin, Globals *G);
 
 // The reports of -d and -wD on the line just scanned.
 void ReportLine(const Scan &scan, int line_has_c_comment, Globals *G);

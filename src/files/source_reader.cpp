@@ -50,6 +50,28 @@ void Refill(SourceReader *reader) {
     reader->has_nul = memchr(reader->block, '\0', reader->end) != nullptr;
 }
 
+struct RawPiece {
+    const char *text; // in the block
+    size_t bytes;
+    bool feed; // it ends in a line feed
+};
+
+// The next piece, in the block and still unread. Every line of every file comes through here.
+[[gnu::always_inline]] inline RawPiece FindPiece(SourceReader *reader) {
+    for (;;) {
+        const char *text = reader->block + reader->begin;
+        const size_t most = std::min<size_t>(reader->end - reader->begin, kMaxPiece);
+        const void *feed = memchr(text, '\n', most);
+        if (feed) {
+            return {text, static_cast<size_t>(static_cast<const char *>(feed) - text + 1), true};
+        }
+        if (most == kMaxPiece || reader->at_end) {
+            return {text, most, false};
+        }
+        Refill(reader);
+    }
+}
+
 int LeadingHighBytes(const char *text) {
     int count = 0;
     while (text[count] < 0) {
@@ -60,20 +82,18 @@ int LeadingHighBytes(const char *text) {
 
 } // namespace
 
+int NextBytes(SourceReader *reader, char *bytes, int *count) {
+    const RawPiece piece = FindPiece(reader);
+    memcpy(bytes, piece.text, piece.bytes);
+    reader->begin += piece.bytes;
+    *count = static_cast<int>(piece.bytes);
+    return piece.bytes > 0;
+}
+
 Piece NextPiece(SourceReader *reader, char *line, int *length) {
-    size_t bytes;
-    const void *feed;
-    for (;;) {
-        const char *text = reader->block + reader->begin;
-        const size_t most = std::min<size_t>(reader->end - reader->begin, kMaxPiece);
-        feed = memchr(text, '\n', most);
-        bytes = feed ? static_cast<const char *>(feed) - text + 1 : most;
-        if (feed || most == kMaxPiece || reader->at_end) {
-            memcpy(line, text, bytes);
-            break;
-        }
-        Refill(reader);
-    }
+    const auto [text, raw_bytes, feed] = FindPiece(reader);
+    size_t bytes = raw_bytes;
+    memcpy(line, text, bytes);
     reader->begin += bytes;
     memset(line + bytes, 0, 17);
     const bool filled = !feed && bytes == kMaxPiece;

@@ -22,6 +22,9 @@ enum class Piece { kLine, kTooLong, kEnd };
 // waited for.
 int OpenSource(SourceReader *reader, const char *name, int modify);
 void CloseSource(SourceReader *reader);
+// Reads the next piece into bytes as it stands, NULs too: up to and with the next line feed, at most kMaxPiece bytes. Returns 0 at
+// the end of the file; *count is the number of bytes.
+int NextBytes(SourceReader *reader, char *bytes, int *count);
 // Reads the next piece into line, which holds kMaxPiece bytes and 17 more: up to and with the next line feed, or kMaxPiece bytes of
 // a line that is longer (kTooLong). Leading bytes with the high bit set are left away; a NUL ends the text of the piece. *length is
 // the length of the text; the byte behind it and the next 16 are NUL. A last piece without a line feed whose first byte, read as

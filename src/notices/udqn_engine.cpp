@@ -127,15 +127,9 @@ const Placeholder *PlaceholderAt(const char *text) {
     return nullptr;
 }
 
-// A message's texts are no CSV fields: a source line keeps its commas there.
-Mode MessageMode(const Globals *G) {
-    const Mode mode = OutputMode(G);
-    return mode == Mode::kCsv ? Mode::kText : mode;
-}
-
 void Insert(const Placeholder &placeholder, const Globals *G) {
     const std::string text = G->udqn_show ? placeholder.example : placeholder.text(G);
-    const Mode mode = MessageMode(G);
+    const Mode mode = FreeTextMode(G);
     if (mode == Mode::kHtml && !G->udqn_show && !text.empty()) {
         PrintOnly<Shown>(mode, "<b>%s</b>", Shown{text.c_str()});
     } else {
@@ -157,7 +151,7 @@ void Expand(const char *text, bool encoded, const Globals *G) {
             }
         }
         const std::string piece(text, plain);
-        PrintOnly<Shown>(encoded ? Mode::kText : MessageMode(G), "%s", Shown{piece.c_str()});
+        PrintOnly<Shown>(encoded ? Mode::kText : FreeTextMode(G), "%s", Shown{piece.c_str()});
         text += plain;
         if (placeholder) {
             Insert(*placeholder, G);

@@ -104,7 +104,7 @@ int search_udqn_id(int id, const UdqnList *list) {
 }
 
 void UdqnShow(const Udqn *record, Globals *G) {
-    const Mode mode = OutputMode(G) == Mode::kCsv ? Mode::kText : OutputMode(G); // a listing for the eye, commas too
+    const Mode mode = FreeTextMode(G); // a listing for the eye, commas too
     const auto show = [mode](const char *label, const char *text) {
         PrintOnly<const char *, Shown>(mode, "  %-13s: %s\n", label, Shown{text});
     };

@@ -1,12 +1,10 @@
-// The frame of a report: its heads in the four modes, the titles of the analyses, centring, rules, the close of the document, and
-// the rules of a code listing page.
+// The frame of a report: its heads in the four modes, the titles of the analyses, centring, rules, the close of the document.
 //
 // The heads take a stream, everything else writes to gTLYOUT: while a head runs, its stream is gTLYOUT. Texts are centred by the
 // width that a reader sees, so a text is measured before it is encoded.
 #include "report/frame.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <utility>
 
@@ -15,8 +13,6 @@
 #include "report/names.h"
 #include "run/globals.h"
 #include "run/program_files.h"
-
-static constexpr int kMaxLeftMargin = 43; // blanks that left_margin holds
 
 // The blanks ahead of a text of this length: 38 less half of it; 1 when it is too long to be centred.
 static int CenterBlanks(size_t length) {
@@ -341,32 +337,6 @@ void ShowSortMethod(const Globals *G) {
         Center(plain);
         break;
     }
-}
-
-// A margin wider than its field is clipped, for all that is measured by it too.
-static void SetLeftMargin(Globals *G) {
-    G->print_left_margin = std::clamp(G->print_left_margin, 0, kMaxLeftMargin);
-    FormatText(G->left_margin, "%*s", G->print_left_margin, "");
-}
-
-void SetBars(Globals *G) {
-    const auto length = static_cast<int>(strlen(G->report_title));
-    if (length > G->print_line_length) {
-        Message(G,
-                "\n  Error: The Specified header length (%d) exceeds\n         the available line length (%d). \n"
-                "         Header: %s\n",
-                length, G->print_line_length, G->report_title);
-        EndProcess(G, 1);
-    }
-    SetLeftMargin(G);
-    const int room = static_cast<int>(sizeof G->bar_dash) - 3 - G->print_left_margin; // for the rule, ahead of two line feeds
-    const std::string rule(static_cast<size_t>(std::clamp(G->print_line_length, 0, room)), '_');
-    FormatText(G->bar_dash, "%s%s\n\n", G->left_margin, rule.c_str());
-    FormatText(G->bar_page, "%s%s\n", G->left_margin, rule.c_str());
-    const int header_room = static_cast<int>(sizeof G->bar_header) - 2; // ahead of the line feed
-    const double middle = G->print_left_margin + G->print_line_length / 2.0 - length / 2.0;
-    const int blanks = static_cast<int>(std::clamp(std::ceil(middle), 0.0, static_cast<double>(std::max(header_room - length, 0))));
-    FormatText(G->bar_header, "%*s%.*s\n", blanks, "", header_room - blanks, G->report_title);
 }
 
 void CloseDocument(Globals *G) {

@@ -25,8 +25,6 @@ void UnderscoreRule();
 void CenteredTitle(const char *title, const Globals *G);
 // The sort line of a report; nothing without a sort key.
 void ShowSortMethod(const Globals *G);
-// Rules and title of the code listing; a title longer than a line ends the process.
-void SetBars(Globals *G);
 // The close of the document: banner, "</pre></body></html>", "</vxtly>".
 void CloseDocument(Globals *G);
 // The compile date as the compiler writes it, "Sep  2 2009".

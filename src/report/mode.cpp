@@ -29,6 +29,11 @@ Mode ProseMode(const Globals *G) {
     return OutputMode(G) == Mode::kHtml ? Mode::kHtml : Mode::kText;
 }
 
+Mode FreeTextMode(const Globals *G) {
+    const Mode mode = OutputMode(G);
+    return mode == Mode::kCsv ? Mode::kText : mode;
+}
+
 void Put(const char *fmt, ...) {
     va_list args;
     va_start(args, fmt);

@@ -17,6 +17,8 @@ enum class Mode { kText, kHtml, kCsv, kXml };
 Mode OutputMode(const Globals *G);
 // The mode of help and lists of settings: prose in every mode but HTML, without fields and elements.
 Mode ProseMode(const Globals *G);
+// The mode of lines that stand as plain text in a CSV report too, with their commas: heads of notices, source texts.
+Mode FreeTextMode(const Globals *G);
 
 // Writes one literal to gTLYOUT as it stands: the caller has encoded what needs it.
 [[gnu::format(printf, 1, 2)]] void Put(const char *fmt, ...);

@@ -23,6 +23,7 @@
 #include "run/globals.h"
 #include "run/progress.h"
 #include "tools/decharacter.h"
+#include "tools/listing.h"
 
 namespace {
 
@@ -254,6 +255,20 @@ void EndFile(FileData *file, Globals *G) {
     }
 }
 
+void ReportReadFailure(const FileData *file, const SourceReader *reader, int line, Globals *G) {
+    if (reader->failed) {
+        Message(G, "\n  Error: Problem reading input file:\n         %s\n         At line %d, %s\n\n", file->name, line,
+                strerror(reader->failed));
+    }
+}
+
+void ListFile(const FileData *file, SourceReader *reader, Globals *G) {
+    const int lines = PrintCode(reader, file->name, G);
+    ++G->files_processed;
+    ReportReadFailure(file, reader, lines, G);
+    CloseSource(reader);
+}
+
 void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     G->file_data = file;
     G->file_name = file->name;
@@ -263,6 +278,10 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     if (!OpenSource(reader, file->name, G->decharacter_mode)) {
         Message(G, "\n  Error: Problem opening input file:\n         %s\n         For %s, %s\n\n", file->name,
                 G->decharacter_mode ? "modification" : "read", errno == EINVAL ? "Not a regular file" : strerror(errno));
+        return;
+    }
+    if (G->print_mode) {
+        ListFile(file, reader, G);
         return;
     }
     if (G->decharacter_mode) {
@@ -286,10 +305,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
         WorkDiffDataFileOpen(G);
     }
     ReadLines(reader, G);
-    if (reader->failed) {
-        Message(G, "\n  Error: Problem reading input file:\n         %s\n         At line %d, %s\n\n", file->name, G->file_line_no,
-                strerror(reader->failed));
-    }
+    ReportReadFailure(file, reader, G->file_line_no, G);
     EndFile(file, G);
     ResetState(G);
     CloseSource(reader);

@@ -20,6 +20,7 @@
 #include "report/report_state.h"
 #include "run/records.h"
 #include "run/run_state.h"
+#include "tools/extraction_state.h"
 #include "tree/tree_state.h"
 
 // Cleared by ResetState behind every source file.
@@ -53,6 +54,7 @@ struct Globals : RunSwitches,
                  NamespaceRun,
                  NoticeRun,
                  UdqnRun,
+                 ExtractionState,
                  ReportState,
                  CsvElementsState,
                  TreeState,

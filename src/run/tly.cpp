@@ -26,6 +26,7 @@
 #include "run/globals.h"
 #include "run/program_files.h"
 #include "run/read_lines.h"
+#include "tools/listing.h"
 #include "tree/class_tree.h"
 
 void InitGlobals(Globals *G) {

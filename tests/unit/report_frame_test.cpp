@@ -8,6 +8,7 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "tools/listing.h"
 
 namespace {
 

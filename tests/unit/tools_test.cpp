@@ -1,0 +1,79 @@
+// How an extracted text is cleaned, and how a listed line is folded.
+#include "bench.h"
+
+#include <algorithm>
+
+#include "tools/extraction.h"
+#include "tools/listing.h"
+
+TEST_CASE("an extracted text is cut to what can be read") {
+    const struct {
+        const char *text, *cleaned;
+    } cases[] = {
+        {R"(Error: %d\n")", "Error: %d"},
+        {R"(%d\n")", "%d"},
+        {R"(-- %-5.2f of)", "%-5.2f of"},
+        {R"(50-60%)", "50-60"},
+        {R"(\n")", ""},
+        {R"(a\n\n")", "a"},
+        {R"(a.\n")", "a."},
+        {R"(\n  name")", "name"},
+        {R"(\n%s")", "%s"},
+        {R"(\tname")", "tname"},
+        {R"(n\n)", "n"},
+        {R"(name)", "name"},
+        {"/* \xC3\xA9t\xC3\xA9 */", "t"},
+        {"// set x", "set x"},
+        {"...", ""},
+        {"", ""},
+    };
+    for (const auto &row : cases) {
+        CAPTURE(row.text);
+        CHECK(std::string(ExtractString(row.text)) == row.cleaned);
+    }
+    CHECK(std::string(ExtractComment(" * x \t\r\n")) == " * x");
+    CHECK(std::string(ExtractString(std::string(3000, 'x').c_str())) == std::string(2047, 'x'));
+}
+
+TEST_CASE("a listed line is folded where the printed line ends") {
+    const StateBench bench;
+    Globals *G = bench.G;
+    G->print_line_length = 20; // 13 for the text
+    const struct {
+        const char *line, *listed;
+    } cases[] = {
+        {"\n", "    7| \n"},
+        {"", "    7| \n"},
+        {"1234567890123\n", "    7| 1234567890123\n"},
+        {"1234567890123\r\n", "    7| 1234567890123\r\n"},
+        {"12345678901234", "    7| 1234567890123\n     | 4\n"},
+        {"12345678901231234567890123\n", "    7| 1234567890123\n     | 1234567890123\n"},
+    };
+    for (const auto &row : cases) {
+        CAPTURE(row.line);
+        int rows = 0;
+        const std::string text = Written([&] { rows = PutLine(row.line, 7, G); });
+        CHECK(text == row.listed);
+        CHECK(rows == std::count(text.begin(), text.end(), '\n'));
+    }
+    G->print_line_length = -5; // from nowhere, but nothing to hang on
+    CHECK(Written([&] { PutLine("ab\n", 123456, G); }) == "123456| a\n     | b\n");
+}
+
+TEST_CASE("the page number ends at the right margin") {
+    const StateBench bench;
+    Globals *G = bench.G;
+    G->print_line_length = 40;
+    G->print_left_margin = 3;
+    CopyText(G->report_title, "t");
+    SetBars(G);
+    const auto head = [&](const char *name, int page) {
+        const std::string text = Written([&] { SetHeaderLine(name, page, G); });
+        const size_t begin = text.find('\n') + 1;
+        return text.substr(begin, text.find("____") - begin);
+    };
+    CHECK(head("/no/a.c", 9) == "   File: /no/a.c" + std::string(20, ' ') + "Page: 9\n   \n   ");
+    CHECK(head("/no/a.c", 123) == "   File: /no/a.c" + std::string(18, ' ') + "Page: 123\n   \n   ");
+    const std::string wide(60, 'n');
+    CHECK(head(wide.c_str(), 1) == "   File: " + wide + "Page: 1\n   \n   ");
+}
