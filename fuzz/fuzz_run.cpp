@@ -1,10 +1,12 @@
-// Whole runs of the program on hostile settings, list files and sources: libFuzzer calls tly() again and again in one process.
+// Whole runs of the program on hostile settings, rules, list files and sources: libFuzzer calls tly() again and again in one
+// process.
 //
 // An input is kHeadBytes bytes that choose the mode, the switches, the source's extension and the way to it, then up to three texts
-// with a line "===" between them: the settings file, the -F list and the source. Missing texts are left away from the front, so
-// that any plain source file is a useful input.
+// with a line "===" between them: the settings file, the -F list and the source. The source is the last text, so that any plain
+// source file is a useful input. With kRulesBit a file of user defined notices stands in front of them all.
 //
-// All files are in a private directory. A list text can't name anything outside of it (see Tame); tly's reports go to /dev/null.
+// All files are in a private directory. A list or a rule file can't name anything outside of it (see Tame); tly's reports go to
+// /dev/null.
 
 #include <cerrno>
 #include <csetjmp>
@@ -24,6 +26,7 @@
 namespace {
 
 constexpr size_t kHeadBytes = 7;
+constexpr int kRulesBit = 0x20; // of the last one
 
 constexpr const char *kModes[] = {nullptr, "-H", "-C", "-X"};
 constexpr const char *kExtensions[] = {"c", "h", "cpp", "java", "cs", "hpp", "txt", "C"};
@@ -41,7 +44,7 @@ constexpr const char *kSpecial[] = {
     // clang-format off
     nullptr, nullptr, nullptr, nullptr, "-k1", "-k3", "-k4", "-k5", "-k6", "-k7", "-k8", "-k9", "-k10", "-k11",
     "-y", "-hs", "-hn", "-hc", "-hf", "-Rl", "-Rd", "-b", "-e", "-wD", "-Tz", "-Sa<b&\"'",
-    "-xDEBUG", "-uFile XSL x.xsl", "-uFile CFG tly.cfg", "-Es", "-Ec", "-EC", "-p",
+    "-xDEBUG", "-uFile XSL x.xsl", "-uFile CFG tly.cfg", "-Es", "-Ec", "-EC", "-p", "-Ti", "-Tp", "-Tq", "-xUDQNSHOW",
     // clang-format on
 };
 
@@ -188,14 +191,21 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     }
     std::string_view rest(reinterpret_cast<const char *>(data) + kHeadBytes, size - kHeadBytes);
     std::vector<std::string_view> texts;
+    const bool has_rules = data[6] & kRulesBit;
+    if (!has_rules) {
+        texts.emplace_back();
+    }
     constexpr std::string_view kSeparator = "\n===\n";
-    for (size_t end; texts.size() < 2 && (end = rest.find(kSeparator)) != std::string_view::npos;) {
+    for (size_t end; texts.size() < 3 && (end = rest.find(kSeparator)) != std::string_view::npos;) {
         texts.push_back(rest.substr(0, end + 1));
         rest.remove_prefix(end + kSeparator.size());
     }
+    texts.resize(3);
     const std::string source_name = std::string("in.") + kExtensions[data[6] % std::size(kExtensions)];
-    WriteFile("tly.cfg", texts.empty() ? std::string_view{} : texts[0]);
-    WriteFile("list.txt", texts.size() < 2 ? source_name : Tame(texts[1]));
+    const std::string settings(texts[1]);
+    WriteFile("rules.udqn", Tame(texts[0]));
+    WriteFile("tly.cfg", has_rules ? settings + "TLY user defined quality notice file : rules.udqn\n" : settings);
+    WriteFile("list.txt", texts[2].empty() ? source_name : Tame(texts[2]));
     WriteFile(source_name.c_str(), rest);
 
     Run(Arguments(data, source_name));

@@ -40,47 +40,31 @@ void HtmlHead(const NoticeRow &row, int line, const Globals *G) {
     HtmlPlace(row, line, G);
 }
 
-void LineFirstHead(const NoticeRow &row, int line, const Globals *G) {
-    const Mode mode = OutputMode(G);
+using HeadText = char[64];
+
+// The heads of the other modes, as formats.
+HeadValues LineFirstHead(const NoticeRow &row, HeadText &head) {
     switch (row.place) {
-    case kFileRow:
-        PrintOnly<Shown, int, int>(mode, "\n    File %s: Line %d: Notice #%d\n", Shown{G->file_name}, line, row.number);
-        return;
-    case kOwnRow: PrintOnly(mode, "\n    Line %d: Notice #%d\n", line, row.number); return;
-    default:
-        PrintOnly<const char *, int, int>(mode, "\n    %sLine %d: Notice #%d: ", row.traits & kFiveBlanks ? " " : "", line,
-                                          row.number);
-        return;
+    case kFileRow: FormatText(head, "\n    File %%s: Line %%d: Notice #%d\n", row.number); return kHeadFileLine;
+    case kOwnRow: FormatText(head, "\n    Line %%d: Notice #%d\n", row.number); return kHeadLine;
+    default: FormatText(head, "\n    %sLine %%d: Notice #%d: ", row.traits & kFiveBlanks ? " " : "", row.number); return kHeadLine;
     }
 }
 
-void NoticeFirstHead(const NoticeRow &row, int line, const Globals *G) {
-    const Mode mode = OutputMode(G);
+HeadValues NoticeFirstHead(const NoticeRow &row, HeadText &head) {
     switch (row.place) {
-    case kNone: PrintOnly(mode, "\n    Notice #%d: ", row.number); return;
-    case kComma: PrintOnly(mode, "\n    Notice #%d: Line %d, ", row.number, line); return;
-    case kColon: PrintOnly(mode, "\n    Notice #%d: Line %d:%s", row.number, line, row.traits & kTwoBlanks ? "  " : " "); return;
-    case kOwnRow: PrintOnly(mode, "\n    Notice #%d: Line %d\n", row.number, line); return;
-    case kFileRow:
-        PrintOnly<int, Shown, int>(mode, "\n    Notice #%d: File %s: Line %d\n", row.number, Shown{G->file_name}, line);
-        return;
+    case kNone: FormatText(head, "\n    Notice #%d: ", row.number); return kNoHead;
+    case kComma: FormatText(head, "\n    Notice #%d: Line %%d, ", row.number); return kHeadLine;
+    case kColon:
+        FormatText(head, "\n    Notice #%d: Line %%d:%s", row.number, row.traits & kTwoBlanks ? "  " : " ");
+        return kHeadLine;
+    case kOwnRow: FormatText(head, "\n    Notice #%d: Line %%d\n", row.number); return kHeadLine;
+    case kFileRow: FormatText(head, "\n    Notice #%d: File %%s: Line %%d\n", row.number); return kHeadFileLine;
     }
+    return kNoHead;
 }
 
-} // namespace
-
-void WriteHead(int n, int line, const Globals *G) {
-    const NoticeRow &row = Notice(n);
-    if (OutputMode(G) == Mode::kHtml) {
-        HtmlHead(row, line, G);
-    } else if (G->reorder_notice_line && row.traits & kLineFirst) {
-        LineFirstHead(row, line, G);
-    } else {
-        NoticeFirstHead(row, line, G);
-    }
-}
-
-static std::string Mark(const char *text, bool bold) {
+std::string Mark(const char *text, bool bold) {
     std::string marked;
     bool open = false;
     for (const char *p = text; *p; ++p) {
@@ -96,27 +80,43 @@ static std::string Mark(const char *text, bool bold) {
     return marked;
 }
 
-const char *MarkedText(int n, const char *text, const char *html, Mode mode, Globals *G) {
+} // namespace
+
+LongFormat BeginLong(int n, int line, const char *text, const char *html, Mode mode, Globals *G) {
+    const NoticeRow &row = Notice(n);
     const bool bold = mode == Mode::kHtml;
+    const int line_first = !bold && G->reorder_notice_line && row.traits & kLineFirst;
     const char *source = bold && html && *html ? html : text;
-    KeptNoticeText &kept = G->marked_texts[Notice(n).number];
-    if (kept.source == source && kept.mode == static_cast<int>(mode) && kept.marked) {
-        return kept.marked;
+    if (bold) {
+        HtmlHead(row, line, G);
     }
-    std::string marked = Mark(source, bold);
+    KeptNoticeText &kept = G->marked_texts[row.number];
+    if (kept.source == source && kept.mode == static_cast<int>(mode) && kept.line_first == line_first && kept.format) {
+        return {kept.format, kept.head};
+    }
+    HeadText head = "";
+    const HeadValues values = bold ? kNoHead : line_first ? LineFirstHead(row, head) : NoticeFirstHead(row, head);
+    std::string whole = Mark(source, bold);
     if (mode == Mode::kXml) {
         std::string encoded;
-        xml_encode(marked.c_str(), encoded);
-        marked = encoded;
+        xml_encode(whole.c_str(), encoded);
+        whole = encoded;
     }
-    free(kept.marked);
-    kept = {source, static_cast<int>(mode), CopyOnHeap(marked.c_str())};
-    return kept.marked ? kept.marked : source;
+    whole.insert(0, head);
+    free(kept.format);
+    kept = {source, static_cast<int>(mode), line_first, values, CopyOnHeap(whole.c_str())};
+    return kept.format ? LongFormat{kept.format, values} : LongFormat{source, kNoHead};
+}
+
+Shown NoticeFile(const Globals *G) {
+    return {G->file_name};
 }
 
 void WriteText(int n, int line, const char *text, const char *html, Globals *G) {
-    WriteHead(n, line, G);
-    fputs_unlocked(MarkedText(n, text, html, OutputMode(G), G), gTLYOUT); // no values, so no %
+    LongText<> body;
+    body.text.text = text;
+    body.html.text = html;
+    WriteLong(n, line, G, body);
 }
 
 void WriteRowText(int n, int line, Globals *G) {
@@ -126,7 +126,7 @@ void WriteRowText(int n, int line, Globals *G) {
 
 void FreeMarkedTexts(Globals *G) {
     for (KeptNoticeText &kept : G->marked_texts) {
-        free(kept.marked);
+        free(kept.format);
         kept = {};
     }
 }

@@ -6,6 +6,7 @@
 //   WriteLong(27, G->file_line_no, G, kLimit, value, G->max_return_points);
 #pragma once
 
+#include "notices/notices_state.h"
 #include "report/forms.h"
 
 struct Globals;
@@ -15,25 +16,40 @@ template <class... Args> struct LongText {
     forms::Format<Args...> html{}; // empty: as text
 };
 
-// Writes "\n    Notice #12: Line 7: " or what stands for it in the mode and in the order of the settings.
-void WriteHead(int n, int line, const Globals *G);
-// The text of a notice with its marks made bold, or taken away; in XML encoded. It stays a format: encoding leaves % as it is.
-// It is made once and kept in G until the notice takes another text: text must live as long as G. The answer is valid until then.
-const char *MarkedText(int n, const char *text, const char *html, Mode mode, Globals *G);
+struct LongFormat {
+    const char *format; // valid until the notice takes another text
+    HeadValues head;
+};
+
+// The format of a whole long form: "\n    Notice #12: Line %d: " or what stands for it in the mode and in the order of the
+// settings, then the text with its marks made bold, or taken away; in XML encoded, which leaves % as it is. It is made once and
+// kept in G until the notice takes another text: text must live as long as G. In HTML the head is written at once, as it names
+// colours.
+LongFormat BeginLong(int n, int line, const char *text, const char *html, Mode mode, Globals *G);
+// The file that a head names.
+Shown NoticeFile(const Globals *G);
 // A long form without values; html may be null. WriteRowText takes the text of the notice's row.
 void WriteText(int n, int line, const char *text, const char *html, Globals *G);
 void WriteRowText(int n, int line, Globals *G);
 
+template <class... Args> void PrintUnchecked(Mode mode, const char *format, Args... args) {
+    forms::Format<Args...> whole;
+    whole.text = format;
+    PrintOnly<Args...>(mode, whole, args...);
+}
+
 template <class... Args>
 void WriteLong(int n, int line, Globals *G, const LongText<Args...> &body, std::type_identity_t<Args>... args) {
     const Mode mode = OutputMode(G);
-    WriteHead(n, line, G);
-    forms::Format<Args...> format;
-    format.text = MarkedText(n, body.text.text, body.html.text, mode, G);
-    PrintOnly<Args...>(mode, format, args...);
+    const LongFormat whole = BeginLong(n, line, body.text.text, body.html.text, mode, G);
+    switch (whole.head) {
+    case kNoHead: PrintUnchecked<Args...>(mode, whole.format, args...); break;
+    case kHeadLine: PrintUnchecked<int, Args...>(mode, whole.format, line, args...); break;
+    case kHeadFileLine: PrintUnchecked<Shown, int, Args...>(mode, whole.format, NoticeFile(G), line, args...); break;
+    }
 }
 
-// Frees the texts that MarkedText keeps.
+// Frees the texts that BeginLong keeps.
 void FreeMarkedTexts(Globals *G);
 
 // The steps of Raise, for raisers that depart from them. CountNotice: is n on, is there no skip region; counts it, or returns 0.

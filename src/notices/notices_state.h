@@ -3,11 +3,16 @@
 
 #include "run/llist.h"
 
-// The long text of a notice as it was last written, made from source for a mode. Null until then.
+// What a long form fills in ahead of its own values: nothing, the line, or the file and the line.
+enum HeadValues : char { kNoHead, kHeadLine, kHeadFileLine };
+
+// The long form of a notice as it was last written, made from source for a mode and an order. Null until then.
 struct KeptNoticeText {
     const char *source; // static
     int mode;           // a Mode
-    char *marked;       // owned
+    int line_first;     // the order of line and number
+    HeadValues head;
+    char *format; // owned
 };
 
 struct NoticeRun {

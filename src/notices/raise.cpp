@@ -54,11 +54,12 @@ static void ShortForm(const char *file, int given, int line, int n, const char *
         PrintOnly<Shown, int, int, const char *>(mode, "  <font color=%s><b>Notice</b></font> <b>#%4d</b>: Line <b>%d</b>, %s\n",
                                                  Shown{G->html_notice_color}, n, line, encoded.get());
     } else if (mode == Mode::kXml && !G->totals_no_file_names) {
-        Put("<notice>\n<type>%d</type>\n<line>%d</line><description>%s</description>\n</notice>\n", n, given, encoded.get());
+        PrintOnly<int, int, const char *>(
+            mode, "<notice>\n<type>%d</type>\n<line>%d</line><description>%s</description>\n</notice>\n", n, given, encoded.get());
     } else if (G->reorder_notice_line) {
-        Put("  Line %4d: Notice #%4d: %s\n", line, n, encoded.get());
+        PrintOnly<int, int, const char *>(mode, "  Line %4d: Notice #%4d: %s\n", line, n, encoded.get());
     } else {
-        Put("  Notice #%4d: Line %4d, %s\n", n, line, encoded.get());
+        PrintOnly<int, int, const char *>(mode, "  Notice #%4d: Line %4d, %s\n", n, line, encoded.get());
     }
 }
 

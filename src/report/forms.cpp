@@ -34,17 +34,23 @@ struct Line {
     void Add(const char *piece, size_t bytes) {
         if (bytes > sizeof text - length) {
             Flush();
-        }
-        if (bytes > sizeof text) {
-            fwrite_unlocked(piece, 1, bytes, gTLYOUT);
-            return;
+            if (bytes > sizeof text) {
+                fwrite_unlocked(piece, 1, bytes, gTLYOUT);
+                return;
+            }
         }
         memcpy(text + length, piece, bytes);
         length += bytes;
     }
+    void AddChar(char c) {
+        if (length == sizeof text) {
+            Flush();
+        }
+        text[length++] = c;
+    }
     void Fill(char c, int count) {
         for (; count > 0; --count) {
-            Add(&c, 1);
+            AddChar(c);
         }
     }
 };
@@ -69,48 +75,56 @@ const char *ReadConversion(const char *p, Conversion &how) {
     return *p == '.' ? ReadNumber(p + 1, how.precision) : p;
 }
 
-void AddPadded(Line &line, const Conversion &how, const char *text, size_t bytes) {
-    const int missing = how.width - static_cast<int>(std::min<size_t>(bytes, 1 << 20));
-    if (!how.left) {
-        line.Fill(' ', missing);
-    }
-    line.Add(text, bytes);
-    if (how.left) {
-        line.Fill(' ', missing);
-    }
-}
+// The text of one argument: a number's digits stand in room.
+struct Piece {
+    const char *text;
+    size_t bytes;
+};
 
-void AddNumber(Line &line, Conversion how, long number) {
-    char digits[24];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    const char *first = digits;
+Piece NumberPiece(Line &line, Conversion &how, long number, std::span<char> room) {
+    const char *end = std::to_chars(room.data(), room.data() + room.size(), number).ptr;
+    const char *first = room.data();
     if (how.zeros && !how.left) { // "%02d": the sign goes ahead of the zeros
         if (number < 0) {
-            line.Add(first++, 1);
+            line.AddChar(*first++);
             --how.width;
         }
         line.Fill('0', how.width - static_cast<int>(end - first));
         how.width = 0;
     }
-    AddPadded(line, how, first, end - first);
+    return {first, static_cast<size_t>(end - first)};
 }
 
-void AddReal(Line &line, const Conversion &how, double real) {
-    char text[400]; // the largest double has 309 digits
-    const int length = snprintf(text, sizeof text, "%.*f", how.precision < 0 ? 6 : how.precision, real);
-    AddPadded(line, how, text, std::min<size_t>(length, sizeof text - 1));
+Piece RealPiece(const Conversion &how, double real, std::span<char> room) {
+    const int length = snprintf(room.data(), room.size(), "%.*f", how.precision < 0 ? 6 : how.precision, real);
+    return {room.data(), std::min<size_t>(length, room.size() - 1)};
 }
 
-void AddText(Line &line, const Conversion &how, const char *text) {
-    AddPadded(line, how, text, how.precision < 0 ? strlen(text) : strnlen(text, how.precision));
+void AddArgument(Line &line, Conversion &how, const Arg &arg) {
+    char room[400]; // the largest double has 309 digits
+    Piece piece{room, 1};
+    switch (arg.kind) {
+    case 'd': piece = NumberPiece(line, how, arg.number, room); break;
+    case 'c': room[0] = static_cast<char>(arg.number); break;
+    case 'f': piece = RealPiece(how, arg.real, room); break;
+    default: piece = {arg.text, how.precision < 0 ? strlen(arg.text) : strnlen(arg.text, how.precision)}; break;
+    }
+    const int missing = how.width - static_cast<int>(std::min<size_t>(piece.bytes, 1 << 20));
+    if (missing > 0 && !how.left) {
+        line.Fill(' ', missing);
+    }
+    line.Add(piece.text, piece.bytes);
+    if (missing > 0 && how.left) {
+        line.Fill(' ', missing);
+    }
 }
 
 } // namespace
 
 void Write(const char *format, std::span<const Arg> args) {
     Line line;
-    size_t next = 0;
-    for (const char *p = format; *p;) {
+    const Arg *next = args.data();
+    for (const char *p = format;;) {
         const char *percent = strchrnul(p, '%');
         line.Add(p, percent - p);
         if (!*percent) {
@@ -120,16 +134,9 @@ void Write(const char *format, std::span<const Arg> args) {
         p = ReadConversion(percent + 1, how);
         p += *p == 'l';
         if (*p++ == '%') {
-            line.Add("%", 1);
-            continue;
-        }
-        const Arg &arg = args[next++];
-        const char letter = static_cast<char>(arg.number);
-        switch (arg.kind) {
-        case 'd': AddNumber(line, how, arg.number); break;
-        case 'c': AddPadded(line, how, &letter, 1); break;
-        case 'f': AddReal(line, how, arg.real); break;
-        default: AddText(line, how, arg.text); break;
+            line.AddChar('%');
+        } else {
+            AddArgument(line, how, *next++);
         }
     }
     line.Flush();

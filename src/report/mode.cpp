@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstring>
 #include <string>
 
 #include "report/names.h"
@@ -37,7 +38,11 @@ Mode FreeTextMode(const Globals *G) {
 void Put(const char *fmt, ...) {
     va_list args;
     va_start(args, fmt);
-    vfprintf(gTLYOUT, fmt, args);
+    if (strchr(fmt, '%')) {
+        vfprintf(gTLYOUT, fmt, args);
+    } else {
+        fputs_unlocked(fmt, gTLYOUT);
+    }
     va_end(args);
 }
 

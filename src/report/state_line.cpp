@@ -17,7 +17,9 @@ void ShowStateLine(int line, const char *text, const Globals *) {
     const int label = static_cast<int>(strlen(rule));
     const int ahead = 1 + std::max(0, kHalfRule - label / 2);
     const int behind = std::max(0, kRuleLength - ahead - label);
-    Put(strstr(text, "End") ? "  %.*s%s%.*s\n" : "\n  %.*s%s%.*s\n", ahead, kDashes, rule, behind, kDashes);
+    const char *end = kDashes + strlen(kDashes);
+    PrintOnly<const char *, const char *, const char *, const char *>(Mode::kText, "%s  %s%s%s\n", strstr(text, "End") ? "" : "\n",
+                                                                      end - ahead, rule, end - behind);
 }
 
 // margin: blank lines ahead.

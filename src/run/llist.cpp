@@ -13,11 +13,12 @@ LlistNode *NewNode(void *record, Globals *G) {
     if (!record) {
         return nullptr;
     }
-    LlistNode *node = static_cast<LlistNode *>(calloc(1, sizeof *node));
+    LlistNode *node = static_cast<LlistNode *>(malloc(sizeof *node)); // for lists of notices a good deal quicker than calloc
     if (!node) {
         Message(G, "\n  Error: memory allocation failure\n");
         return nullptr;
     }
+    *node = {};
     node->data = record;
     return node;
 }

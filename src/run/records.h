@@ -49,7 +49,7 @@ struct NodeData {
 };
 
 struct NameData {
-    char *name; // owned
+    char *name; // owned; a heap text, or the memory behind the record
     int line;   // of a notice or a #define; 0 for an entry of the macro file or a directory
     int number; // of a notice; 1 for a macro of the macro file, 0 for a #define
 };
