@@ -1,6 +1,7 @@
 // The vocabulary of report elements, and the file that chooses among them: one "KEY ON -" per line, comments behind "#".
 #include "config/report_cfg.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <strings.h>
 
@@ -75,20 +76,21 @@ const char *NextWord(char **rest) {
     return word;
 }
 
-// "LOC_COUNT ON -". Keys are spelled exactly: "loc_count ON -" is none.
-void TakeLine(char *line, ElementChoice *table) {
+// "LOC_COUNT ON -". Keys are spelled exactly: "loc_count ON -" is none. Returns the line's element, or kElementUnknown.
+int TakeLine(char *line, ElementChoice *table) {
     char *rest = line + strspn(line, " \t");
     if (!IsLetterOrDigit(*rest)) {
-        return;
+        return kElementUnknown;
     }
     const char *key = NextWord(&rest);
     for (int element = kElementUnknown + 1; element < kReportElements; ++element) {
         if (strcmp(key, RepCfgStr[element]) == 0) {
             table[element].on = strcasecmp(NextWord(&rest), "ON") == 0;
             table[element].plus = strcmp(NextWord(&rest), "+") == 0;
-            return;
+            return element;
         }
     }
+    return kElementUnknown;
 }
 
 void WriteDiffCfg(FILE *stream, Globals *) {
@@ -123,29 +125,38 @@ void WriteDiffCfg(FILE *stream, Globals *) {
 
 } // namespace
 
-int LoadReportCfg(const char *path, ElementChoice *table, Globals *G) {
-    table[kElementUnknown] = {};
-    FILE *file = OpenRegularFile(path);
-    const bool missing = !file && errno == ENOENT;
-    for (int element = kElementUnknown + 1; element < kReportElements; ++element) {
-        table[element] = {.on = !file, .plus = 0};
-    }
-    if (!file) {
-        if (missing && *path) { // what stands there and can't be read may be the user's
-            MakeDiffCfgFile(path, G);
-        }
-        return 0;
-    }
+int ReadReportCfg(FILE *file, ElementChoice *table, int *order) {
+    std::fill_n(table, kReportElements, ElementChoice{});
+    bool seen[kReportElements] = {};
+    int count = 0;
     LineText line;
     for (bool at_start = true; fgets(line, sizeof line, file);) {
         const bool whole = strchr(line, '\n') != nullptr;
-        if (at_start) {
-            TakeLine(line, table);
-        }
+        const int element = at_start ? TakeLine(line, table) : kElementUnknown;
         at_start = whole; // the tail of a line too long for the buffer is no line of its own
+        if (element != kElementUnknown && !seen[element]) {
+            seen[element] = true;
+            order[count++] = element;
+        }
     }
-    fclose(file);
-    return 1;
+    return count;
+}
+
+int LoadReportCfg(const char *path, ElementChoice *table, Globals *G) {
+    FILE *file = OpenRegularFile(path);
+    if (file) {
+        int order[kReportElements];
+        ReadReportCfg(file, table, order);
+        fclose(file);
+        return 1;
+    }
+    const bool missing = errno == ENOENT;
+    std::fill_n(table, kReportElements, ElementChoice{.on = 1, .plus = 0});
+    table[kElementUnknown] = {};
+    if (missing && *path) { // what stands there and can't be read may be the user's
+        MakeDiffCfgFile(path, G);
+    }
+    return 0;
 }
 
 void MakeDiffCfgFile(const char *path, Globals *G) {

@@ -2,6 +2,8 @@
 // configurable CSV report each have a table of their own; both read it from files of one form.
 #pragma once
 
+#include <cstdio>
+
 struct Globals;
 
 // Numbers of the elements that the program itself asks for, in the order of RepCfgStr.
@@ -38,7 +40,10 @@ struct ReportCfgTables {
     ElementChoice csv_report_cfg[kReportElements]; // of the configurable CSV report
 };
 
-// Reads a table from a file; elements that it doesn't mention are off. Returns 1. Without a file that can be read everything is on
+// Reads a table from an open file; elements that it doesn't mention are off. order holds kReportElements numbers and gets those of
+// the elements that it does mention, on or off, in the order of their first lines. Returns how many there are.
+int ReadReportCfg(FILE *file, ElementChoice *table, int *order);
+// Reads a table from the file at path, as ReadReportCfg does. Returns 1. Without a file that can be read everything is on
 // and 0 is returned; one that isn't there is made by MakeDiffCfgFile.
 int LoadReportCfg(const char *path, ElementChoice *table, Globals *G);
 // Writes the file that a user edits, in place of what stands there; does nothing when it can't.

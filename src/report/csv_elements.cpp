@@ -86,6 +86,19 @@ void WriteRatio(FILE *stream, const Ratio &ratio, const Globals *G) {
     fprintf(stream, "%.*f,", ratio.decimals, static_cast<double>(whole < 1.0F ? 0.0F : part / whole));
 }
 
+// A name is one field, whatever it holds: a quotation mark is doubled, and then the field stands in such marks.
+void WriteName(FILE *stream, const char *name) {
+    std::string field;
+    csv_field(name, field);
+    if (field.find('"') != std::string::npos) {
+        for (size_t at = 0; (at = field.find('"', at)) != std::string::npos; at += 2) {
+            field.insert(at, 1, '"');
+        }
+        field = '"' + field + '"';
+    }
+    fprintf(stream, "%s,", field.c_str());
+}
+
 // 1 for the one group that the file in hand belongs to: the sum of a column is the group's number of files. A file whose extension
 // is of no language is in none.
 int IsOfLanguage(int element, const Globals *G) {
@@ -109,9 +122,7 @@ int insert_csv_data(FILE *stream, int element, int header, Globals *G) {
     } else if (header) {
         fputs(RepElemStr[element], stream);
     } else if (element == kElementFileName) {
-        std::string field;
-        csv_field(G->file_name, field);
-        fprintf(stream, "%s,", field.c_str());
+        WriteName(stream, G->file_name);
     } else if (element < kFirstCounter) {
         fprintf(stream, "%ld,", Measure(G).value[element - kElementLoc]);
     } else if (element < kBehindCounters) {
@@ -161,38 +172,20 @@ namespace {
     EndProcess(G, 1);
 }
 
-// The element whose key is a line's first word; 0 when there is none.
-int ElementOfLine(const char *line) {
-    const std::string line_key(Ltrim(line), strcspn(Ltrim(line), " \t\n\v\f\r"));
-    for (int element = kElementUnknown + 1; element < kReportElements; ++element) {
-        if (line_key == RepCfgStr[element]) {
-            return element;
-        }
-    }
-    return kElementUnknown;
-}
-
-// The columns stand in the order of the user's lines. The table tells which elements are on, but not in what order.
-void OrderColumns(LineReader *reader, Globals *G) {
-    bool seen[kReportElements] = {};
-    LineText line;
-    while (NextLine(reader, line)) {
-        const int element = ElementOfLine(line);
-        if (!seen[element] && G->csv_report_cfg[element].on) {
-            G->csv_columns[G->csv_column_count++] = element;
-        }
-        seen[element] = true;
-    }
-}
-
+// The columns stand in the order of the user's lines.
 void LoadChoice(Globals *G) {
-    LineReader reader;
-    if (!OpenLines(&reader, G->csv_report_file)) { // looked at first: the loader would make a file where there is none
+    FILE *file = OpenRegularFile(G->csv_report_file); // not LoadReportCfg, which makes a file where there is none
+    if (!file) {
         RefuseChoice(errno == EINVAL ? "Not a regular file" : strerror(errno), G);
     }
-    LoadReportCfg(G->csv_report_file, G->csv_report_cfg, G);
-    OrderColumns(&reader, G);
-    CloseLines(&reader);
+    int order[kReportElements];
+    const int count = ReadReportCfg(file, G->csv_report_cfg, order);
+    fclose(file);
+    for (int i = 0; i < count; ++i) {
+        if (G->csv_report_cfg[order[i]].on) {
+            G->csv_columns[G->csv_column_count++] = order[i];
+        }
+    }
     if (G->csv_column_count == 0) {
         RefuseChoice("No element is on. A line such as \"LOC_COUNT ON\" turns one on", G);
     }

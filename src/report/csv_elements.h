@@ -1,7 +1,8 @@
 // The configurable CSV report: one line of labels, one line per source file, a column for every element that its user turned on.
 //
-// A run that makes it prints nothing else on the report stream, so that a spreadsheet reads it as it is. A name's
-// commas and line ends become blanks, as in every CSV report.
+// A run that makes it prints nothing else on the report stream, so that a spreadsheet reads it as it is. A name's commas and line
+// ends become blanks, as in every CSV report; a name with a quotation mark is quoted. Messages go to stderr, below the name of the
+// file that they came up in.
 #pragma once
 
 #include <cstdio>

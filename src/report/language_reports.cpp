@@ -98,14 +98,10 @@ static bool HasLines(const LanguageSums &sums) {
     return sums.loc > 0 || sums.eloc > 0 || sums.lloc > 0 || sums.comments > 0 || sums.lines > 0;
 }
 
-static double Points(int lines, int factor) {
-    return factor > 0 ? static_cast<double>(lines) / factor : 0.0;
-}
-
 static FunctionPointValues GroupPoints(LanguageGroup group, const Globals *G) {
     const LanguageSums &sums = G->language_sums[group];
     const int *factors = G->fp_per_language + 3 * group;
-    return {Points(sums.loc, factors[0]), Points(sums.eloc, factors[1]), Points(sums.lloc, factors[2])};
+    return {PointsOf(sums.loc, factors[0]), PointsOf(sums.eloc, factors[1]), PointsOf(sums.lloc, factors[2])};
 }
 
 constexpr Forms<const char *> kLanguageLabel{.text = "\n  %s\n", .html = "\n  <b>%s</b>\n"};

@@ -16,3 +16,5 @@ void FileMethodNotices(int functions, int notices, int eloc, const Globals *G);
 void ShowTotalSummary(Globals *G, int project, int averages);
 // Function points of a line count of the current file's language; kind 0 LOC, 1 eLOC, 2 lLOC. 0 for a language without a factor.
 double GetFP(int lines, int kind, const Globals *G);
+// Function points of a line count, with factor lines to a function point; 0 for a factor below 1.
+double PointsOf(int lines, int factor);

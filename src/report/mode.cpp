@@ -99,6 +99,10 @@ void Message(Globals *G, const char *fmt, ...) {
             return;
         }
     }
+    if (G->unnamed_file) {
+        Put("\n  File: %s\n", G->unnamed_file);
+        G->unnamed_file = nullptr;
+    }
     WriteMessage(text, false, G);
     free(text);
 }

@@ -23,4 +23,5 @@ struct CsvElementsState {
     int csv_columns[kReportElements]; // element numbers, in the order of the columns
     int csv_column_count;             // columns
     int csv_notices_implied;          // notices are counted for a column only
+    const char *unnamed_file;         // the source in hand, until a message has named it; null in a run that prints its name
 };

@@ -243,6 +243,7 @@ void EndFile(FileData *file, Globals *G) {
     udqn_process("UDQN eof", 1, G);
     if (G->csv_rows) {
         ShowCsvElements(G);
+        G->unnamed_file = nullptr;
     }
     AddTotal(G);
     file->notices = G->notice_count;
@@ -298,6 +299,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     G->file_size = file->size;
     G->file_date = file->date;
     G->total_size += file->size;
+    G->unnamed_file = G->csv_rows ? file->name : nullptr;
     ShowFileLine(file->name, file->date, file->size, G->totals_only, 0, G);
     file->language = WhichFile(file->name, G, 1);
     ++G->files_processed;

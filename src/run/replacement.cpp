@@ -104,8 +104,10 @@ int CommitReplacement(Replacement *file, int keep) {
 
 void AbandonReplacement(Replacement *file) {
     if (file->stream) {
+        const int error = errno;
         fclose(file->stream);
         file->stream = nullptr;
         remove(file->beside);
+        errno = error;
     }
 }

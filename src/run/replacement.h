@@ -18,5 +18,5 @@ int BeginReplacement(const char *path, Replacement *out);
 // Writes all out, to the disk, and renames. Returns 1; 0 with errno when the old file still stands: the one beside is gone then,
 // unless keep is set and it holds all that was to be written: see kept. Another hard link of the old file keeps the old text.
 int CommitReplacement(Replacement *file, int keep);
-// Removes what has been written so far. Does nothing to one that wasn't begun.
+// Removes what has been written so far; errno stays. Does nothing to one that wasn't begun or is in its place.
 void AbandonReplacement(Replacement *file);

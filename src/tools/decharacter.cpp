@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -177,18 +178,34 @@ int FailToUpdate(const char *name, Globals *G) {
     return 0;
 }
 
-// A file of an earlier run that is to be appended to, or -1: with errno 0 where there is none, else with what is wrong with it.
-int OpenStale(const char *path) {
-    const int stale = open(path, O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+// Where the text of an earlier run may have been left.
+std::string TemporaryName(const char *name) {
+    char *resolved = realpath(name, nullptr);
+    std::string temporary = std::string(resolved ? resolved : name) + ".tmp";
+    free(resolved);
+    return temporary;
+}
+
+bool Stands(const std::string &path) {
     struct stat status;
-    if (stale < 0) {
-        errno = errno == ENOENT ? 0 : errno;
-    } else if (fstat(stale, &status) != 0 || !S_ISREG(status.st_mode)) {
-        close(stale);
-        errno = EINVAL;
-        return -1;
+    return lstat(path.c_str(), &status) == 0;
+}
+
+// Opens the file that an earlier run left, to be appended to; *stale is -1 where there is none. Returns 0 with errno when what
+// stands there is no file, or can't be opened.
+int OpenStale(const std::string &path, int *stale) {
+    *stale = open(path.c_str(), O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (*stale < 0) {
+        return errno == ENOENT;
     }
-    return stale;
+    struct stat status;
+    if (fstat(*stale, &status) == 0 && S_ISREG(status.st_mode)) {
+        return 1;
+    }
+    close(*stale);
+    *stale = -1;
+    errno = EINVAL;
+    return 0;
 }
 
 int CopyAll(int from, FILE *to, SourceReader *source) {
@@ -216,47 +233,41 @@ int PutInPlace(Replacement *file, const char *name, const char *temporary, Globa
     return 0;
 }
 
+// Writes the stale text, if there is one, and the new one. Returns 0 with errno.
+int PutTogether(SourceReader *source, int stale, Replacement *file, const struct stat &status, Rewriting *work, const Globals *G) {
+    if ((stale >= 0 && !CopyAll(stale, file->stream, source)) || !Walk(source, file->stream, work, G)) {
+        return 0;
+    }
+    errno = EBUSY;
+    return IsStill(file->target, status);
+}
+
 // Writes the new text and puts it in the place of the source. "NAME.tmp" is the temporary file, and a stale one is appended to: its
 // text goes ahead of the new one, so that nothing that an earlier run left there is lost. All of it is put together in a file of
 // another name, as a process that is killed must not leave half a text where the next run would append to it.
 int Update(SourceReader *source, const char *name, const struct stat &status, Rewriting *work, Globals *G) {
+    const std::string temporary = TemporaryName(name);
     Replacement file;
-    const bool begun = BeginReplacement(name, &file);
-    const int begin_error = errno;
-    const std::string temporary = std::string(file.target) + ".tmp";
-    const int stale = OpenStale(temporary.c_str());
-    const int stale_error = errno;
-    if (!begun || (stale < 0 && stale_error) || !HasOwner(file.stream, status)) {
-        const int error = !begun ? begin_error : stale < 0 && stale_error ? stale_error : errno;
+    int stale = -1;
+    int done = 0;
+    if (!BeginReplacement(name, &file) || !OpenStale(temporary, &stale) || !HasOwner(file.stream, status)) {
+        const int error = errno;
         AbandonReplacement(&file);
-        if (stale >= 0) {
-            close(stale);
-        }
         Message(G, "\n  Error: Cannot open the specified file: %s\n  %s\n\n", BesideName(name, temporary.c_str()).c_str(),
                 strerror(error));
-        return 0;
+    } else if (!PutTogether(source, stale, &file, status, work, G)) {
+        AbandonReplacement(&file);
+        FailToUpdate(name, G);
+    } else {
+        done = PutInPlace(&file, name, temporary.c_str(), G);
     }
-    bool good = (stale < 0 || CopyAll(stale, file.stream, source)) && Walk(source, file.stream, work, G);
-    if (good && !IsStill(file.target, status)) {
-        good = false;
-        errno = EBUSY;
-    }
-    const int error = errno;
     if (stale >= 0) {
         close(stale);
+        if (done) {
+            remove(temporary.c_str());
+        }
     }
-    if (!good) {
-        AbandonReplacement(&file);
-        errno = error;
-        return FailToUpdate(name, G);
-    }
-    if (!PutInPlace(&file, name, temporary.c_str(), G)) {
-        return 0;
-    }
-    if (stale >= 0) {
-        remove(temporary.c_str());
-    }
-    return 1;
+    return done;
 }
 
 void ShowIntent(const Globals *G) {
@@ -292,7 +303,7 @@ int Rewrite(SourceReader *source, const char *name, Globals *G) {
     if (!Walk(source, nullptr, &work, G)) {
         return FailToUpdate(name, G);
     }
-    if (work.Changed()) {
+    if (work.Changed() || Stands(TemporaryName(name))) {
         work = {};
         if (!Update(source, name, status, &work, G)) {
             return 0;

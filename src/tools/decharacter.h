@@ -36,5 +36,6 @@ void RemoveReturns(std::string_view text, std::string *out, LineEndWalk *walk);
 void AddReturns(std::string_view text, std::string *out, LineEndWalk *walk);
 
 // Rewrites the open source called name as decharacter_tabs, decharacter_unix and decharacter_dos say, reports on it and closes it.
-// A source that needs no change isn't touched. Returns 1; 0 behind a message, with the source as it was.
+// A source that needs no change isn't touched, unless an earlier run left a text that goes ahead of it. Returns 1; 0 behind a
+// message, with the source as it was.
 int DeFile(SourceReader *source, const char *name, Globals *G);

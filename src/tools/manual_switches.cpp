@@ -5,8 +5,8 @@ namespace {
 
 constexpr SwitchEntry kEntries[] = {
     {"a", "  * Allocation/De-allocation of Memory Mode\n",
-     R"(This mode counts what allocates and releases memory: alloc is malloc,
-calloc and realloc, free, and in C++, C# and Java new and delete.
+     R"(This mode counts what allocates and releases memory: malloc, calloc and
+alloc, free, and in C++, C# and Java new and delete.  A realloc is neither.
 
     tly -a main.c
 )"},
@@ -36,7 +36,7 @@ complexity and their sum.
      R"(These modes rewrite source files in place.  Nothing is measured.
 
     -Dt   Tabs outside strings become blanks, as many for each tab as the
-          setting for the tab width says.
+          setting "A TAB is equivalent to n space" says.
     -Du   UNIX line ends: the carriage return in front of a line feed is
           removed.
     -Dd   DOS line ends: a carriage return is put in front of each line
@@ -45,9 +45,14 @@ complexity and their sum.
     tly -Dt -Du main.c util.c
 
 -Dt goes together with -Du or -Dd; those two exclude each other.  The new
-text is written to a file beside, with .tmp at the end of its name, and
-takes the place of the source in one step: a full disk, an error or the
-end of the process leaves the old text whole.
+text is written to a file beside and takes the place of the source in one
+step: a full disk, an error or the end of the process leaves the old text
+whole.  When only that last step fails, the new text is left in a file
+called after the source, with .tmp behind its name, and a message says so.
+
+What such a file holds when a run begins isn't lost: it comes ahead of the
+new text in the source.  So look for main.c.tmp before you run -D on main.c
+again.
 )"},
     {"d", "  Deterministic Mode\n",
      R"(Each source line is shown with what it was taken for: blank, LOC,
@@ -60,10 +65,14 @@ effective or not, logical, comment.  Whoever doubts a figure begins here.
 
     -Es   Strings, such as the messages of a program.
     -Ec   Comments without their marks.
-    -EC   Comments as they stand, between the heads of functions and
-          classes: a documentation of the code.
+    -EC   Comments as they stand, between the heads of functions, and with
+          -o of classes: a documentation of the code.  A head stands where
+          a function begins, and again where it ends.
 
     tly -Es main.c
+
+With -Es and -Ec, punctuation around a text is left out; a text without a
+letter or a digit isn't shown.
 )"},
     {"e", "  * Estimation Analysis Based on LOC and Complexity\n",
      R"(Shows how many lines one function, one parameter, one return point and
@@ -122,12 +131,13 @@ not among the files is shown as a base class.
     tly -fa -k2 -kd -r"c,h ."
 )"},
     {"l", "  * List Function Name Mode\n",
-     R"(Lists the functions of each file with their lines, and nothing else.
+     R"(Lists the functions of each file with their parameters, and nothing else.
 
     tly -l main.c
 )"},
     {"m", "  * Macro Mode\n",
-     R"(Shows each #define with its line.
+     R"(Shows each #define that takes parameters, by its name.  With -n, notices
+inside it stand between its begin and its end.
 
     tly -m util.h
 )"},
@@ -142,9 +152,9 @@ not among the files is shown as a base class.
 )"},
     {"n", "  * Quality Notice Mode\n",
      R"(Quality notices in their long form, where they are raised, and the
-quality profile of the project.  With the setting "Reorder notice" the
-line stands in front of the number.  The exit status is the number of
-notices; see Program Operation for its limit of 8 bits.
+quality profile of the project.  With the setting "Reorder notice, line in
+quality notices" the line stands in front of the number.  The exit status
+is the number of notices; see Program Operation for its limit of 8 bits.
 
     tly -n main.c
 )"},
@@ -162,18 +172,20 @@ its attributes and methods, and the summaries of the project.
 )"},
     {"pBMPL", "  Print Format, Code Listing Mode\n",
      R"(Prints the sources with line numbers, page by page, and measures nothing.
-Long lines are folded.
+Long lines are folded.  Pages, with numbers and form feeds, need the
+setting "Page breaks in code print format"; it is off at first, and in
+HTML there are none.
 
     -B1   Top margin, lines
     -M5   Left margin, columns
     -P55  Page length, lines; -P-1 prints without pages
     -L80  Line length, columns, at least 20
 
-    tly -p -P60 -L100 main.c | lpr
+    tly -p -L100 main.c | lpr
 )"},
     {"R", "  * Read File Processing Options\n",
      R"(    -Rd   Do not descend into directories below the one of -r.
-    -Rl   List the files that would be read, with date and size, only.
+    -Rl   Only list the files that would be read.
     -Rn   Sort the files by name.
 
     tly -Rl -Rn -r"c,h ."
@@ -253,12 +265,15 @@ it is a Dif: its figures are the lines that are new or changed, each line
 counted once, and its equal lines stand in a line of their own.  The
 setting "Add removed older lines as modified" counts removed lines too.
 
-The newest baseline is also kept under the name workfile.dat.  A run that
-fails leaves the older baseline as it was.  A baseline can be moved
-together with its directory.  Both baselines must be made with the same
-settings for blank lines and white space.
+Without a name the work file is called after the day, as in
+WorkFile_11182026.dat.  The newest baseline is also kept as workfile.dat
+in the same directory.  A run that fails leaves the older baseline as it
+was.  A baseline can be moved together with its directory.  Both baselines
+must be made with the same settings for blank lines and white space.
 
--ws needs the settings that choose which lines are shown.  The older
+-ws shows only what the settings "Show equal lines", "Show lines removed
+from older file" and "Show lines added (mod) to newer file" ask for: all
+three are off at first.  -wp needs an hour of work or more.  The older
 switches -wW and -W have become -w"x old, new".
 )"},
     {"X", "  * XML File Output Format\n",
@@ -267,9 +282,9 @@ switches -wW and -W have become -w"x old, new".
     tly -X -Ta -Oreport.xml -r"java ."
 )"},
     {"x", "  Extended Option Mode\n",
-     R"(    -xNOCONFIG    The head of the report without the names of settings
+     R"(    -xNOCONFIG    The head of the report without the names of its settings
     -xNOCOMMAND   The head without the command line
-    -xNOHEADER    No head at all
+    -xNOHEADER    No head; what programs read in CSV and XML stays
     -xNOWRAP      Long names are not wrapped
     -xUDQNSHOW    Show your own quality notices with their sample tests
     -xDEBUG       Show how each line was read
@@ -279,22 +294,30 @@ switches -wW and -W have become -w"x old, new".
 
 The CSV report of your own has one line of labels and one line per file,
 with the columns that are on in the file.  A line of the file turns its
-column on when its first word is the key and its second one is ON:
+column on when its first word is the key, in capitals, and its second one
+is ON.  Columns stand in the order of these lines:
 
-    LOC_COUNT               ON
-    COMMENT_LINE_COUNT      ON
+    FILE_NAME               ON
     QUALITY_NOTICE_COUNT    ON
+    LOC_COUNT               ON
 
-The template has a colon as the second word of each line, so that nothing
-is on until it is edited.  All its keys are file metrics.
+-xc prints a template with all keys.  It has a colon as the second word of
+each line, so that nothing is on until it is edited; this takes the colons
+out:
 
-    tly -xc > my.cfg
+    tly -xc | sed 's/ *: / /' > my.cfg
     tly -x"File csv my.cfg" -r"c,h ." > my.csv
+
+Keys that don't begin with a letter or a digit, as (_COUNT, can't be
+chosen.  Messages go to the error output, so that the report holds nothing
+but its lines.
 )"},
     {"yuq", "  TLY Configuration Parameters\n",
-     R"(Prints all settings that hold in the form of tly.cfg: a template to edit.
+     R"(Prints all settings that hold, in the form of tly.cfg: a template to edit.
+Don't send it to the tly.cfg in use, which the shell empties before tly can
+read it.
 
-    tly -y > tly.cfg
+    tly -y > new.cfg
 
     -u"File CFG name"  Reads a second configuration over the first, when
                        "Enable user defined configuration files" says so

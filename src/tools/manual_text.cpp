@@ -75,20 +75,22 @@ if, goto, "?", "&&" and "||".  Above: 1 + for + if + "&&" = 4.  What is
 counted can be chosen in the configuration; -fd shows the parts.
 
 Interface complexity (InCmp) is the number of parameters and of return
-points: what a caller must provide and expect.  Above: 2 + 1 = 3.  A
-goto counts as a return point unless the configuration says otherwise,
-and a function without a return has one return point, its end.  The
-total or functional complexity is both complexities together: 7.
+points: what a caller must provide and expect.  Above: 2 + 1 = 3.  exit
+and abort are return points too, and so is goto unless the configuration
+says otherwise; a function with none of them has one, its end.  The total
+or functional complexity is both complexities together: 7.
 
-A function's own LOC run from its "{" to its "}", so that its head isn't
-part of them.  A class's run from its "{" to its "}" as well; in the
-summaries of the project, the figures of its member functions are added
-to it, wherever they are defined.
+The figures of a function run from its "{" to its "}": lines of its head
+that stand above the "{" aren't part of them, but comments right above the
+function are.  So do those of a class; in the summaries of the project,
+the figures of its member functions are added to it, wherever they are
+defined.
 
 Function points are an estimate of size that is independent of the
 language: lines divided by the lines that a function point takes in it,
 128 in C, 53 in C++, Java and C#.  530 LOC of Java are 10.0 points.  The
-factors are settings.
+factors are settings; where one is 0, as for *.h files, lines make no
+points.
 
 Attributes and methods of a class are counted as public, protected and
 private.  Of the inheritance tree: the depth is the number of classes
@@ -116,11 +118,16 @@ then the project, then the numbers of files of each language.  A run
 changes no source file, but for -D, which is there to do that.
 
 Exit status: the number of quality notices of the run when notices were
-asked for (-n, -N and all -T), otherwise 0; 1 for a wrong command line.
-A shell sees only 8 bits of it: 256 notices look like 0, and 257 like 1.
-A script that decides on notices should count them in the report:
+asked for (-n, -N and all -T), otherwise 0; -p, -D and -E always end with
+0.  A wrong command line ends with 1 (a few of -u and -w with 0), a list
+of -F that can't be read with 255.  A shell sees only 8 bits: 256 notices
+look like 0, and 257 like 1.  A script that decides on notices should
+count them in the report:
 
     test "$(tly -Nv main.c | grep -c 'Notice #')" -eq 0 || exit 1
+
+Notices are counted in every run that measures, shown or not: "-C -s" has
+a column for them.
 
 Messages stand in the report, where the reader is, and begin with Error,
 Warning or Notice.  A file that can't be read is told and passed over.
@@ -157,7 +164,11 @@ the output window, and double click a notice.  In Vim:
     :set errorformat=%f(%l)\ :\ %m
     :make
 
-In Emacs, "M-x compile" with the same command knows the form.
+In Emacs, tell "M-x compile" the form once:
+
+    (require 'compile)
+    (add-to-list 'compilation-error-regexp-alist
+                 '("^\\(.+\\)(\\([0-9]+\\)) : Notice" 1 2))
 
 6. Watch a project at night.  CSV goes to a spreadsheet, XML to a program.
 
@@ -167,8 +178,8 @@ In Emacs, "M-x compile" with the same command knows the form.
 7. Keep a baseline of each release, and compare releases later without
 their sources:
 
-    cd release-1; tly -w"Create ." -wd -w"File dat /base/r1.dat" -r"c,h ."
-    cd release-2; tly -w"Create ." -wd -w"File dat /base/r2.dat" -r"c,h ."
+    (cd r1; tly -w"Create ." -wd -w"File dat /base/r1.dat" -r"c,h .")
+    (cd r2; tly -w"Create ." -wd -w"File dat /base/r2.dat" -r"c,h .")
     tly -wd -wp -wg -w"x /base/r1.dat, /base/r2.dat"
 
 The report tells of new, removed, changed and equal files, how many lines
@@ -191,11 +202,13 @@ the command line always wins over the file.
 
 Where files are looked for: TLYCFGHOME names the directory of all of the
 program's own files; else TLYHOME does; else it is the directory that tly
-was started from by its path, or the one of PATH that holds a tly.cfg.
+was started from by its path, or the first one of PATH that holds a
+tly.cfg, or the current one.
 
     tly.cfg           settings
     tly_macro.cfg     words that the parser should pass over, one a line
-    tly_udqn.cfg      your own quality notices, where the settings say so
+    tly_udqn.cfg      your own quality notices, if TLYCFGHOME is set and
+                      the settings name no other file
     tly_workdiff.cfg  columns of the report on two baselines
 
 tly_macro.cfg is for words in front of declarations that only a compiler
@@ -215,6 +228,8 @@ The setting "TLY user defined quality notice file" names their file:
     Message        : Use a copy with a bound in place of strcpy
     UDQN End       :
 
+docs/rules.udqn of the program's sources holds ten rules to start from.
+
 Context says where the pattern is searched: in the whole Line, or in its
 Code, Comment or String.  Identifiers begin at 100.  With "Set flags",
 "Clear flags", "Check flags" and "!Check flags" (numbers from 1 to 1999)
@@ -228,15 +243,17 @@ A second configuration file can be laid over the first with
 -u"File CFG name", when the settings allow it.
 
 Environment: TLYHOME, TLYCFGHOME, PATH as told; TLYCLASSMF lists the
-functions of classes as -fm does; TLYDEBUG shows what the run decides.
+functions of classes as -fm does; TLYDEBUG shows what the run decides,
+and waits for a key first.
 )"},
     {"~ Source File Requirements ~",
      R"(
 A source is text that a compiler would take.  There is no need for it to
 be complete: missing headers change nothing.
 
-Lines may have 2046 characters; a longer one is told and read in pieces.
-A NUL ends its line.  Line ends may be LF or CR LF.
+Lines may have 2046 characters.  A longer one is told, and only what is
+left behind its full pieces is measured.  A NUL ends its line.  Line ends
+may be LF or CR LF.
 
 All branches of #if and #ifdef are read as code.  When both branches open
 a brace that is closed once, braces no longer match, and the end of the
@@ -251,7 +268,7 @@ file tells so:
 
 Code between the skip tokens TLY_IGNORE_BEGIN and TLY_IGNORE_END isn't
 measured, and between TLY_IGNORE_QUALITY_BEGIN and TLY_IGNORE_QUALITY_END
-no notice is raised, when the settings activate them:
+none but your own notices is raised, when the settings activate them:
 
     // TLY_IGNORE_BEGIN
     ... a generated table ...
@@ -270,9 +287,10 @@ which is attached to them.  A text with blanks is put between quotes:
 Each switch is an argument of its own.  Capitals matter: -o measures
 classes, -O writes a file.  Switches that end with a report on their own
 (-h, -y, -xc, -w"x ...") use what stands in front of them, so the mode
-and the filters go first.  Two more look at what stands in front: -s and
--fa make CSV lines only behind -C, and -Tq the form of -Nv only behind it.
-Letters that must stand first or last don't exist otherwise.
+and the filters go first.  A few more look at what stands in front: -s and
+-fa make CSV lines only behind -C, -Tq keeps the form of -Nv only behind
+it, and -Tp takes back the lists of notices that -N, -Tn or -Tq asked for.
+Otherwise the order is free.
 
 Without any argument the program prints its syntax.
 )"},
@@ -288,9 +306,10 @@ parted by one blank; the directory may hold blanks itself:
 
     tly -r"h,cpp,java /my project"
 
-"." is the current directory.  *.c, .c and c mean the same extension; in
-a walk, extensions are compared with regard to case.  The settings can
-leave out directories and names that hold a word.
+"." is the current directory.  *.c, .c and c mean the same extension, but
+the first one has to begin with a letter.  In a walk, extensions are
+compared with regard to case.  The settings can leave out directories and
+names that hold a word.
 )"},
     {"~ Source Code File Input Modes ~",
      R"(
@@ -332,20 +351,20 @@ The block of a function, with -fa and -c:
 
     Function: Sum::of
     Parameters: (const int *v, int n)
-    Complexity   Param 2       Return 1      Cyclo Vg 4       Total      7
-    LOC 13       eLOC 6        lLOC 4        Comment 1        Lines     13
+    Complexity   Param 2       Return 1      Cyclo Vg 4       Total        7
+    LOC 13       eLOC 6        lLOC 4        Comment 1        Lines       13
 
-"Function Begin Line" above it is the line of its "{", and "Function End
-Line" below it the one of its "}".  Notices that were raised in a
-function stand between the two.
+With -n it is framed by "Function Begin Line", the line of its "{", and
+"Function End Line", the one of its "}".  The notices that were raised in
+the function stand between its name and its figures.
 
 The block of a class, with -o:
 
     Class: Sum
     Inheritance: Base
-    Attributes   Publ 0        Prot 0        Private 1        Total      1
-    Methods      Publ 1        Prot 0        Private 0        Total      1
-    LOC 6        eLOC 5        lLOC 2        Comment 0        Lines      5
+    Attributes   Publ 0        Prot 0        Private 1        Total        1
+    Methods      Publ 1        Prot 0        Private 0        Total        1
+    LOC 6        eLOC 5        lLOC 2        Comment 0        Lines        5
 
 The reports of the project show each entity again in the order of -k,
 then totals, averages, maxima and minima over all of them, and an average
