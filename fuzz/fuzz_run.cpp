@@ -5,6 +5,9 @@
 // with a line "===" between them: the settings file, the -F list and the source. The source is the last text, so that any plain
 // source file is a useful input. With kRulesBit a file of user defined notices stands in front of them all.
 //
+// The top three bits of the head's last byte are for baselines: with 7, the input's texts are two of them, which are compared; with
+// 6, some are made of the source.
+//
 // All files are in a private directory. A list or a rule file can't name anything outside of it (see Tame); tly's reports go to
 // /dev/null.
 
@@ -118,6 +121,64 @@ void Run(const std::vector<std::string> &arguments) {
     running = false;
 }
 
+// The texts between the separators, at most so many: the last one takes the rest.
+std::vector<std::string_view> Split(std::string_view rest, size_t most) {
+    constexpr std::string_view kSeparator = "\n===\n";
+    std::vector<std::string_view> texts;
+    for (size_t end; texts.size() + 1 < most && (end = rest.find(kSeparator)) != std::string_view::npos;) {
+        texts.push_back(rest.substr(0, end + 1));
+        rest.remove_prefix(end + kSeparator.size());
+    }
+    texts.push_back(rest);
+    return texts;
+}
+
+// One bit each of the head's fifth and sixth byte, in front of the comparison.
+constexpr const char *kCompareSwitches[] = {
+    // clang-format off
+    "-wd", "-ws", "-wg", "-wb", "-wp", "-we", "-wr", "-wn",
+    "-wm", "-Tw", "-kd", "-k1", "-k6", "-xDIFFDEBUG", "-xNOWRAP", "-Sa<b&\"'",
+    // clang-format on
+};
+
+void Compare(const uint8_t *head, const char *baselines) {
+    std::vector<std::string> arguments{"tly"};
+    if (const char *mode = kModes[head[0] % std::size(kModes)]) {
+        arguments.emplace_back(mode);
+    }
+    for (size_t i = 0; i < std::size(kCompareSwitches); ++i) {
+        if (head[4 + i / 8] >> (i % 8) & 1) {
+            arguments.emplace_back(kCompareSwitches[i]);
+        }
+    }
+    arguments.emplace_back(baselines);
+    Run(arguments);
+}
+
+// Settings (of the report on baselines too), older work file, newer work file, and line records, of which each work file can name a
+// half: "d/old", "d/new".
+void CompareTexts(const uint8_t *head, std::string_view input) {
+    std::vector<std::string_view> texts = Split(input, 4);
+    texts.resize(4);
+    WriteFile("tly.cfg", texts[0]);
+    WriteFile("tly_workdiff.cfg", texts[0]);
+    WriteFile("old.dat", Tame(texts[1]));
+    WriteFile("new.dat", Tame(texts[2]));
+    WriteFile("d/old", texts[3].substr(0, texts[3].size() / 2));
+    WriteFile("d/new", texts[3].substr(texts[3].size() / 2));
+    Compare(head, "-wx old.dat, new.dat");
+}
+
+// A baseline of half the source and one of all of it.
+void MakeBaselines(const uint8_t *head, const std::string &source_name, std::string_view source) {
+    WriteFile("tly_workdiff.cfg", {});
+    WriteFile(source_name.c_str(), source.substr(0, source.size() / 2));
+    Run({"tly", "-wCreate .", "-wd", "-wFile dat d/made.dat", source_name});
+    WriteFile(source_name.c_str(), source);
+    Run({"tly", "-wCreate .", "-wd", "-wFile dat made.dat", source_name});
+    Compare(head, "-wx d/made.dat,made.dat");
+}
+
 } // namespace
 
 // The end of a process is the end of a run.
@@ -156,6 +217,12 @@ int __wrap_fclose(FILE *stream) {
     return stream == stdout ? fflush(stream) : __real_fclose(stream);
 }
 
+static void CloseStreams() {
+    while (!open_streams.empty()) {
+        fclose(open_streams.back());
+    }
+}
+
 // What a run leaves to the end of its process isn't a leak.
 extern "C" const char *__asan_default_options();
 const char *__asan_default_options() {
@@ -169,7 +236,7 @@ int LLVMFuzzerInitialize(int *, char ***) {
         abort();
     }
     const std::string work = place + "/w";
-    if (mkdir(work.c_str(), 0700) != 0 || chdir(work.c_str()) != 0 || mkdir("sub", 0700) != 0) {
+    if (mkdir(work.c_str(), 0700) != 0 || chdir(work.c_str()) != 0 || mkdir("sub", 0700) != 0 || mkdir("d", 0700) != 0) {
         abort();
     }
     WriteFile("sub/x.h", "#define X 1 // sub\n");
@@ -189,30 +256,31 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     if (size < kHeadBytes) {
         return 0;
     }
-    std::string_view rest(reinterpret_cast<const char *>(data) + kHeadBytes, size - kHeadBytes);
-    std::vector<std::string_view> texts;
+    const std::string_view input(reinterpret_cast<const char *>(data) + kHeadBytes, size - kHeadBytes);
+    const int baselines = data[6] / 32;
+    if (baselines == 7) {
+        CompareTexts(data, input);
+        CloseStreams();
+        return 0;
+    }
     const bool has_rules = data[6] & kRulesBit;
-    if (!has_rules) {
-        texts.emplace_back();
-    }
-    constexpr std::string_view kSeparator = "\n===\n";
-    for (size_t end; texts.size() < 3 && (end = rest.find(kSeparator)) != std::string_view::npos;) {
-        texts.push_back(rest.substr(0, end + 1));
-        rest.remove_prefix(end + kSeparator.size());
-    }
+    std::vector<std::string_view> texts = Split(input, has_rules ? 4 : 3);
+    const std::string_view source = texts.back();
+    texts.pop_back();
+    texts.insert(texts.begin(), !has_rules, {});
     texts.resize(3);
     const std::string source_name = std::string("in.") + kExtensions[data[6] % std::size(kExtensions)];
     const std::string settings(texts[1]);
     WriteFile("rules.udqn", Tame(texts[0]));
     WriteFile("tly.cfg", has_rules ? settings + "TLY user defined quality notice file : rules.udqn\n" : settings);
     WriteFile("list.txt", texts[2].empty() ? source_name : Tame(texts[2]));
-    WriteFile(source_name.c_str(), rest);
+    WriteFile(source_name.c_str(), source);
 
     Run(Arguments(data, source_name));
-
-    while (!open_streams.empty()) {
-        fclose(open_streams.back());
+    if (baselines == 6) {
+        MakeBaselines(data, source_name, source);
     }
+    CloseStreams();
     unlink(source_name.c_str());
     return 0;
 }

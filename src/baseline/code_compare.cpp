@@ -25,14 +25,45 @@ void diffMetric(char operation, char type, Globals *G) {
     }
 }
 
+void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G) {
+    diffMetric(line.operation, line.type, G);
+    if (listing->nodes) {
+        AddDiffLine(listing, line);
+    }
+}
+
 void ComparisonMemoryError(const char *file_name, double bytes, Globals *G) {
     Message(G, "\n  Error: Memory Allocation LCS Array\n         File - %s\n         Size - %.0f bytes\n", file_name, bytes);
 }
 
 namespace {
 
+// Reports the lines that both runs begin with, and counts those that both end with: most files of two baselines differ in a few
+// places or in none, and what stands around these needs no matrix. The counts are those of a walk over the whole of it. But of
+// equal lines that walk may match others, so a listing keeps the ends:
+//
+//   older  newer
+//   x      y         the whole walk:   - x, + y, = }, + }
+//   }      }         without the end:  - x, + y, + }, = }
+//          }
+void TakeEqualEnds(DiffLines *hist, DiffLines *pres, DiffListing *listing, Globals *G) {
+    while (!hist->empty() && !pres->empty() && SameLine(hist->front(), pres->front())) {
+        ReportLine(listing, {hist->front().line, pres->front().line, '=', hist->front().type}, G);
+        *hist = hist->subspan(1);
+        *pres = pres->subspan(1);
+    }
+    while (!listing->nodes && !hist->empty() && !pres->empty() && SameLine(hist->back(), pres->back())) {
+        diffMetric('=', hist->back().type, G);
+        *hist = hist->first(hist->size() - 1);
+        *pres = pres->first(pres->size() - 1);
+    }
+}
+
 // Compares two runs of lines in one pass.
 bool ComparePass(const char *file_name, DiffLines hist, DiffLines pres, DiffListing *listing, Globals *G) {
+    if (!G->diff_debug) { // which shows the whole matrix
+        TakeEqualEnds(&hist, &pres, listing, G);
+    }
     LcsMatrix matrix{};
     if (!lcsDiffData(hist, pres, kLcsMemory, &matrix)) {
         ComparisonMemoryError(file_name, matrix.bytes, G);

@@ -3,6 +3,8 @@
 
 #include "baseline/line_records.h"
 
+struct DiffLine;
+struct DiffListing;
 struct Globals;
 
 // By the longest common sequence; long files in segments of max_lcs_file_lines from their ends. file_name is for the -ws listing.
@@ -13,5 +15,7 @@ int CompareCodeLinearLookahead(const char *file_name, const DiffDataList &hist, 
 
 // Counts a line of a type under '+', '=' or '-'. A type that is none counts nowhere.
 void diffMetric(char operation, char type, Globals *G);
+// Counts a line, and adds it to listing if that is open.
+void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G);
 // Tells that a comparison is given up: bytes were asked for and aren't there.
 void ComparisonMemoryError(const char *file_name, double bytes, Globals *G);

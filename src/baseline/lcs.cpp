@@ -141,13 +141,6 @@ bool MakeRows(LcsMatrix *m, size_t memory) {
     return m->kept && m->filled && m->match && m->class_of;
 }
 
-void Report(DiffListing *listing, const DiffLine &line, Globals *G) {
-    diffMetric(line.operation, line.type, G);
-    if (listing->nodes) {
-        AddDiffLine(listing, line);
-    }
-}
-
 } // namespace
 
 bool lcsDiffData(DiffLines hist, DiffLines pres, size_t memory, LcsMatrix *matrix) {
@@ -171,29 +164,33 @@ bool lcsDiffData(DiffLines hist, DiffLines pres, size_t memory, LcsMatrix *matri
 void lcsSequence(LcsMatrix *matrix, DiffListing *listing, Globals *G) {
     const DiffLines hist = matrix->hist, pres = matrix->pres;
     size_t i = 0, j = 0;
-    int32_t length = Length(matrix, 0, 0), below = Length(matrix, 1, 0); // at (i, j) and (i+1, j)
+    constexpr int32_t kUnknown = -1;
+    int32_t length = Length(matrix, 0, 0), below = kUnknown; // at (i, j) and (i+1, j)
     while (i < hist.size() && j < pres.size()) {
         const DiffData &older = hist[i], &newer = pres[j];
         if (SameLine(older, newer)) {
-            Report(listing, {older.line, newer.line, '=', older.type}, G);
+            ReportLine(listing, {older.line, newer.line, '=', older.type}, G);
             ++i;
             ++j;
             --length;
-            below = Length(matrix, i + 1, j);
-        } else if (below < length) {
-            Report(listing, {older.line, newer.line, '+', newer.type}, G);
+            below = kUnknown;
+            continue;
+        }
+        below = below == kUnknown ? Length(matrix, i + 1, j) : below; // not needed where lines are equal, and those are most
+        if (below < length) {
+            ReportLine(listing, {older.line, newer.line, '+', newer.type}, G);
             ++j;
         } else { // a tie of the neighbours too: a changed line is removed before it is added
-            Report(listing, {older.line, newer.line, '-', older.type}, G);
+            ReportLine(listing, {older.line, newer.line, '-', older.type}, G);
             ++i;
-            below = Length(matrix, i + 1, j);
+            below = kUnknown;
         }
     }
     for (; j < pres.size(); ++j) {
-        Report(listing, {0, pres[j].line, '+', pres[j].type}, G);
+        ReportLine(listing, {0, pres[j].line, '+', pres[j].type}, G);
     }
     for (; i < hist.size(); ++i) {
-        Report(listing, {hist[i].line, 0, '-', hist[i].type}, G);
+        ReportLine(listing, {hist[i].line, 0, '-', hist[i].type}, G);
     }
 }
 

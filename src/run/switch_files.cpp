@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <string>
 #include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,8 +33,19 @@ const char *LetterWithParameter(const char *argument) {
     return nullptr;
 }
 
-// True when the run will read this file: as a file argument, or as the list of -F.
-bool IsInputOfRun(const char *path, const Globals *G) {
+// True for a baseline that -wx compares or that a new one is to replace: with "-O old.dat" ahead, the report would be all that is
+// left of it.
+bool IsBaseline(const char *path, const char *parameter) {
+    std::string_view older, newer;
+    if (*parameter == 'x' && SplitBaselines(parameter + 1, &older, &newer)) {
+        return SameFile(path, std::string(older).c_str()) || SameFile(path, std::string(newer).c_str());
+    }
+    const FileForm form = SplitFileForm(parameter);
+    return strcasecmp(form.type, "dat") == 0 && SameFile(path, std::string(form.name, form.length).c_str());
+}
+
+// True when the run will read this file: a file argument or the list of -F, and for a report also a baseline of -w.
+bool IsInputOfRun(const char *path, bool for_report, const Globals *G) {
     bool only_files = false; // behind "--"
     for (int i = 1; i < G->argc; ++i) {
         const char *argument = G->argv[i];
@@ -47,7 +59,7 @@ bool IsInputOfRun(const char *path, const Globals *G) {
             const bool attached = letter[1] != '\0';
             i += attached ? 0 : 1;
             const char *parameter = attached ? letter + 1 : i < G->argc ? G->argv[i] : "";
-            if (*letter == 'F' && SameFile(path, parameter)) {
+            if ((*letter == 'F' && SameFile(path, parameter)) || (for_report && *letter == 'w' && IsBaseline(path, parameter))) {
                 return true;
             }
         }
@@ -97,15 +109,19 @@ void TakeStyleSheet(const FileForm &form, Globals *G) {
     G->xsl_file_set = 1;
 }
 
-} // namespace
-
-bool IsSourceOrInput(const char *path, Globals *G) {
+bool IsSourceOrInputOf(const char *path, bool for_report, Globals *G) {
     struct stat found;
     if (stat(path, &found) != 0 || !S_ISREG(found.st_mode)) {
         return false;
     }
     const char *extension = getExtension(path, G);
-    return (extension && findUlpi(extension, G) >= 0) || IsInputOfRun(path, G);
+    return (extension && findUlpi(extension, G) >= 0) || IsInputOfRun(path, for_report, G);
+}
+
+} // namespace
+
+bool IsSourceOrInput(const char *path, Globals *G) {
+    return IsSourceOrInputOf(path, false, G);
 }
 
 void SwitchFileList(const char *parameter, Globals *G) {
@@ -123,7 +139,7 @@ void set_output_file(const char *path, Globals *G) {
         fclose(gTLYOUT);
         gTLYOUT = stdout;
     }
-    if (IsSourceOrInput(path, G)) { // with "-O *.c" the shell hands over "-O a.c b.c"
+    if (IsSourceOrInputOf(path, true, G)) { // with "-O *.c" the shell hands over "-O a.c b.c"
         EndWithError(G, 1,
                      "\n  Error: The output file of the -O option is a source file\n"
                      "         or an input file that already exists\n"

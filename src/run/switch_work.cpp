@@ -1,4 +1,5 @@
 // The work file switches -w and the extended options -x.
+#include <algorithm>
 #include <cstring>
 #include <strings.h>
 #include <unistd.h>
@@ -117,28 +118,26 @@ void TakeWorkFile(const char *parameter, Globals *G) {
     }
 }
 
-void StoreTrimmed(std::span<char> field, const char *text, size_t length, Globals *G) {
-    for (; length > 0 && IsBlankOrTab(*text); ++text, --length) {
-    }
-    for (; length > 0 && IsBlankOrTab(text[length - 1]); --length) {
-    }
-    StoreParameter(field, text, length, 'w', G);
+std::string_view Trimmed(std::string_view text) {
+    constexpr const char *kBlanks = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 // "x old.dat, new.dat": compares two baselines.
 [[noreturn]] void TakeCompare(const char *names, Globals *G) {
-    const char *comma = strchr(names, ',');
-    if (!comma) {
+    std::string_view older, newer;
+    if (!SplitBaselines(names, &older, &newer)) {
         EndWithError(G, 1,
                      "\n  Error: -wx option syntax is invalid\n"
                      "         Example -w\"x work file old, work file new\"\n"
                      "         Use -hs for help text\n");
     }
-    PathText older, newer;
-    StoreTrimmed(older, names, static_cast<size_t>(comma - names), G);
-    StoreTrimmed(newer, comma + 1, strlen(comma + 1), G);
+    PathText older_name, newer_name;
+    StoreParameter(older_name, older.data(), older.size(), 'w', G);
+    StoreParameter(newer_name, newer.data(), newer.size(), 'w', G);
     G->show_progress = G->output_to_file; // as SettleSwitches has it for the runs that come so far
-    ExtractWork(older, newer, G, 1);
+    ExtractWork(older_name, newer_name, G, 1);
     EndProcess(G, 0);
 }
 
@@ -165,6 +164,17 @@ void TakeReportFile(const char *parameter, Globals *G) {
 }
 
 } // namespace
+
+bool SplitBaselines(const char *names, std::string_view *older, std::string_view *newer) {
+    const std::string_view text = names;
+    const size_t comma = text.find(',');
+    if (comma == std::string_view::npos) {
+        return false;
+    }
+    *older = Trimmed(text.substr(0, comma));
+    *newer = Trimmed(text.substr(comma + 1));
+    return true;
+}
 
 void SwitchWork(const char *parameter, Globals *G) {
     switch (*parameter) {

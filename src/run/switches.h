@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string_view>
 
 struct Globals;
 
@@ -28,6 +29,8 @@ void StoreParameter(std::span<char> field, const char *text, size_t length, char
 // True for an existing file that the run measures or may measure: a source by its extension, a file argument, the list of -F. The
 // shell hands such names to a switch that writes when a parameter is forgotten: "-O *.c".
 bool IsSourceOrInput(const char *path, Globals *G);
+// The two names of "old.dat, new.dat", without the blanks around them. False without a comma.
+bool SplitBaselines(const char *names, std::string_view *older, std::string_view *newer);
 // The number at the start of a text, 0 when there is none, clipped to low..high.
 int ClippedNumber(const char *text, int low, int high);
 

@@ -1,27 +1,10 @@
 #!/usr/bin/env bash
 # decharacter.sh TLY: fails or kills every file call of a rewriting run in turn, fills the disk, and looks at what is left.
 # The source must hold the old or the new text whole, and whatever else lies in the directory must be as it was.
-set -uo pipefail
-tly=$(realpath "$1")
-export ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0 # leaks can't be looked for in a traced process
-strace -o /dev/null true 2>/dev/null || { echo "decharacter.sh: skipped, strace is missing or may not trace here"; exit 77; }
+source "$(dirname "$0")/common.sh"
 
-work=$(mktemp -d)
-trap 'umount "$work/full" 2>/dev/null; rm -rf "$work"' EXIT
-export TLYHOME=$work
-cd "$work" || exit 1
 for ((i = 0; i < 20000; ++i)); do printf '\tint a%d;\r\n' "$i"; done >old
 sed 's/\t/  /; s/\r$//' old >rewritten
-"$tly" -y >/dev/null # makes the settings
-
-faults=0
-runs=0
-fault() {
-    echo "FAULT: $1"
-    sed 's/^/    /' out
-    ls -lR dir
-    faults=$((faults + 1))
-}
 
 # A directory with the source, a neighbour and, with "link", a link to the source and a stale file of an earlier run, whose text goes
 # ahead of the new one.
@@ -129,5 +112,4 @@ if mount -t tmpfs -o size=512k tmpfs full 2>/dev/null; then
     rm dir
 fi
 
-echo "decharacter.sh: $runs runs, $faults faults"
-[[ $faults -eq 0 ]]
+conclude

@@ -149,6 +149,13 @@ TEST_CASE("counters and listing are those of the full matrix") {
         const bool wild = round % 4 == 0;
         const int codes = 1 + static_cast<int>(random() % 10);
         Lines hist = RandomLines(random, random() % 16, codes, wild), pres = RandomLines(random, random() % 16, codes, wild);
+        if (round % 3 == 0) { // a version of the other one: equal at its ends
+            pres = hist;
+            const Lines other = RandomLines(random, random() % 3, codes, wild);
+            const auto at = pres.begin() + static_cast<long>(random() % (pres.size() + 1));
+            pres.erase(at, at + static_cast<long>(random() % (static_cast<size_t>(pres.end() - at) + 1)));
+            pres.insert(pres.begin() + static_cast<long>(random() % (pres.size() + 1)), other.begin(), other.end());
+        }
         bench.G->max_lcs_file_lines = 1 + static_cast<int>(random() % 17);
         bench.G->sort_descending = round & 1;
         Plain plain;
@@ -157,6 +164,10 @@ TEST_CASE("counters and listing are those of the full matrix") {
         const std::string text = Written([&] { REQUIRE(CompareCodeLCS("f", ListOf(hist), ListOf(pres), bench.G) == 1); });
         const size_t begin = text.rfind("Line Number\n") + 12;
         bench.CheckAgainst(plain, text.substr(begin, text.rfind("  ---") - begin));
+        bench.G->diff_show_details = 0;
+        plain.listing.clear(); // without one the counters are the same
+        bench.CheckAgainst(plain, Written([&] { CompareCodeLCS("f", ListOf(hist), ListOf(pres), bench.G); }));
+        bench.G->diff_show_details = 1;
     }
     CHECK(bench.G->diff_algorithm == 1);
 }
