@@ -18,8 +18,8 @@ struct SourceReader {
 
 enum class Piece { kLine, kTooLong, kEnd };
 
-// Opens a regular file; with modify only if it may be written to. Returns 0 and sets errno for anything else; a pipe or device is not
-// waited for.
+// Opens a regular file; with modify only if it may be written to. Returns 0 and sets errno for anything else; a pipe or device is
+// not waited for.
 int OpenSource(SourceReader *reader, const char *name, int modify);
 void CloseSource(SourceReader *reader);
 // Reads the next piece into bytes as it stands, NULs too: up to and with the next line feed, at most kMaxPiece bytes. Returns 0 at
