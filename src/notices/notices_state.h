@@ -17,6 +17,6 @@ struct KeptNoticeText {
 
 struct NoticeRun {
     int notice_cnt[59];              // entry n: how often notice n was raised
-    Llist notice_list;               // NameData: the notices that were printed or remembered in short form, in order
+    Llist notice_list;               // NameData: the notices of the notice summary, in order; empty in runs without one
     KeptNoticeText marked_texts[59]; // entry n: of notice n
 };

@@ -76,5 +76,11 @@ void EmitNotice(const char *file, int line, int n, Globals *G) {
             ShortForm(file, line, shown_line, n, text, G);
         }
     }
-    AddNameNode(file, shown_line, n, &G->notice_list, 0, G);
+    RememberNotice(file, shown_line, n, G);
+}
+
+void RememberNotice(const char *file, int line, int n, Globals *G) {
+    if (G->totals_all || G->totals_notice_summary) {
+        AddNameNode(file, line, n, &G->notice_list, 0, G);
+    }
 }

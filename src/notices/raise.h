@@ -10,8 +10,10 @@ struct Scan;
 // The steps that all notices share: is n on, is there no skip region; count it; print it in the short form where one is wanted.
 // Returns 1 when the caller is to write its long form.
 int Raise(int n, Globals *G);
-// Prints the short form of a notice, where short forms are wanted, and appends it to notice_list.
+// Prints the short form of a notice, where short forms are wanted, and remembers it.
 void EmitNotice(const char *file, int line, int n, Globals *G);
+// Appends a notice to notice_list in a run that ends with the summary of notices. There may be millions, so no other run does.
+void RememberNotice(const char *file, int line, int n, Globals *G);
 // The short text of a notice, with the limits of the settings; "Unsupported" for a number that nothing explains. It is
 // valid until the next call.
 const char *GetNoticeStr(int n, const Globals *G);

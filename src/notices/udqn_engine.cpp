@@ -9,6 +9,7 @@
 
 #include "config/languages.h"
 #include "notices/long_form.h"
+#include "notices/raise.h"
 #include "notices/udqn.h"
 #include "report/forms.h"
 #include "report/names.h"
@@ -286,7 +287,7 @@ void emit_udqn_lite(Udqn *record, Globals *G) {
         PrintOnly<int, int, Shown>(mode, "<notice>\n<type>%d</type>\n<line>%d</line>\n<description>%s</description></notice>\n",
                                    record->id, G->file_line_no, Shown{summary.c_str()});
     }
-    AddNameNode(G->file_name, G->file_line_no, record->id, &G->notice_list, 0, G);
+    RememberNotice(G->file_name, G->file_line_no, record->id, G);
 }
 
 void emit_message(const char *text, Globals *G) {

@@ -20,7 +20,7 @@ struct Bench : StateBench {
         CopyText(G->html_notice_color, "#CC0000");
         std::fill(std::begin(G->notice_enabled), std::end(G->notice_enabled), 1);
     }
-    void Short() { G->notice_short_format = G->notices_by_file = 1; }
+    void Short() { G->notice_short_format = G->notices_by_file = G->totals_notice_summary = 1; }
     // Puts a line in hand, its number 7, the character in hand the first at.
     Scan &At(const char *text, char at) {
         CopyText(std::span(line).subspan(1), text);
@@ -107,6 +107,8 @@ TEST_CASE_FIXTURE(Bench, "the switches choose the form") {
     CHECK(NoticesArePrinted(G) == 0);
     CHECK(Written([&] { NoticeAtLine(9, G); }) == "");
     G->notices_by_file = 1;
+    Written([&] { NoticeAtLine(8, G); }); // remembered only for a summary
+    G->totals_notice_summary = 1;
     CHECK(Written([&] { NoticeAtLine(9, G); }) == "  Notice #   9: Line    7, 'goto' keyword identified\n");
     CHECK(Listed(G) == "9 ");
     CHECK(G->notice_cnt[9] == 2);
