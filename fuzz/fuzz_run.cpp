@@ -109,6 +109,7 @@ std::vector<std::string> Arguments(const uint8_t *head, const std::string &sourc
 void Run(const std::vector<std::string> &arguments) {
     std::vector<std::string> texts = arguments;
     std::vector<char *> argv;
+    argv.reserve(texts.size() + 1);
     for (std::string &text : texts) {
         argv.push_back(text.data());
     }

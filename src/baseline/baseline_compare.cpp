@@ -14,6 +14,7 @@
 #include "run/compare.h"
 #include "run/globals.h"
 #include "run/name_index.h"
+#include "run/progress.h"
 
 namespace {
 
@@ -146,25 +147,11 @@ const char *TextOr(const char *text) {
     return text ? text : "";
 }
 
-// One more pair whose lines are compared. The counters last for the run, which makes one comparison.
 void ShowPairProgress(const NodeData *older, const NodeData *newer, const Globals *G) {
-    if (!G->show_progress) {
-        return;
-    }
     if (G->progress_by_name) {
         fprintf(stderr, "  + %s vs %s\n", TextOr(older->diff_file), TextOr(newer->diff_file));
-        return;
-    }
-    static int counter;
-    static int processed;
-    ++counter;
-    if (counter % G->progress_interval == 0) {
-        fputc('.', stderr);
-    }
-    if (counter == 65L * G->progress_interval) {
-        processed += counter;
-        fprintf(stderr, "(%4.1f%%)\n  ", 100.0 * processed / std::max(G->old_work_list.count, G->new_work_list.count));
-        counter = 1; // not 0: from here on a percentage comes every 65 intervals less one pair
+    } else {
+        CountProgress(std::max(G->old_work_list.count, G->new_work_list.count), G);
     }
 }
 
@@ -179,7 +166,9 @@ void ComparePairLines(const NodeData *older, const NodeData *newer, Globals *G) 
         Message(G, "\n  Older Diff File: %s\n", TextOr(older->diff_file));
         Message(G, "  Newer Diff File: %s\n", TextOr(newer->diff_file));
     }
-    ShowPairProgress(older, newer, G);
+    if (G->show_progress) {
+        ShowPairProgress(older, newer, G);
+    }
     if (older_loaded && newer_loaded) {
         CompareCodeLCS(older->name, older_lines, newer_lines, G);
     }
@@ -264,11 +253,7 @@ int ClassifyFiles(const Llist &older, const Llist &newer, const NewerFiles &newe
 } // namespace
 
 void DiffWorkLists(Llist *older, Llist *newer, Llist *result, Globals *G) {
-    if (G->show_progress && G->progress_by_name) {
-        fprintf(stderr, "  Processing %d Files - Status By File Name\n", older->count);
-    } else if (G->show_progress) {
-        fprintf(stderr, "  Processing %d Files - Status(.) %d Files\n  ", older->count, G->progress_interval);
-    }
+    BeginProgress(older->count, G);
     NewerFiles newer_files{.keys = nullptr, .count = 0, .folded = !G->names_case_sensitive, .by_name = {}};
     // what was added last stands first among equal names: a changed file's equal part ahead of its changed one
     const bool whole = EnterNewerFiles(*newer, &newer_files) && ClassifyFiles(*older, *newer, newer_files, result, G);

@@ -290,8 +290,10 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
         ++G->files_processed;
         return;
     }
-    if (G->show_progress) {
-        ShowFileProgress(file->name, G);
+    if (G->show_progress && G->progress_by_name) {
+        fprintf(stderr, "  + %s\n", file->name);
+    } else if (G->show_progress) {
+        CountProgress(G->file_list.count, G);
     }
     if (OutputMode(G) == Mode::kXml && !G->totals_no_file_names) {
         Put("<file>\n");

@@ -3,11 +3,19 @@
 
 #include "run/globals.h"
 
-void ShowFileProgress(const char *name, Globals *G) {
-    if (G->progress_by_name) {
-        fprintf(stderr, "  + %s\n", name);
+void BeginProgress(int files, const Globals *G) {
+    if (!G->show_progress) {
         return;
     }
+    if (G->progress_by_name) {
+        fprintf(stderr, "  Processing %d Files - Status By File Name\n", files);
+    } else {
+        fprintf(stderr, "  Processing %d Files - Status(.) %d Files\n  ", files, G->progress_interval);
+    }
+}
+
+// The counters last for the run, which goes through files or through pairs of them, and once.
+void CountProgress(int files, const Globals *G) {
     static int counter;
     static int processed;
     ++counter;
@@ -16,7 +24,7 @@ void ShowFileProgress(const char *name, Globals *G) {
     }
     if (counter == 65L * G->progress_interval) {
         processed += counter;
-        fprintf(stderr, "(%4.1f%%)\n  ", 100.0 * processed / G->file_list.count);
+        fprintf(stderr, "(%4.1f%%)\n  ", 100.0 * processed / files);
         counter = 1; // not 0: from here on a percentage comes every 65 intervals less one file
     }
 }

@@ -3,5 +3,7 @@
 
 struct Globals;
 
-// One more file is about to be processed: its name, or a dot and now and then a percentage.
-void ShowFileProgress(const char *name, Globals *G);
+// How many files will be processed, where progress is shown.
+void BeginProgress(int files, const Globals *G);
+// One more of so many files is about to be processed: a dot now and then, and a percentage. Only where progress is shown by dots.
+void CountProgress(int files, const Globals *G);

@@ -25,6 +25,7 @@
 #include "run/file_loop.h"
 #include "run/globals.h"
 #include "run/program_files.h"
+#include "run/progress.h"
 #include "run/read_lines.h"
 #include "tools/listing.h"
 #include "tree/class_tree.h"
@@ -179,14 +180,7 @@ void GatherFiles(int first_argument, Globals *G) {
     if (G->debug) {
         LlistShow(&G->file_list, FileShow, G);
     }
-    if (!G->show_progress) {
-        return;
-    }
-    if (G->progress_by_name) {
-        fprintf(stderr, "  Processing %d Files - Status By File Name\n", G->file_arg_count);
-    } else {
-        fprintf(stderr, "  Processing %d Files - Status(.) %d Files\n  ", G->file_arg_count, G->progress_interval);
-    }
+    BeginProgress(G->file_arg_count, G);
 }
 
 void EndProgress(const Globals *G) {
