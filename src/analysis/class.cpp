@@ -31,7 +31,7 @@ void SetSection(int ClassBody::*access, Globals *G) {
 void TakeSnapshots(Globals *G) {
     G->class_start_line = G->file_line_no;
     G->class_start_loc = G->file_loc;
-    G->class_start_lloc = G->semicolon_count - G->for_count;
+    G->class_start_lloc = LogicalLines(*G);
     G->class_start_comment = G->file_comments - G->comment_pending; // the comment above the class is its own
     G->class_start_blank = G->file_blank;
     G->class_start_noneffective = G->just_paren_count + G->just_brace_count;
@@ -137,7 +137,7 @@ FunctionFigures MeasureClass(const Globals *G) {
     FunctionFigures figures{};
     figures.loc = G->file_loc + 1 - G->class_start_loc; // 1 for the line of the "}", which isn't counted yet
     figures.eloc = figures.loc - (G->just_paren_count + G->just_brace_count - G->class_start_noneffective);
-    figures.lloc = G->semicolon_count - G->for_count - G->class_start_lloc;
+    figures.lloc = LogicalLines(*G) - G->class_start_lloc;
     figures.comments = G->file_comments - G->class_start_comment;
     figures.blanks = G->file_blank - G->class_start_blank;
     figures.span = G->file_line_no - G->class_start_line;

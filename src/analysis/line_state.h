@@ -42,6 +42,15 @@ struct FileCounters {
     int function_count;                 // functions closed and listed
 };
 
+// eLOC: lines of just a brace or a parenthesis aren't effective.
+inline int EffectiveLines(const FileCounters &of) {
+    return of.file_loc - of.just_brace_count - of.just_paren_count;
+}
+// lLOC: statements; the head of a for has two ";" and ends none.
+inline int LogicalLines(const FileCounters &of) {
+    return of.semicolon_count - of.for_count;
+}
+
 // The state of comments, strings and continued lines.
 struct LineState {
     int c_comment;          // inside /* */

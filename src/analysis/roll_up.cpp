@@ -50,8 +50,8 @@ void AddTotal(Globals *G) {
 
     LanguageSums &sums = G->language_sums[GroupOf(G)];
     sums.loc += G->file_loc;
-    sums.eloc += G->file_loc - G->just_brace_count - G->just_paren_count;
-    sums.lloc += G->semicolon_count - G->for_count;
+    sums.eloc += EffectiveLines(*G);
+    sums.lloc += LogicalLines(*G);
     sums.comments += G->file_comments;
     sums.blanks += G->file_blank;
     sums.lines += G->file_line_no;

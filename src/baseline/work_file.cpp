@@ -54,13 +54,6 @@ void NameByDate(Globals *G) {
     AppendText(G->work_file_name, name);
 }
 
-// The report of -O can't be the baseline too.
-bool IsReport(const char *path) {
-    struct stat report, file;
-    return fstat(fileno(gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(path, &file) == 0 &&
-           report.st_dev == file.st_dev && report.st_ino == file.st_ino;
-}
-
 bool IsSameFile(const char *a, const char *b) {
     struct stat one, other;
     return stat(a, &one) == 0 && stat(b, &other) == 0 && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
@@ -135,7 +128,7 @@ void CopyLatest(Globals *G) {
         AppendSlash(latest);
     }
     AppendText(latest, kLatest);
-    if (IsReport(latest)) {
+    if (IsReport(latest, G)) {
         Message(G, "\n  Error: Failed to create/open the file %s\n         %s\n", latest, strerror(EBUSY));
     } else if (!IsSameFile(latest, G->work_file_name)) { // "File dat base/workfile.dat" is the latest one itself
         FileCopy(latest, G->work_file_name, G);
@@ -176,7 +169,7 @@ FILE *CreateWorkFile(Globals *G) {
     if (*G->work_file_name == '\0' || strcmp(G->work_file_name, kLatest) == 0) {
         NameByDate(G);
     }
-    const bool report = IsReport(G->work_file_name);
+    const bool report = IsReport(G->work_file_name, G); // the report of -O can't be the baseline too
     if (report || !BeginReplacement(G->work_file_name, &G->work_beside)) {
         Message(G, "\n  Create File Error: %s - %s\n", G->work_file_name, strerror(report ? EBUSY : errno));
         return nullptr;
@@ -197,7 +190,7 @@ void WorkLine(FILE *stream, const char *name, long date, const WorkMetrics &metr
             of(kWorkInterface), of(kWorkFunctions), in_one_line(diff_name ? diff_name : "").c_str());
 }
 
-void WriteWorkRecord(Globals *G) {
+void WriteWorkRecord(const FileData *file, Globals *G) {
     constexpr size_t kNumbers = 12 * 12; // a date may take more digits, the others don't
     const char *name = RecordName(G);
     const char *diff_name = G->recording_lines ? G->diff_file_rel : "";
@@ -206,18 +199,18 @@ void WriteWorkRecord(Globals *G) {
         return;
     }
     WorkMetrics metrics{};
-    metrics.of[kWorkLoc] = G->file_loc;
-    metrics.of[kWorkEloc] = G->file_loc - G->just_brace_count - G->just_paren_count;
-    metrics.of[kWorkLloc] = G->semicolon_count - G->for_count;
-    metrics.of[kWorkComments] = G->file_comments;
-    metrics.of[kWorkBlanks] = G->file_blank;
-    metrics.of[kWorkLines] = G->file_line_no;
-    metrics.of[kWorkFunctions] = G->file_functions;
-    metrics.of[kWorkCyclo] = G->cyclo_total;
-    metrics.of[kWorkInterface] = static_cast<int64_t>(G->params_total) + G->returns_total;
+    metrics.of[kWorkLoc] = file->loc;
+    metrics.of[kWorkEloc] = file->eloc;
+    metrics.of[kWorkLloc] = file->lloc;
+    metrics.of[kWorkComments] = file->comments;
+    metrics.of[kWorkBlanks] = file->blanks;
+    metrics.of[kWorkLines] = file->lines;
+    metrics.of[kWorkFunctions] = file->functions;
+    metrics.of[kWorkCyclo] = file->cyclo;
+    metrics.of[kWorkInterface] = int64_t{file->params} + file->returns;
     metrics.of[kWorkNotices] = G->notice_count;
-    metrics.of[kWorkSize] = G->file_size;
-    WorkLine(G->work_file, name, static_cast<long>(G->file_date), metrics, diff_name);
+    metrics.of[kWorkSize] = file->size;
+    WorkLine(G->work_file, name, static_cast<long>(file->date), metrics, diff_name);
     if (ferror(G->work_file)) {
         FailWorkFile(errno, G);
     }

@@ -28,8 +28,9 @@ int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int 
 FILE *CreateWorkFile(Globals *G);
 // Writes the record of one source file. A null diff_name is written as an empty one.
 void WorkLine(FILE *stream, const char *name, long date, const WorkMetrics &metrics, const char *diff_name);
-// Writes the record of the current source file, under its name relative to top_dir where the settings say so.
-void WriteWorkRecord(Globals *G);
+// Writes the record of the current source file, whose metrics are stored, under its name relative to top_dir where the settings say
+// so.
+void WriteWorkRecord(const FileData *file, Globals *G);
 // Ends the baseline: puts the work file and its line records in place and copies the work file to "workfile.dat". What can't be
 // written whole is told, and the baseline that stood there before stays.
 void CloseWorkFile(Globals *G);

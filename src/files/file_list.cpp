@@ -147,13 +147,6 @@ bool FindVariable(const char *text, Variable *found) {
     return true;
 }
 
-// A report that is scanned while it is written grows without end: "tly -xDEBUG -r"h ." > lines.h".
-bool IsReport(const char *name, const Globals *G) {
-    struct stat report, file;
-    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(name, &file) == 0 &&
-           file.st_dev == report.st_dev && file.st_ino == report.st_ino;
-}
-
 const char *RefuseExpansion(const char *line, const char *reason, Globals *G) {
     Message(G, "  Error: Expanding environment variable from -F file.\n         %s: %.*s\n\n", reason,
             static_cast<int>(strcspn(line, "\r\n")), line);
@@ -193,6 +186,7 @@ int BuildFileList(int first_argument, Globals *G) {
 }
 
 int AddSourceFile(const char *name, const char *extension, Globals *G) {
+    // A report that is scanned while it is written grows without end: "tly -xDEBUG -r"h ." > lines.h".
     if (IsReport(name, G)) {
         return 1;
     }

@@ -12,6 +12,8 @@ struct Globals;
 // system's error number, told in a message, if the file can't be opened. With -xUDQNSHOW it doesn't return: it lists the rules and
 // ends the process.
 int load_udqn_file(const char *name, Globals *G);
+// Loads the rules that the settings name, if this run raises notices.
+void LoadUserRules(Globals *G);
 // Takes one line of a rule file.
 void parse_udqn_line(const char *line, UdqnRun *ctx, Globals *G);
 // Fills a flag list; returns how many of its numbers were accepted.

@@ -15,6 +15,7 @@
 #include "report/forms.h"
 #include "report/names.h"
 #include "run/globals.h"
+#include "run/program_files.h"
 #include "run/read_lines.h"
 
 struct UdqnOpenFile {
@@ -313,4 +314,11 @@ int load_udqn_file(const char *name, Globals *G) {
     CloseLines(&file.reader);
     G->udqn_open_files = file.outer;
     return 0;
+}
+
+void LoadUserRules(Globals *G) {
+    if (G->quality_notices && *G->udqn_file) {
+        GetProgFile(G->udqn_file, G->udqn_file, G);
+        load_udqn_file(nullptr, G);
+    }
 }

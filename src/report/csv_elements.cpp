@@ -13,7 +13,6 @@
 #include "report/mode.h"
 #include "report/names.h"
 #include "run/globals.h"
-#include "run/program_files.h"
 #include "run/read_lines.h"
 
 namespace {
@@ -51,8 +50,8 @@ struct Figures {
 Figures Measure(const Globals *G) {
     Figures f{};
     f.value[kLoc] = G->file_loc;
-    f.value[kEloc] = G->file_loc - G->just_brace_count - G->just_paren_count;
-    f.value[kLloc] = G->semicolon_count - G->for_count;
+    f.value[kEloc] = EffectiveLines(*G);
+    f.value[kLloc] = LogicalLines(*G);
     f.value[kBlanks] = G->file_blank;
     f.value[kComments] = G->file_comments;
     f.value[kWritten] = f.value[kLoc] + f.value[kComments];
@@ -228,10 +227,7 @@ void CountNoticesForRows(Globals *G) {
     if (G->csv_notices_implied) {
         G->quality_notices = 1;
     }
-    if (G->quality_notices && *G->udqn_file) {
-        GetProgFile(G->udqn_file, G->udqn_file, G);
-        load_udqn_file(nullptr, G);
-    }
+    LoadUserRules(G);
 }
 
 } // namespace

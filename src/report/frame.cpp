@@ -12,7 +12,6 @@
 #include "report/forms.h"
 #include "report/names.h"
 #include "run/globals.h"
-#include "run/program_files.h"
 
 // The blanks ahead of a text of this length: 38 less half of it; 1 when it is too long to be centred.
 static int CenterBlanks(size_t length) {
@@ -169,14 +168,6 @@ static void ShowTitle(Mode mode, const Globals *G) {
     Put("\n");
 }
 
-// The user's rules come with the head: without notices, or without a head, there are none.
-static void LoadRules(Globals *G) {
-    if (G->quality_notices && *G->udqn_file) {
-        GetProgFile(G->udqn_file, G->udqn_file, G);
-        load_udqn_file(nullptr, G);
-    }
-}
-
 void ShowHeader(FILE *stream, Globals *G) {
     FILE *const report = std::exchange(gTLYOUT, stream);
     const Mode mode = G->html_mode ? Mode::kHtml : Mode::kText; // help in a CSV or XML run has a text head too
@@ -191,7 +182,7 @@ void ShowHeader(FILE *stream, Globals *G) {
     if (G->diff_cfg_shown && !G->no_config) {
         ShowDiffCfg(mode, G);
     }
-    LoadRules(G);
+    LoadUserRules(G);
     if (!G->no_header && G->title_set) {
         ShowTitle(mode, G);
     }
@@ -214,7 +205,7 @@ void CSV_Header(FILE *stream, Globals *G) {
     if (!G->no_config) {
         PrintOnly(Mode::kCsv, "Configuration File,%s\n", Shown{G->cfg_file});
     }
-    LoadRules(G);
+    LoadUserRules(G);
     if (!G->no_header && G->title_set) {
         Put("\n%s\n", G->report_title);
     }
@@ -254,7 +245,7 @@ void XML_Header(FILE *stream, Globals *G) {
     if (!G->no_config) {
         PrintOnly(xml, "<config_file>%s</config_file>\n", Shown{G->cfg_file});
     }
-    LoadRules(G);
+    LoadUserRules(G);
     if (!G->no_header && G->title_set) {
         PrintOnly(xml, "<title>%s</title>\n", Shown{G->report_title});
     }

@@ -30,8 +30,8 @@ constexpr LanguageGroup kTableOrder[] = {kHeaderGroup, kCGroup, kCppGroup, kCsGr
 
 static LanguageSums ProjectSums(const Globals *G) {
     return {.loc = G->file_loc,
-            .eloc = G->file_loc - G->just_brace_count - G->just_paren_count,
-            .lloc = G->semicolon_count - G->for_count,
+            .eloc = EffectiveLines(*G),
+            .lloc = LogicalLines(*G),
             .comments = G->file_comments,
             .blanks = G->file_blank,
             .lines = G->file_line_no};

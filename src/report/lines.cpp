@@ -143,8 +143,8 @@ static void ShowSumsHead(int project, const Globals *G) {
 }
 
 void ShowTotalSummary(Globals *G, int project, int averages) {
-    const int eloc = G->file_loc - G->just_brace_count - G->just_paren_count;
-    const int lloc = G->semicolon_count - G->for_count;
+    const int eloc = EffectiveLines(*G);
+    const int lloc = LogicalLines(*G);
     if (OutputMode(G) == Mode::kXml || G->list_functions) {
         if (project) {
             ShowProjectSums(eloc, lloc, G);

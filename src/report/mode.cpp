@@ -9,6 +9,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <string>
+#include <sys/stat.h>
 
 #include "report/names.h"
 #include "run/globals.h"
@@ -115,6 +116,12 @@ void FlushEarlyMessages(Globals *G) {
         WriteMessage(text, true, G);
     }
     LlistDestroy(&G->early_messages, NoOwnTexts);
+}
+
+bool IsReport(const char *path, const Globals *G) {
+    struct stat report, file;
+    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(path, &file) == 0 &&
+           file.st_dev == report.st_dev && file.st_ino == report.st_ino;
 }
 
 int FinishOutput(int status) {

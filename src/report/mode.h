@@ -32,5 +32,7 @@ void FlushEarlyMessages(Globals *G);
 // Ends the process: writes waiting messages, closes an HTML document, makes sure that the report was written whole, frees G.
 // A report that couldn't be written gives a message on stderr and a status that isn't 0. Null G: just the exit.
 [[noreturn]] void EndProcess(Globals *G, int status);
+// True for the file that the report is written to, whatever its path is called.
+bool IsReport(const char *path, const Globals *G);
 // Flushes gTLYOUT. Returns status, or 1 with a message on stderr when the report couldn't be written whole and status is 0.
 int FinishOutput(int status);

@@ -147,8 +147,8 @@ void Density(int total, const Globals *G) {
         break;
     }
     DensityLine(kPerLoc, total, G->file_loc, G);
-    DensityLine(kPerEloc, total, G->file_loc - G->just_brace_count - G->just_paren_count, G);
-    DensityLine(kPerLloc, total, G->semicolon_count - G->for_count, G);
+    DensityLine(kPerEloc, total, EffectiveLines(*G), G);
+    DensityLine(kPerLloc, total, LogicalLines(*G), G);
     if (mode == Mode::kXml) {
         Put("</notice_density>\n</report>\n");
     }

@@ -22,8 +22,8 @@ Derived Derive(const Globals *G) {
     Derived d{};
     const int64_t written = int64_t{G->file_comments} + G->file_loc;
     const int64_t visible = int64_t{G->file_chars} - G->file_white;
-    d.eloc = G->file_loc - G->just_brace_count - G->just_paren_count;
-    d.lloc = G->semicolon_count - G->for_count;
+    d.eloc = EffectiveLines(*G);
+    d.lloc = LogicalLines(*G);
     d.logical = static_cast<double>(written + G->file_blank);
     d.chars_per_line = written < 1 ? 0 : static_cast<int>(visible / written);
     d.code = Percent(G->file_loc, d.logical);

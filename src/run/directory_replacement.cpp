@@ -3,13 +3,13 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "run/replacement.h"
 #include "run/text.h"
 
 namespace {
@@ -27,23 +27,15 @@ int MakeBeside(DirectoryReplacement *directory) {
     return 0;
 }
 
-// Where the directory of path really is. False with errno for what can't be replaced.
+// False with errno for what can't be replaced.
 bool FindTarget(const char *path, DirectoryReplacement *directory, struct stat *old) {
-    if (char *resolved = realpath(path, nullptr)) {
-        directory->has_target = 1;
-        CopyText(directory->target, resolved);
-        free(resolved);
-        if (stat(directory->target, old) != 0) {
-            return false;
-        }
-        errno = ENOTDIR;
-        return S_ISDIR(old->st_mode) && access(directory->target, W_OK | X_OK) == 0;
+    const int found = LocateTarget(path, directory->target, old);
+    directory->has_target = found > 0;
+    if (found <= 0) {
+        return found == 0;
     }
-    const int error = errno;
-    CopyText(directory->target, path);
-    const bool missing = error == ENOENT && lstat(path, old) != 0 && strlen(path) < sizeof directory->target;
-    errno = error;
-    return missing;
+    errno = ENOTDIR;
+    return S_ISDIR(old->st_mode) && access(directory->target, W_OK | X_OK) == 0;
 }
 
 // For file systems that can't exchange two names in one step.

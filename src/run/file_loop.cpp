@@ -79,8 +79,8 @@ void ReadLines(SourceReader *reader, Globals *G) {
 void StoreMetrics(FileData *file, Globals *G) {
     file->lines = G->file_line_no;
     file->loc = G->file_loc;
-    file->eloc = G->file_loc - G->just_brace_count - G->just_paren_count;
-    file->lloc = G->semicolon_count - G->for_count;
+    file->eloc = EffectiveLines(*G);
+    file->lloc = LogicalLines(*G);
     file->comments = G->file_comments;
     file->blanks = G->file_blank;
     file->cyclo = G->cyclo_total;
@@ -199,7 +199,7 @@ void ReportFile(const FileData *file, Globals *G) {
         return;
     }
     if (G->work_file && !G->comment_doc_mode && !G->extract_mode) {
-        WriteWorkRecord(G);
+        WriteWorkRecord(file, G);
     }
     const int verbose_xml = G->verbose_metrics && OutputMode(G) == Mode::kXml && !G->verbose_totals;
     if (!G->comment_doc_mode && !G->extract_mode && (!G->totals_only || verbose_xml)) {

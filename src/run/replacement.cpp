@@ -31,35 +31,37 @@ bool TakeOverMode(int descriptor, const struct stat &old) {
     return fchmod(descriptor, old.st_mode & (owned ? 07777U : 0777U)) == 0;
 }
 
-// Where the bytes of path really are: a link keeps pointing. False for what can't be replaced: a device, a file that its owner has
-// made read-only, a link that leads nowhere.
-bool FindTarget(const char *path, Replacement *file, struct stat *old, bool *exists) {
-    if (char *resolved = realpath(path, nullptr)) {
-        *exists = true;
-        CopyText(file->target, resolved);
-        free(resolved);
-        if (stat(file->target, old) != 0 || access(file->target, W_OK) != 0) {
-            return false;
-        }
-        errno = EINVAL;
-        return S_ISREG(old->st_mode);
+// A device, and a file that its owner has made read-only, stay as they are.
+bool IsReplaceable(const Replacement &file, const struct stat &old) {
+    if (access(file.target, W_OK) != 0) {
+        return false;
     }
-    *exists = false;
-    const int error = errno;
-    const bool missing = error == ENOENT && lstat(path, old) != 0 && strlen(path) < sizeof file->target;
-    CopyText(file->target, path);
-    errno = error;
-    return missing;
+    errno = EINVAL;
+    return S_ISREG(old.st_mode);
 }
 
 } // namespace
 
+int LocateTarget(const char *path, std::span<char> target, struct stat *old) {
+    if (char *resolved = realpath(path, nullptr)) {
+        CopyText(target, resolved);
+        free(resolved);
+        return stat(target.data(), old) == 0 ? 1 : -1;
+    }
+    const int error = errno;
+    const bool missing = error == ENOENT && lstat(path, old) != 0 && strlen(path) < target.size();
+    CopyText(target, path);
+    errno = error;
+    return missing ? 0 : -1;
+}
+
 int BeginReplacement(const char *path, Replacement *out) {
     struct stat old;
-    bool exists;
     out->stream = nullptr;
     out->kept = 0;
-    if (!FindTarget(path, out, &old, &exists)) {
+    const int found = LocateTarget(path, out->target, &old);
+    const bool exists = found > 0;
+    if (found < 0 || (exists && !IsReplaceable(*out, old))) {
         return 0;
     }
     // Until it has the mode of the old file, nobody else may open the new one.

@@ -3,6 +3,13 @@
 
 #include <climits>
 #include <cstdio>
+#include <span>
+
+struct stat;
+
+// Finds where the bytes of path really are: behind a link, the file that it leads to. Fills target, and old with what is there.
+// Returns 1; 0 when there is nothing yet; -1 with errno for what can't be replaced, such as a link that leads nowhere.
+int LocateTarget(const char *path, std::span<char> target, struct stat *old);
 
 struct Replacement {
     FILE *stream;               // what to write to; null unless begun

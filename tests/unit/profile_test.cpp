@@ -1,43 +1,12 @@
 // Quality profile: what is summed, what is left out; and which headings are a definition inside a function.
-#include <doctest/doctest.h>
-
-#include <memory>
-#include <string>
-
 #include "analysis/local_definition.h"
-#include "report/mode.h"
+#include "bench.h"
 #include "report/quality_profile.h"
-#include "run/globals.h"
 #include "run/records.h"
 
-namespace {
-
-struct FreeRecord {
-    void operator()(Globals *G) const { FreeGlobals(G); }
-};
-using GlobalsPtr = std::unique_ptr<Globals, FreeRecord>;
-
-template <class F> std::string Printed(F what) {
-    char *shown = nullptr;
-    size_t size = 0;
-    gTLYOUT = open_memstream(&shown, &size);
-    what();
-    fclose(gTLYOUT);
-    gTLYOUT = stdout;
-    std::string text(shown, size);
-    free(shown);
-    return text;
-}
-
-bool Holds(const std::string &text, const char *part) {
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 TEST_CASE("local definitions") {
-    GlobalsPtr record(static_cast<Globals *>(calloc(1, sizeof(Globals))));
-    Globals *G = record.get();
+    const StateBench bench;
+    Globals *G = bench.G;
     G->function_scope = 1;
     G->funcname_flag = 1;
     struct {
@@ -82,11 +51,11 @@ TEST_CASE("local definitions") {
 }
 
 TEST_CASE("profile: sums and bases") {
-    GlobalsPtr record(static_cast<Globals *>(calloc(1, sizeof(Globals))));
-    Globals *G = record.get();
+    const StateBench bench;
+    Globals *G = bench.G;
     G->notice_cnt[0] = 9; // belongs to no notice
-    std::string text = Printed([&] { ShowQualityProfile(G); });
-    CHECK(Holds(text, "            0  100.00  Total Quality Notices\n\n"));
+    std::string text = Written([&] { ShowQualityProfile(G); });
+    CHECK(Has(text, "            0  100.00  Total Quality Notices\n\n"));
     CHECK(text.ends_with("  Basis: 1000 (K)\n\n"));
 
     G->notice_cnt[9] = 4;
@@ -96,18 +65,18 @@ TEST_CASE("profile: sums and bases") {
     G->just_paren_count = 200;
     G->semicolon_count = 5;
     G->for_count = 5;
-    text = Printed([&] { ShowQualityProfile(G); });
-    CHECK(Holds(text, "\n  9         4   80.00  'goto' keyword identified\n  58        1   20.00  TLY skip quality"));
+    text = Written([&] { ShowQualityProfile(G); });
+    CHECK(Has(text, "\n  9         4   80.00  'goto' keyword identified\n  58        1   20.00  TLY skip quality"));
     CHECK(text.ends_with("LOC   =        5.0 (  0.50%)\n  Quality Notices/K eLOC  =       10.0 (  1.00%)\n"));
 
     G->notice_cnt[9] = G->notice_cnt[10] = 2147483647;
-    CHECK(Holds(Printed([&] { ShowQualityProfile(G); }), "2147483647  100.00  Total"));
+    CHECK(Has(Written([&] { ShowQualityProfile(G); }), "2147483647  100.00  Total"));
 }
 
 TEST_CASE("notice summary: order of names, every mode") {
-    GlobalsPtr record(static_cast<Globals *>(calloc(1, sizeof(Globals))));
-    Globals *G = record.get();
-    CHECK(Printed([&] { ShowNoticeSummary(G); }).empty());
+    const StateBench bench;
+    Globals *G = bench.G;
+    CHECK(Written([&] { ShowNoticeSummary(G); }).empty());
     G->head_written = 1;
     G->relative_html_links = 1;
     CopyText(G->html_notice_color, "red");
@@ -115,13 +84,13 @@ TEST_CASE("notice summary: order of names, every mode") {
         AddNameNode(name, 7, 22, &G->notice_list, 0, G);
     }
     G->sort_active = 1;
-    std::string text = Printed([&] { ShowNoticeSummary(G); });
-    CHECK(Holds(text, "Notices: 3\n  a,.c - Notice #22: Line 7, if, else, for or while not bound by scope\n  d/b&.c - "));
+    std::string text = Written([&] { ShowNoticeSummary(G); });
+    CHECK(Has(text, "Notices: 3\n  a,.c - Notice #22: Line 7, if, else, for or while not bound by scope\n  d/b&.c - "));
     G->csv_mode = 1;
-    CHECK(Holds(Printed([&] { ShowNoticeSummary(G); }), "\na .c, 22, 7, if, else, for or while not bound by scope\n"));
+    CHECK(Has(Written([&] { ShowNoticeSummary(G); }), "\na .c, 22, 7, if, else, for or while not bound by scope\n"));
     G->html_mode = 1;
-    CHECK(Holds(Printed([&] { ShowNoticeSummary(G); }),
-                "  <a href=\"d/b%26.c\" target=\"_blank\">b&amp;.c</a> - <font color=red><b>Notice</b></font> <b>#22</b>: "));
+    CHECK(Has(Written([&] { ShowNoticeSummary(G); }),
+              "  <a href=\"d/b%26.c\" target=\"_blank\">b&amp;.c</a> - <font color=red><b>Notice</b></font> <b>#22</b>: "));
     G->notice_vs_format = 1;
-    CHECK(Holds(Printed([&] { ShowNoticeSummary(G); }), "\nd/b&amp;.c(7) : Notice #22 - if, else"));
+    CHECK(Has(Written([&] { ShowNoticeSummary(G); }), "\nd/b&amp;.c(7) : Notice #22 - if, else"));
 }

@@ -1,26 +1,12 @@
 // User rules: how a line of the rule file is read, when a rule fires, and that a costly pattern ends.
-#include <doctest/doctest.h>
-
-#include <functional>
-#include <memory>
-#include <string>
-
 #include "analysis/roll_up.h"
+#include "bench.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
-#include "report/mode.h"
-#include "run/globals.h"
 
 namespace {
 
-struct FreeRecord {
-    void operator()(Globals *G) const { FreeGlobals(G); }
-};
-
-struct Rules {
-    std::unique_ptr<Globals, FreeRecord> record{static_cast<Globals *>(calloc(1, sizeof(Globals)))};
-    Globals *G = record.get();
-
+struct Rules : StateBench {
     explicit Rules(const char *text) {
         G->head_written = 1;
         G->names_case_sensitive = 1;
@@ -36,18 +22,6 @@ struct Rules {
     const Udqn *Get(int id) { return get_udqn_ptr(id, &G->udqn_list); }
     int Count(int id) { return Get(id)->count; }
 };
-
-std::string Printed(const std::function<void()> &what) {
-    char *shown = nullptr;
-    size_t size = 0;
-    gTLYOUT = open_memstream(&shown, &size);
-    what();
-    fclose(gTLYOUT);
-    gTLYOUT = stdout;
-    std::string text(shown, size);
-    free(shown);
-    return text;
-}
 
 std::string Rule(int id, const char *rest) {
     return "UDQN Begin:\nudqn id: " + std::to_string(id) + "\nactive: on\nsources: c\ncontext: Line\n" + rest + "\nUDQN End:\n";
@@ -85,7 +59,7 @@ TEST_CASE("rule file: lists have holes and ends, options hold for what follows, 
     CHECK(std::string(rules.Get(100)->pattern) == "a : b :");
     CHECK(std::string(rules.Get(101)->sources[2]) == "h");
     CHECK(std::string(rules.Get(101)->test_result) == "Pattern Compile Error");
-    CHECK(Printed([&] { rules.Read(Rule(100, "summary: again")); }).starts_with("  Error: Duplicate UDQN Identifier 100\n"));
+    CHECK(Written([&] { rules.Read(Rule(100, "summary: again")); }).starts_with("  Error: Duplicate UDQN Identifier 100\n"));
     CHECK(search_udqn_id(0, &rules.G->udqn_list) == 1);
     CHECK(search_udqn_id(0, nullptr) == 0);
     CHECK(std::string(GetNoticeStr(0, rules.G)) == "again");
@@ -116,7 +90,7 @@ TEST_CASE("rules arm each other on a line, within a file only, and the end of a 
     CHECK(rules.Count(103) == 1);
     CHECK(rules.Count(100) == 0);
     CHECK(udqn_notice_total_count(rules.G) == 4);
-    CHECK(Printed([&] { udqn_profile(8, rules.G); }) ==
+    CHECK(Written([&] { udqn_profile(8, rules.G); }) ==
           "  101       2   25.00  \n  102       1   12.50  \n  103       1   12.50  \n");
 }
 
@@ -124,14 +98,14 @@ TEST_CASE("a message longer than its place in HTML is cut in front of an entity"
     Rules rules("");
     rules.G->html_mode = rules.G->quality_notices = 1;
     rules.Read(Rule(100, ("pattern: x\nmessage: " + std::string(1020, 'm') + "<_LINE_").c_str()));
-    const std::string shown = Printed([&] { udqn_process("x", 0, rules.G); });
+    const std::string shown = Written([&] { udqn_process("x", 0, rules.G); });
     CHECK(shown.ends_with(" #100: " + std::string(1020, 'm') + "\n"));
 }
 
 TEST_CASE("a pattern that backtracks without end is switched off, with one message") {
     Rules rules(Rule(100, "pattern: (a+)+$").c_str());
     const std::string line = std::string(2000, 'a') + ";";
-    const std::string shown = Printed([&] {
+    const std::string shown = Written([&] {
         for (int i = 0; i < 10000; ++i) {
             udqn_process(line.c_str(), 0, rules.G);
         }
