@@ -1,18 +1,23 @@
 #!/usr/bin/env bash
-# Installs what is missing on Debian 12: setup.sh build (to build tly) or setup.sh test (to test it as well; the default).
+# Installs what is missing on Debian 12: setup.sh build (to build tly), test (to test it as well; the default), all (to pass every check)
+# or fresh (to make a clean root).
 # Does nothing, and needs no network and no root, when everything is there.
 set -euo pipefail
 
 # package, and the program or file that tells that it is there
 build=(g++ g++  cmake cmake  ninja-build ninja  pkg-config pkg-config  libpcre2-dev /usr/include/pcre2posix.h)
-test=(doctest-dev /usr/include/doctest/doctest.h  clang-format clang-format  clang-tidy clang-tidy  clang clang++
-      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux  libxml2-utils xmllint  tidy tidy  python3 python3  mandoc mandoc
-      strace strace  git git)
+test=("${build[@]}"  doctest-dev /usr/include/doctest/doctest.h  libxml2-utils xmllint  tidy tidy  python3 python3  mandoc mandoc
+      strace strace)
+all=("${test[@]}"  clang-format clang-format  clang-tidy clang-tidy  clang clang++
+     libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux)
+fresh=(debootstrap debootstrap  git git)
 
 case ${1:-test} in
 build) wanted=("${build[@]}") ;;
-test) wanted=("${build[@]}" "${test[@]}") ;;
-*) echo "usage: setup.sh [build|test]" >&2; exit 2 ;;
+test) wanted=("${test[@]}") ;;
+all) wanted=("${all[@]}") ;;
+fresh) wanted=("${fresh[@]}") ;;
+*) echo "usage: setup.sh [build|test|all|fresh]" >&2; exit 2 ;;
 esac
 
 missing=()

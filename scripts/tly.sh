@@ -7,7 +7,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 "$root/scripts/setup.sh" build
 log=$root/build/release.log
 mkdir -p "$root/build"
-(cd "$root" && cmake --preset release && cmake --build --preset release) </dev/null >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+(cd "$root" && cmake --preset release && cmake --build --preset release --target tly) </dev/null >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
 
 if [[ $# -eq 0 ]]; then
     cd "$root"
