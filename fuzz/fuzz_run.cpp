@@ -24,7 +24,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "run/tly.h"
+#include "run/driver/tly.h"
 
 namespace {
 

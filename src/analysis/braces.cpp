@@ -5,8 +5,8 @@
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

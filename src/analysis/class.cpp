@@ -8,14 +8,16 @@
 #include <cerrno>
 
 #include "analysis/code_text.h"
+#include "analysis/entities.h"
 #include "analysis/parse_line.h"
+#include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "report/entity_lines.h"
 #include "report/lines.h"
-#include "report/mode.h"
 #include "report/state_line.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

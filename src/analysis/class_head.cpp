@@ -6,9 +6,10 @@
 
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/entities.h"
 #include "analysis/parse_line.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 
 #include "analysis/char_tests.h"
 #include "analysis/keywords.h"
+#include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "run/globals.h"

@@ -6,8 +6,8 @@
 
 #include <cerrno>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -1,19 +1,8 @@
-// The lists of what the source holds, each with its index by name. They last for the whole run.
+// The records of what the source holds: found, added, renamed.
 #pragma once
-
-#include "run/llist.h"
-#include "run/name_index.h"
 
 struct Globals;
 struct NodeData;
-
-struct EntityLists {
-    Llist function_list;  // NodeData, in order of closing until a report sorts it
-    Llist class_list;     // NodeData: classes and structs
-    Llist interface_list; // NodeData: interfaces, "Interface-" in front of their names
-    Llist namespace_list; // NodeData: namespaces and packages
-    NameIndex class_index_by_name, interface_index_by_name, namespace_index_by_name, macro_index_by_name;
-};
 
 // The record of a name, or null.
 NodeData *FindClass(const char *name, const Globals *G);

@@ -11,11 +11,12 @@
 #include "analysis/code_text.h"
 #include "analysis/entities.h"
 #include "analysis/parse_line.h"
+#include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
-#include "report/mode.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 #include "analysis/code_text.h"
 #include "analysis/entities.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

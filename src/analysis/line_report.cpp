@@ -1,12 +1,12 @@
 // What a line was taken for, shown: the -d and -wD reports, the split by kind, and the code of a line.
 #include <algorithm>
 
+#include "analysis/extraction.h"
 #include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "report/forms.h"
 #include "report/names.h"
 #include "run/globals.h"
-#include "tools/extraction.h"
 
 char LineLetter(const Scan &scan, int has_comment, const Globals *G) {
     if (scan.is_loc) {

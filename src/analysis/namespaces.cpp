@@ -6,10 +6,12 @@
 
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/entities.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "report/forms.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

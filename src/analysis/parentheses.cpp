@@ -2,10 +2,11 @@
 #include "analysis/class.h"
 #include "analysis/code_text.h"
 #include "analysis/function.h"
+#include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

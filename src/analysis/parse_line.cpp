@@ -13,14 +13,14 @@
 #include <emmintrin.h>
 #endif
 
+#include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
-#include "report/mode.h"
 #include "run/globals.h"
-#include "tools/extraction.h"
+#include "run/mode.h"
 
 int SingleChar(const char *line, char ch) {
     const char *p = Ltrim(line);

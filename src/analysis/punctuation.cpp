@@ -2,10 +2,11 @@
 #include "analysis/class.h"
 #include "analysis/code_text.h"
 #include "analysis/function.h"
+#include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 void OnComma(Scan &scan, Globals *G) {
     if (!(G->angle_depth | G->friend_flag | G->enum_flag | G->instantiate_colon_flag | G->inherit_more) &&

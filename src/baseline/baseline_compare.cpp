@@ -10,9 +10,9 @@
 
 #include "baseline/code_compare.h"
 #include "baseline/work_file.h"
-#include "report/mode.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/name_index.h"
 #include "run/progress.h"
 

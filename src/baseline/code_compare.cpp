@@ -7,8 +7,8 @@
 
 #include "baseline/compare_listing.h"
 #include "baseline/lcs.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 void diffMetric(char operation, char type, Globals *G) {
     int *counts = G->line_counts[operation == '+' ? kLineMod : operation == '=' ? kLineEq : kLineRm];

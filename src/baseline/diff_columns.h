@@ -2,9 +2,9 @@
 // here.
 #pragma once
 
-#include "baseline/baseline_state.h"
 #include "config/report_cfg.h"
 #include "report/forms.h"
+#include "run/baseline_state.h"
 
 struct Globals;
 

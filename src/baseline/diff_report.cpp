@@ -6,8 +6,10 @@
 #include "baseline/diff_tables.h"
 #include "baseline/diff_times.h"
 #include "baseline/work_file.h"
+#include "config/report_cfg.h"
 #include "report/forms.h"
 #include "report/frame.h"
+#include "report/project/report_head.h"
 #include "run/compare.h"
 #include "run/globals.h"
 

@@ -7,6 +7,7 @@
 #include "baseline/work_file.h"
 #include "report/forms.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 bool ColumnShown(ReportElement key, const Globals *G) {

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "baseline/baseline_state.h"
+#include "run/baseline_state.h"
 
 struct Globals;
 struct NodeData;

@@ -17,8 +17,8 @@
 
 #include "baseline/code_compare.h"
 #include "baseline/compare_listing.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include <unistd.h>
 
 #include "analysis/line_code.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/read_lines.h"
 
 namespace {

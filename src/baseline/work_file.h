@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <span>
 
-#include "baseline/baseline_state.h"
+#include "run/baseline_state.h"
 #include "run/records.h"
 
 struct Globals;

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <strings.h>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

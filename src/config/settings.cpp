@@ -8,9 +8,9 @@
 
 #include "config/languages.h"
 #include "config/settings_table.h"
-#include "report/mode.h"
-#include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/program_files.h"
 #include "run/read_lines.h"
 

@@ -6,7 +6,7 @@
 
 #include <span>
 
-#include "config/config_state.h"
+#include "run/config_state.h"
 
 enum class SettingType {
     kComment,      // text only, no key

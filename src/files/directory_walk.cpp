@@ -12,8 +12,8 @@
 #include "config/languages.h"
 #include "files/file_list.h"
 #include "files/words.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include "report/benchmark.h"
 #include "report/file_reports.h"
 #include "report/frame.h"
-#include "report/mode.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/read_lines.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The catalogue of the built-in quality notices: one row per number.
 #pragma once
 
-#include "config/config_state.h"
+#include "run/config_state.h"
 
 inline constexpr int kNotices = 58;
 

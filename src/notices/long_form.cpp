@@ -6,6 +6,7 @@
 
 #include "notices/catalogue.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

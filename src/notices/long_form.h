@@ -6,8 +6,8 @@
 //   WriteLong(27, G->file_line_no, G, kLimit, value, G->max_return_points);
 #pragma once
 
-#include "notices/notices_state.h"
 #include "report/forms.h"
+#include "run/notices_state.h"
 
 struct Globals;
 

@@ -5,7 +5,6 @@
 #pragma once
 
 struct Globals;
-struct Scan;
 
 // The steps that all notices share: is n on, is there no skip region; count it; print it in the short form where one is wanted.
 // Returns 1 when the caller is to write its long form.
@@ -26,14 +25,13 @@ void CountTabNotices(int count, Globals *G);
 // 1 if a raised notice prints or is remembered now; 0 if it only counts.
 int NoticesArePrinted(const Globals *G);
 
-void EmitLineLengthNotice(int length, Globals *G);                   // 1
-void EmitFunctionNameNotice(const char *name, Globals *G);           // 2: the name without its class part; tested and wrapped here
-void NoticePreStep(int n, Globals *G);                               // 6 and 7, with their macro forms
-void EmitCaseBreakNotice(Globals *G);                                // 14, from the function's counters
-void EmitFriendClassNotice(const char *line, int index, Globals *G); // 15, at the ";" in hand; clears funcname_flag
-void NoticeStray(char closer, Globals *G);                           // 12, second shape: a ")" or "}" without a partner
-void EmitScopeError(Globals *G);                                     // 22; ends by clearing what was waited for
-void CPP_Symbol(int line, const char *word, Globals *G);             // 24
+void EmitLineLengthNotice(int length, Globals *G);         // 1
+void EmitFunctionNameNotice(const char *name, Globals *G); // 2: the name without its class part; tested and wrapped here
+void NoticePreStep(int n, Globals *G);                     // 6 and 7, with their macro forms
+void EmitCaseBreakNotice(Globals *G);                      // 14, from the function's counters
+void NoticeStray(char closer, Globals *G);                 // 12, second shape: a ")" or "}" without a partner
+void EmitScopeError(Globals *G);                           // 22; ends by clearing what was waited for
+void CPP_Symbol(int line, const char *word, Globals *G);   // 24
 void NoticeContent(int n, const char *kind, float measured, float limit,
                    Globals *G);                                          // 16, 17, 31, 46: kind "Function", "Class", "Struct"
 void NoticeFuncEloc(Globals *G);                                         // 18
@@ -50,23 +48,5 @@ void EmitInheritanceDepthNotice(const char *file, int line, Globals *G); // 40
 void EmitNumberOfChildrenNotice(const char *file, int line, Globals *G); // 41
 void EmitMultipleInheritanceNotice(const char *classname, Globals *G);   // 42
 void EmitNewDelNotice(Globals *G);                                       // 45
-void EmitNumericAssignment(const char *text, Globals *G);                // 50: text behind the "="; tested here
 void EmitNoComment(int n, const char *word, Globals *G);                 // 51 to 54
 void EmitScopeNotice(Globals *G);                                        // 55
-
-// The checks that run ahead of the line or of a character.
-// At each code character of a line on which something is waited for since an earlier line (scope_pending_line): the value of an
-// assignment, or the body of a do, else, for, if or while.
-void CheckPending(Scan &scan, Globals *G);
-// At a lone "=": a literal number behind it.
-void CheckAssignedLiteral(const Scan &scan, Globals *G);
-// At ")": has the body of a for, if or while its brace.
-void CheckBodyBehindParen(const Scan &scan, Globals *G);
-// The notices of a function's end and of a class's end, in their order.
-struct FunctionFigures {
-    int loc, eloc, lloc, comments, blanks, span;
-    float white_pct, blank_pct;
-};
-void NoticesBeforeSums(const FunctionFigures &figures, Globals *G); // 2, 10 to 14, 17, 46, 16, 18
-void NoticesOfLimits(const FunctionFigures &figures, Globals *G);   // 27, 29, 49, 48
-void NoticesOfClass(const FunctionFigures &figures, Globals *G);    // 31, 16, 46, 37, 39

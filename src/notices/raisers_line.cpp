@@ -1,11 +1,8 @@
 // The notices of a line, a character or a keyword, and those of the whole file.
 #include "notices/raise.h"
 
-#include <cstdlib>
 #include <cstring>
 
-#include "analysis/code_text.h"
-#include "analysis/function.h"
 #include "notices/catalogue.h"
 #include "notices/long_form.h"
 #include "run/globals.h"
@@ -37,9 +34,6 @@ constexpr const char *kMacroDecrement = "a pre-decrement '`--` operator' identif
 constexpr const char *kMacroIncrement = "a pre-increment '`++` operator' identified\n"
                                         "           within a MACRO.  This syntax is non-portable and is\n"
                                         "           NOT recommended within macro definitions.\n";
-
-constexpr LongText<Shown> kFriendClass{"friend class '`%s`' identified.\n"
-                                       "           This is a problematic construct as it breaks encapsulation.\n"};
 
 constexpr LongText<const char *, const char *> kBareBody{"The keyword, '`%s`', appears not to be delimited\n"
                                                          "           with scope { .. } operators around its content.  This\n"
@@ -139,20 +133,6 @@ void NoticeStray(char closer, Globals *G) {
                               "           file be restructured to a more formal state.\n\n");
 }
 
-// friend class Tree;  the recogniser of function names reads the name, which then is no candidate
-void EmitFriendClassNotice(const char *line, int index, Globals *G) {
-    if (CountNotice(15, G)) {
-        const int in_place = PrintsInPlace(G) && !G->catch_flag;
-        if (in_place) {
-            GetFunction(line, index, G);
-        }
-        if (PrintNotice(15, in_place, G)) {
-            WriteLong(15, G->file_line_no, G, kFriendClass, Shown{G->funcname});
-        }
-    }
-    G->funcname_flag = 0;
-}
-
 void EmitScopeError(Globals *G) {
     if (G->function_metrics && CountNotice(22, G) && PrintNotice(22, PrintsInPlace(G) && !G->macro_flag, G)) {
         const char *word = ScopeWord(G->scope_kind);
@@ -167,17 +147,6 @@ void EmitScopeError(Globals *G) {
 void CPP_Symbol(int line, const char *word, Globals *G) {
     if (!G->error_flag && Raise(24, G)) { // #error needs a class here
         WriteLong(24, line, G, kCppWord, Shown{word});
-    }
-}
-
-void EmitNumericAssignment(const char *text, Globals *G) {
-    LineText token;
-    GetNextCodeToken(text, 0, token);
-    if (strtod(token, nullptr) == 0.0 && G->zero_is_literal != 1) {
-        return;
-    }
-    if (Raise(50, G)) {
-        WriteRowText(50, G->file_line_no, G);
     }
 }
 

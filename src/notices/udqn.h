@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <span>
 
-#include "notices/udqn_state.h"
+#include "run/udqn_state.h"
 
 struct Globals;
 

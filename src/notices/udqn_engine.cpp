@@ -13,6 +13,7 @@
 #include "notices/udqn.h"
 #include "report/forms.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

@@ -6,6 +6,7 @@
 
 #include "report/lines.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 // The numeric columns, in their order in a line. A column of function points has no place of its own: it stands behind a "/" in the

@@ -7,6 +7,7 @@
 #include "report/figures.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 static Summary statistics;

@@ -13,6 +13,7 @@
 #include "report/lines.h"
 #include "report/names.h"
 #include "run/compare.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 // Wrapping of a name: columns of a line, and blanks in front of the lines that follow.

@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "report/names.h"
+#include "run/encode.h"
 
 namespace forms {
 

@@ -16,7 +16,7 @@
 #include <tuple>
 #include <type_traits>
 
-#include "report/mode.h"
+#include "run/mode.h"
 
 struct Globals;
 

@@ -1,18 +1,12 @@
-// The frame of a report: heads, titles, centring, rules, the close of the document.
+// The frame of a report: titles, centring, rules, the close of the document. Its heads are in project/report_head.h.
 #pragma once
 
-#include <cstdio>
+#include <cstddef>
 
 struct Globals;
 
-// Heads of text and HTML, CSV, and XML reports.
-void ShowHeader(FILE *stream, Globals *G);
-void CSV_Header(FILE *stream, Globals *G);
-void XML_Header(FILE *stream, Globals *G);
-// Prints the stored command line in the form of the mode.
-void ShowCmdLine(FILE *stream, const Globals *G);
-// One centred title for every analysis that is on.
-void ShowFMCHeader(Globals *G);
+// The blanks ahead of a centred text of this length: 38 less half of it; 1 when it is too long to be centred.
+int CenterBlanks(size_t length);
 // Writes a text centred on the page, with a line feed; longer texts behind one blank. The text goes out as it stands.
 void Center(const char *text);
 // Writes marked-up text centred by the width of the plain text.

@@ -1,25 +1,13 @@
-// Names and texts made ready to be shown: escaped, wrapped, linked, dated.
+// Names and texts made ready to be shown: wrapped, linked, dated.
 #pragma once
 
 #include <ctime>
 #include <span>
-#include <string>
 
 #include "run/text.h"
 
 struct Globals;
 
-// The HTML form of a text: < > & " escaped. out is overwritten.
-void HTML_esc(const char *text, std::string &out);
-// The XML form of a text, always well-formed: " & ' < > escaped; control bytes other than tab and line ends, and bytes that aren't
-// UTF-8, become "?".
-void xml_encode(const char *text, std::string &out);
-// The XML element name of a label: lower case, with "_" for blanks, quotes, "&", "/" and angle brackets.
-void xml_tag_encode(const char *text, std::string &out);
-// The text for a CSV field: commas and line ends become blanks.
-void csv_field(const char *text, std::string &out);
-// A link target made safe for an href: bytes that a URL can't hold as they are become %XX.
-void url_encode(const char *text, std::string &out);
 // Copies a name; when it is longer than width and names are wrapped, a line feed and indent blanks follow every width characters.
 void AdjNameLength(const char *name, std::span<char> out, int width, int indent, const Globals *G);
 // The path to show or link, in a static buffer that is valid until the next call of PathFile or HTMLPathFile.

@@ -5,8 +5,8 @@
 #include <span>
 #include <strings.h>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -5,23 +5,23 @@
 // in PerFile is the reset list.
 #pragma once
 
-#include "analysis/class_state.h"
-#include "analysis/entities.h"
-#include "analysis/function_state.h"
-#include "analysis/line_state.h"
-#include "analysis/namespace_state.h"
-#include "analysis/scope_state.h"
-#include "baseline/baseline_state.h"
-#include "config/config_state.h"
-#include "config/report_cfg.h"
-#include "files/files_state.h"
-#include "notices/notices_state.h"
-#include "notices/udqn_state.h"
-#include "report/report_state.h"
+#include "run/baseline_state.h"
+#include "run/class_state.h"
+#include "run/config_state.h"
+#include "run/entities_state.h"
+#include "run/extraction_state.h"
+#include "run/files_state.h"
+#include "run/function_state.h"
+#include "run/line_state.h"
+#include "run/namespace_state.h"
+#include "run/notices_state.h"
 #include "run/records.h"
+#include "run/report_cfg_state.h"
+#include "run/report_state.h"
 #include "run/run_state.h"
-#include "tools/extraction_state.h"
-#include "tree/tree_state.h"
+#include "run/scope_state.h"
+#include "run/tree_state.h"
+#include "run/udqn_state.h"
 
 // Cleared by ResetState behind every source file.
 struct PerFile : FileCounters,
@@ -67,6 +67,3 @@ struct Globals : RunSwitches,
     LanguageSums language_sums[kLanguageGroups];
     int project_files; // files of all languages, once the totals are set
 };
-
-// Frees everything in G, and G itself.
-void FreeGlobals(Globals *G);

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/read_lines.h"
 #include "run/replacement.h"
 

@@ -6,10 +6,13 @@
 
 #include "run/text.h"
 
+struct Globals;
+
 struct RunSwitches {
-    int debug;              // -xDEBUG or the environment: shows how each line was read
-    int diff_debug;         // -xDIFFDEBUG
-    int show_class_methods; // -fm or the environment
+    void (*teardown)(Globals *G); // frees everything in G, and G itself; the driver sets it
+    int debug;                    // -xDEBUG or the environment: shows how each line was read
+    int diff_debug;               // -xDIFFDEBUG
+    int show_class_methods;       // -fm or the environment
     int argc;
     char **argv;
     int sort_descending; // -kd

@@ -12,8 +12,8 @@
 
 #include "files/source_reader.h"
 #include "report/file_reports.h"
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/replacement.h"
 
 namespace {

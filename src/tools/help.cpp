@@ -7,6 +7,7 @@
 
 #include "report/forms.h"
 #include "report/frame.h"
+#include "report/project/report_head.h"
 #include "run/globals.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include "report/forms.h"
 #include "report/frame.h"
 #include "report/names.h"
+#include "report/project/report_head.h"
 #include "run/globals.h"
 #include "tools/help.h"
 #include "tools/manual.h"

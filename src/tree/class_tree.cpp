@@ -4,8 +4,8 @@
 #include <cstring>
 #include <vector>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/text.h"
 #include "tree/lost_children.h"
 #include "tree/part_names.h"

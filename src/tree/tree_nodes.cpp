@@ -5,8 +5,8 @@
 #include <cstring>
 #include <utility>
 
-#include "report/mode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/text.h"
 #include "tree/class_tree.h"
 

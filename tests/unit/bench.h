@@ -9,8 +9,9 @@
 #include <string>
 #include <unistd.h>
 
-#include "report/mode.h"
+#include "run/driver/teardown.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 // A state record, 0 all over, and all that hangs on it.
 struct StateBench {

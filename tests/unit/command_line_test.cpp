@@ -9,10 +9,11 @@
 
 #include "config/languages.h"
 #include "report/frame.h"
-#include "run/command_line.h"
+#include "report/project/report_head.h"
+#include "run/driver/command_line.h"
+#include "run/driver/switches.h"
+#include "run/driver/tly.h"
 #include "run/program_files.h"
-#include "run/switches.h"
-#include "run/tly.h"
 #include "tools/help.h"
 
 namespace {

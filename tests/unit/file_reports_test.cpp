@@ -5,11 +5,11 @@
 
 #include "config/languages.h"
 #include "report/benchmark.h"
-#include "report/csv_elements.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/frame.h"
-#include "report/totals.h"
+#include "report/project/csv_elements.h"
+#include "report/project/totals.h"
 #include "run/compare.h"
 
 namespace {

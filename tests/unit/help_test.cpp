@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string>
 
-#include "run/switches.h"
+#include "run/driver/switches.h"
 #include "tools/manual.h"
 
 TEST_CASE("each letter of the command line has one entry in the manual") {

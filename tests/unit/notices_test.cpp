@@ -1,6 +1,7 @@
 // Quality notices: who raises what, in which form it comes out, and what is remembered.
 #include "bench.h"
 
+#include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 

@@ -1,7 +1,7 @@
 // Quality profile: what is summed, what is left out; and which headings are a definition inside a function.
 #include "analysis/local_definition.h"
 #include "bench.h"
-#include "report/quality_profile.h"
+#include "report/project/quality_profile.h"
 #include "run/records.h"
 
 TEST_CASE("local definitions") {

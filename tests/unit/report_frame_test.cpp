@@ -8,6 +8,8 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "report/project/report_head.h"
+#include "run/encode.h"
 #include "tools/listing.h"
 
 namespace {

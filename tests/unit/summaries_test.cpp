@@ -5,7 +5,7 @@
 #include "config/languages.h"
 #include "report/entity_lines.h"
 #include "report/file_reports.h"
-#include "report/summaries.h"
+#include "report/project/summaries.h"
 
 namespace {
 

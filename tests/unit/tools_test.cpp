@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "tools/extraction.h"
+#include "analysis/extraction.h"
 #include "tools/listing.h"
 
 TEST_CASE("an extracted text is cut to what can be read") {

@@ -7,6 +7,7 @@
 
 #include "analysis/entities.h"
 #include "analysis/roll_up.h"
+#include "run/driver/teardown.h"
 #include "run/globals.h"
 #include "tree/class_tree.h"
 #include "tree/tree_nodes.h"

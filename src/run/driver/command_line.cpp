@@ -1,15 +1,15 @@
 // The getopt loop and the table of all switches. The handlers of switches with sub-letters are in switch_letters.cpp (flags and
 // numbers), switch_files.cpp (-F -O -r -u) and switch_work.cpp (-w -x).
-#include "run/command_line.h"
+#include "run/driver/command_line.h"
 
 #include <algorithm>
 #include <cstdarg>
 #include <string>
 #include <unistd.h>
 
-#include "report/mode.h"
+#include "run/driver/switches.h"
 #include "run/globals.h"
-#include "run/switches.h"
+#include "run/mode.h"
 #include "tools/help.h"
 
 namespace {

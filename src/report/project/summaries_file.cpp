@@ -1,13 +1,13 @@
 // The summary of the functions of the file that just ended, from the sums that their closing braces left.
-#include "report/summaries.h"
+#include "report/project/summaries.h"
 
 #include <array>
 
-#include "report/columns.h"
 #include "report/forms.h"
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "report/project/columns.h"
 #include "run/globals.h"
 
 namespace {

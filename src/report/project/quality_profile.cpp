@@ -1,5 +1,5 @@
 // The quality profile and the notice summary. They run behind SetTotal: the file counters hold the whole project.
-#include "report/quality_profile.h"
+#include "report/project/quality_profile.h"
 
 #include <algorithm>
 #include <climits>
@@ -13,6 +13,7 @@
 #include "report/frame.h"
 #include "report/names.h"
 #include "run/compare.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

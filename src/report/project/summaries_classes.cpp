@@ -1,17 +1,18 @@
 // The project summaries of classes and structs, of interfaces, and of namespaces and packages. They have the same lines but for a
 // few. The passes over classes and interfaces also hand their figures to their namespaces, so that namespaces come last.
-#include "report/summaries.h"
+#include "report/project/summaries.h"
 
 #include <array>
 
 #include "analysis/namespaces.h"
-#include "report/columns.h"
 #include "report/entity_lines.h"
 #include "report/forms.h"
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
-#include "report/summary_frame.h"
+#include "report/project/columns.h"
+#include "report/project/summary_frame.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 static constexpr const char *kClassHeader =

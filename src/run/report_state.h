@@ -3,8 +3,8 @@
 
 #include <cstdio>
 
-#include "config/report_cfg.h"
 #include "run/llist.h"
+#include "run/report_cfg_state.h"
 #include "run/text.h"
 
 struct ReportState {

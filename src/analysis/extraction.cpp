@@ -1,5 +1,5 @@
 // Cleans and shows the texts of -E. Where literals and comments begin and end is the scanner's business.
-#include "tools/extraction.h"
+#include "analysis/extraction.h"
 
 #include <algorithm>
 

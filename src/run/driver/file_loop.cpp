@@ -1,5 +1,5 @@
 // One file: open, read line by line, store the metrics, report, roll up, reset.
-#include "run/file_loop.h"
+#include "run/driver/file_loop.h"
 
 #include <cerrno>
 
@@ -13,12 +13,12 @@
 #include "files/source_reader.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
-#include "report/csv_elements.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/lines.h"
-#include "report/summaries.h"
-#include "report/totals.h"
+#include "report/project/csv_elements.h"
+#include "report/project/summaries.h"
+#include "report/project/totals.h"
 #include "run/compare.h"
 #include "run/globals.h"
 #include "run/progress.h"

@@ -1,7 +1,7 @@
 // Namespaces and packages: the open scope and those around it. Cleared behind every file but for the stack.
 #pragma once
 
-#include "analysis/scope_state.h"
+#include "run/scope_state.h"
 #include "run/text.h"
 
 // One record of the namespace stack.

@@ -1,9 +1,9 @@
-// The end of the state record.
-#include "run/globals.h"
+#include "run/driver/teardown.h"
 
 #include "config/languages.h"
 #include "notices/long_form.h"
 #include "notices/udqn.h"
+#include "run/globals.h"
 #include "tree/class_tree.h"
 
 void FreeGlobals(Globals *G) {

@@ -3,7 +3,7 @@
 // A message may come up before the report has a head: while the settings are read, or at a wrong switch. An HTML or XML document
 // can't hold anything ahead of its head, so such messages wait in G until the head is there. How the lines of a report look is not
 // here: see forms.h and frame.cpp.
-#include "report/mode.h"
+#include "run/mode.h"
 
 #include <cerrno>
 #include <cstdarg>
@@ -11,7 +11,7 @@
 #include <string>
 #include <sys/stat.h>
 
-#include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
 
 FILE *gTLYOUT = stdout;
@@ -148,6 +148,6 @@ void EndProcess(Globals *G, int status) {
         }
     }
     status = FinishOutput(status);
-    FreeGlobals(G);
+    G->teardown(G);
     exit(status);
 }

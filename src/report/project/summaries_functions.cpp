@@ -1,13 +1,13 @@
 // The project summary of all functions: their blocks, sums, averages, maxima and minima. Its pass also hands the figures of
 // qualified functions to their namespaces.
-#include "report/summaries.h"
+#include "report/project/summaries.h"
 
 #include "analysis/function.h"
-#include "report/columns.h"
 #include "report/entity_lines.h"
 #include "report/forms.h"
 #include "report/frame.h"
-#include "report/summary_frame.h"
+#include "report/project/columns.h"
+#include "report/project/summary_frame.h"
 #include "run/globals.h"
 
 static constexpr SummaryFrame kFrame{

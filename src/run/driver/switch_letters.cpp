@@ -3,11 +3,11 @@
 #include <cstring>
 
 #include "config/settings.h"
-#include "notices/notice_list.h"
-#include "report/mode.h"
+#include "run/driver/switches.h"
 #include "run/globals.h"
-#include "run/switches.h"
+#include "run/mode.h"
 #include "tools/help.h"
+#include "tools/notice_list.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The sums of the project by language: percentages and counts.
-#include "report/totals.h"
+#include "report/project/totals.h"
 
 #include "report/forms.h"
 #include "report/frame.h"

@@ -1,5 +1,6 @@
 // Switches that name files: the list of -F, the report of -O, the tree of -r and the user's own files of -u.
-#include "run/command_line.h"
+#include "report/project/report_head.h"
+#include "run/driver/command_line.h"
 
 #include <cerrno>
 #include <cstring>
@@ -11,9 +12,9 @@
 #include "config/languages.h"
 #include "config/settings.h"
 #include "report/frame.h"
-#include "report/mode.h"
+#include "run/driver/switches.h"
 #include "run/globals.h"
-#include "run/switches.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The page of all keyword and construct counters, of a file or the project.
-#include "report/summaries.h"
+#include "report/project/summaries.h"
 
 #include "report/forms.h"
 #include "report/frame.h"

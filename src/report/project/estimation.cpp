@@ -1,7 +1,7 @@
 // The estimation report: sums over all functions, and what a unit of each basis costs in LOC, eLOC and lLOC.
 //
 // It has two forms, HTML and plain. The plain one holds no character that XML knows, so it may stand in any document.
-#include "report/estimation.h"
+#include "report/project/estimation.h"
 
 #include <cstdint>
 

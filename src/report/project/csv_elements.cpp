@@ -2,7 +2,7 @@
 //
 // The vocabulary is in config/report_cfg.h. An element reads the counters of the file in hand, so a row is written between the
 // last line of a file and the reset behind it.
-#include "report/csv_elements.h"
+#include "report/project/csv_elements.h"
 
 #include <cerrno>
 #include <string>
@@ -10,9 +10,10 @@
 #include "config/languages.h"
 #include "config/report_cfg.h"
 #include "notices/udqn.h"
-#include "report/mode.h"
 #include "report/names.h"
+#include "run/encode.h"
 #include "run/globals.h"
+#include "run/mode.h"
 #include "run/read_lines.h"
 
 namespace {

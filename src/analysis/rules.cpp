@@ -1,17 +1,36 @@
 // What decides about a notice where more than one flag is looked at: bodies without braces, assigned numbers, and the closing
 // figures of functions and classes.
-#include "notices/raise.h"
+#include "analysis/rules.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "analysis/code_text.h"
+#include "analysis/function.h"
 #include "analysis/scan.h"
-#include "report/mode.h"
+#include "notices/long_form.h"
+#include "notices/raise.h"
 #include "run/globals.h"
+#include "run/mode.h"
 
 namespace {
 
 constexpr int kElse = 2, kWhile = 5; // values of scope_kind
+
+constexpr LongText<Shown> kFriendClass{"friend class '`%s`' identified.\n"
+                                       "           This is a problematic construct as it breaks encapsulation.\n"};
+
+// Notice 50: text behind the "=".
+void EmitNumericAssignment(const char *text, Globals *G) {
+    LineText token;
+    GetNextCodeToken(text, 0, token);
+    if (strtod(token, nullptr) == 0.0 && G->zero_is_literal != 1) {
+        return;
+    }
+    if (Raise(50, G)) {
+        WriteRowText(50, G->file_line_no, G);
+    }
+}
 
 // A number at text, or behind a cast: x = 5;  x = (int) 5;  x = static_cast<int>(5);  first is the first code character of text.
 void TestLiteral(const char *text, char first, Globals *G) {
@@ -205,4 +224,18 @@ void NoticesOfClass(const FunctionFigures &figures, Globals *G) {
     if (G->cls_pub_methods + G->cls_prot_methods + G->cls_priv_methods > G->max_class_methods) {
         EmitClassFunctionNotice(G->struct_flag ? "struct" : "class", G);
     }
+}
+
+// friend class Tree;  the recogniser of function names reads the name, which then is no candidate
+void EmitFriendClassNotice(const char *line, int index, Globals *G) {
+    if (CountNotice(15, G)) {
+        const int in_place = PrintsInPlace(G) && !G->catch_flag;
+        if (in_place) {
+            GetFunction(line, index, G);
+        }
+        if (PrintNotice(15, in_place, G)) {
+            WriteLong(15, G->file_line_no, G, kFriendClass, Shown{G->funcname});
+        }
+    }
+    G->funcname_flag = 0;
 }

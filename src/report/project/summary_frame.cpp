@@ -1,5 +1,5 @@
 // The head of a project summary, in the four modes.
-#include "report/summary_frame.h"
+#include "report/project/summary_frame.h"
 
 #include "report/entity_lines.h"
 #include "report/forms.h"

@@ -1,9 +1,9 @@
 // One walk for the two-column blocks and one for the XML elements. Which rows there are is told by the summaries.
-#include "report/columns.h"
+#include "report/project/columns.h"
 
 #include <algorithm>
 
-#include "report/mode.h"
+#include "run/mode.h"
 
 static bool IsPoints(Figure figure) {
     return figure >= kFpLoc && figure <= kFpLloc;

@@ -1,9 +1,10 @@
 // The order of a run: defaults, environment, settings, languages, command line, heads, file list, files, project reports, close.
-#include "run/tly.h"
+#include "run/driver/tly.h"
 
 #include <cerrno>
 #include <unistd.h>
 
+#include "analysis/entities.h"
 #include "analysis/roll_up.h"
 #include "baseline/work_file.h"
 #include "config/languages.h"
@@ -11,18 +12,21 @@
 #include "config/settings.h"
 #include "files/file_list.h"
 #include "report/benchmark.h"
-#include "report/csv_elements.h"
-#include "report/estimation.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
-#include "report/quality_profile.h"
-#include "report/summaries.h"
-#include "report/totals.h"
-#include "run/command_line.h"
-#include "run/file_loop.h"
+#include "report/project/csv_elements.h"
+#include "report/project/estimation.h"
+#include "report/project/quality_profile.h"
+#include "report/project/report_head.h"
+#include "report/project/summaries.h"
+#include "report/project/totals.h"
+#include "run/driver/command_line.h"
+#include "run/driver/file_loop.h"
+#include "run/driver/teardown.h"
+#include "run/encode.h"
 #include "run/globals.h"
 #include "run/program_files.h"
 #include "run/progress.h"
@@ -33,6 +37,7 @@
 void InitGlobals(Globals *G) {
     gTLYOUT = stdout;
     gTLYIN = stdin;
+    G->teardown = FreeGlobals;
     DefaultSettings(G);
     G->ulpi_count = -1;
     G->ulpi_last = -1;

@@ -5,10 +5,10 @@
 #include <unistd.h>
 
 #include "baseline/diff_report.h"
-#include "report/csv_elements.h"
-#include "report/mode.h"
+#include "report/project/csv_elements.h"
+#include "run/driver/switches.h"
 #include "run/globals.h"
-#include "run/switches.h"
+#include "run/mode.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Project reports of sums that aren't split by language: the selection of -T, directories, memory.
-#include "report/totals.h"
+#include "report/project/totals.h"
 
 #include <algorithm>
 #include <climits>
@@ -8,8 +8,8 @@
 #include "report/frame.h"
 #include "report/lines.h"
 #include "report/names.h"
-#include "report/quality_profile.h"
-#include "report/summaries.h"
+#include "report/project/quality_profile.h"
+#include "report/project/summaries.h"
 #include "run/globals.h"
 #include "tree/class_tree.h"
 

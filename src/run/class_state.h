@@ -1,7 +1,7 @@
 // Classes, structs and interfaces: the heading in hand and the open body. Cleared behind every file.
 #pragma once
 
-#include "analysis/scope_state.h"
+#include "run/scope_state.h"
 #include "run/text.h"
 
 // What a nested class puts aside: one record of the class stack is a copy of this.

@@ -1,5 +1,5 @@
 // The list of -hn: what can be noticed, and what is switched on.
-#include "notices/notice_list.h"
+#include "tools/notice_list.h"
 
 #include <cstring>
 
@@ -8,6 +8,7 @@
 #include "notices/udqn.h"
 #include "report/forms.h"
 #include "report/frame.h"
+#include "report/project/report_head.h"
 #include "run/globals.h"
 #include "run/program_files.h"
 #include "run/read_lines.h"

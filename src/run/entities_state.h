@@ -1,0 +1,13 @@
+// The lists of what the source holds, each with its index by name. They last for the whole run.
+#pragma once
+
+#include "run/llist.h"
+#include "run/name_index.h"
+
+struct EntityLists {
+    Llist function_list;  // NodeData, in order of closing until a report sorts it
+    Llist class_list;     // NodeData: classes and structs
+    Llist interface_list; // NodeData: interfaces, "Interface-" in front of their names
+    Llist namespace_list; // NodeData: namespaces and packages
+    NameIndex class_index_by_name, interface_index_by_name, namespace_index_by_name, macro_index_by_name;
+};
