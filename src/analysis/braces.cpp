@@ -93,10 +93,8 @@ void OnOpenBrace(Scan &scan, Globals *G) {
     if (scan.aborted) {
         return;
     }
-    if (G->scope_kind > 0) {
-        G->scope_paren = 0;
-        G->scope_pending_line = 0;
-        G->scope_kind = 0;
+    if (G->scope_kind != kNoBody) {
+        static_cast<BodyWatch &>(*G) = BodyWatch{};
     }
     if (G->enum_flag == 2) {
         ++G->enum_count;

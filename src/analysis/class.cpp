@@ -23,7 +23,7 @@ namespace {
 
 constexpr const char *kUnnamed = "instance"; // what struct { int a; } v; is called until its name is read
 
-void SetSection(int ClassBody::*access, Globals *G) {
+void SetSection(int ClassScope::*access, Globals *G) {
     G->access_public = 0;
     G->access_protected = 0;
     G->access_private = 0;
@@ -203,29 +203,13 @@ void ReportClassWithNotices(const FunctionFigures &figures, Globals *G) {
 
 // Behind a class that nothing encloses. Its name, template and extremes stay.
 void LeaveClasses(Globals *G) {
+    static_cast<ClassScope &>(*G) = ClassScope{};
+    static_cast<ClassHead &>(*G) = ClassHead{};
+    G->access_private = 1;
     G->class_flag = 0;
-    G->class_pending = 0;
-    G->interface_flag = 0;
-    G->interface_class = 0;
-    G->struct_flag = 0;
-    G->struct_pending = 0;
-    G->inherit_flag = 0;
-    G->inherit_more = 0;
-    G->template_flag = 0;
-    G->template_beg_flag = 0;
-    G->virtual_class = 0;
-    G->virtual_dtor = 0;
-    G->class_scope = 0;
-    G->function_scope = 0;
     G->attr_flag = 0;
     G->method_flag = 0;
-    G->cls_pub_data = 0;
-    G->cls_prot_data = 0;
-    G->cls_priv_data = 0;
-    G->cls_pub_methods = 0;
-    G->cls_prot_methods = 0;
-    G->cls_priv_methods = 0;
-    SetSection(&ClassBody::access_private, G);
+    G->function_scope = 0;
 }
 
 } // namespace
@@ -247,9 +231,9 @@ void OpenClass(Scan &scan, Globals *G) {
     if (is_struct) {
         ++G->struct_count;
         G->struct_flag = 1;
-        SetSection(&ClassBody::access_public, G);
+        SetSection(&ClassScope::access_public, G);
     } else {
-        SetSection(&ClassBody::access_private, G);
+        SetSection(&ClassScope::access_private, G);
     }
     TakeSnapshots(G);
     FormatInheritline(G->inherit_line, G);
@@ -271,7 +255,7 @@ void OpenInterface(Scan &scan, Globals *G) {
     G->function_scope = 0;
     G->interface_class = 1;
     G->class_flag = 1;
-    SetSection(&ClassBody::access_private, G);
+    SetSection(&ClassScope::access_private, G);
     TakeSnapshots(G);
     if (!FindInterface(G->classname, G)) {
         ++G->interface_count;

@@ -8,9 +8,9 @@
 namespace {
 
 struct Section {
-    int ClassBody::*access;
-    int ClassBody::*methods;
-    int ClassBody::*data;
+    int ClassScope::*access;
+    int ClassScope::*methods;
+    int ClassScope::*data;
     int data_notice; // 0 for none
     Forms<int, Shown, Shown> method_line;
     Forms<int, Shown> data_line;
@@ -19,9 +19,9 @@ struct Section {
 // Tested in this order. CSV has no form of its own and shows the plain one.
 // clang-format off
 constexpr Section kSections[] = {
-    {.access = &ClassBody::access_private,
-     .methods = &ClassBody::cls_priv_methods,
-     .data = &ClassBody::cls_priv_data,
+    {.access = &ClassScope::access_private,
+     .methods = &ClassScope::cls_priv_methods,
+     .data = &ClassScope::cls_priv_data,
      .data_notice = 0,
      .method_line = {
          .text = "  Class Method Private  :%6d | %s%s\n",
@@ -33,9 +33,9 @@ constexpr Section kSections[] = {
          .html = "  <i>Class Data Private    :%6d | %s</i>\n",
          .csv  = "  Class Data Private    :%6d | %s\n",
          .xml  = "<data_private>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_private>\n"}},
-    {.access = &ClassBody::access_protected,
-     .methods = &ClassBody::cls_prot_methods,
-     .data = &ClassBody::cls_prot_data,
+    {.access = &ClassScope::access_protected,
+     .methods = &ClassScope::cls_prot_methods,
+     .data = &ClassScope::cls_prot_data,
      .data_notice = 36,
      .method_line = {
          .text = "  Class Method Protected:%6d | %s%s\n",
@@ -47,9 +47,9 @@ constexpr Section kSections[] = {
          .html = "  <i>Class Data Protected  :%6d | %s</i>\n",
          .csv  = "  Class Data Protected  :%6d | %s\n",
          .xml  = "<data_protected>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_protected>\n"}},
-    {.access = &ClassBody::access_public,
-     .methods = &ClassBody::cls_pub_methods,
-     .data = &ClassBody::cls_pub_data,
+    {.access = &ClassScope::access_public,
+     .methods = &ClassScope::cls_pub_methods,
+     .data = &ClassScope::cls_pub_data,
      .data_notice = 35,
      .method_line = {
          .text = "  Class Method Public   :%6d | %s%s\n",

@@ -190,28 +190,25 @@ void CloseFunction(Scan &scan, Globals *G) {
 }
 
 void ResetFunction(Globals *G) {
+    static_cast<FunctionHead &>(*G) = FunctionHead{};
+    static_cast<BodyWatch &>(*G) = BodyWatch{};
+    ClearText(G->func_template_text);
+    G->function_scope = 0;
+    G->if_directive = 0;
+    G->preproc_flag = 0;
+    G->error_flag = 0;
+    // of the statement that its last "}" ends, what a ";" would clear and the next statement mustn't see
     G->enum_flag = 0;
     G->typedef_flag = 0;
     G->static_flag = 0;
     G->static_pending = 0;
-    G->preproc_flag = 0;
-    G->error_flag = 0;
-    G->kr_flag = 0;
-    G->function_scope = 0;
-    G->funcname_flag = 0;
-    G->if_directive = 0;
-    G->scope_kind = 0;
-    G->scope_pending_line = 0;
     G->new_flag = 0;
-    G->scope_paren = 0;
-    G->instantiate_colon_flag = 0;
-    G->fall_through = 0;
-    G->comment_pending = 0;
+    // the member that it was, and the comments inside it
     G->method_done = 0;
     G->method_flag = 0;
     G->attr_flag = 0;
-    G->func_template = 0;
-    ClearText(G->func_template_text);
+    G->fall_through = 0;
+    G->comment_pending = 0;
 }
 
 // A method of a nested class counts for every class around it. Levels that no stack holds have no name to be found by.

@@ -11,8 +11,6 @@
 
 namespace {
 
-enum BodyKind { kDo = 1, kElse, kFor, kIf, kWhile };
-
 // The next code character behind the word.
 char Behind(const Scan &scan, int end) {
     return NextChar(scan.line + end - 1);
@@ -30,9 +28,9 @@ void FindBody(BodyKind kind, const Scan &scan, int end, int has_if, Globals *G) 
     BeginBody(kind, scan, G);
     const char body = Behind(scan, end);
     if (body == '{' || has_if) {
-        G->scope_kind = 0;
-        G->scope_line = 0;
-        G->scope_paren = 0;
+        const int pending = G->scope_pending_line; // of a value: int a[] =
+        static_cast<BodyWatch &>(*G) = BodyWatch{};
+        G->scope_pending_line = pending;
     } else if (body > ' ') { // else x = 1;
         EmitScopeError(G);
     } else {

@@ -233,9 +233,7 @@ void EndContinuation(const Scan &scan, Globals *G) {
     if (G->macro_flag) {
         EndMacroRegion(G);
     }
-    G->preproc_flag = 0;
-    G->error_flag = 0;
-    G->define_flag = 0;
+    static_cast<DirectiveState &>(*G) = DirectiveState{};
     G->cpp_comment = 0;
     G->continuation = 0;
     if (G->quote_count % 2 == 0) {

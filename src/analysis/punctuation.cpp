@@ -67,14 +67,25 @@ void EndCandidate(Globals *G) {
     }
 }
 
+// The statement was a member, where it stands in a class body.
+void EndMember(const Scan &scan, Globals *G) {
+    if (G->class_flag && G->method_flag) {
+        EndMethod(scan, G);
+    }
+    if ((G->attr_flag | G->class_flag) && !(G->forward_decl_flag | G->enum_flag | G->friend_flag | G->typedef_flag)) {
+        EndAttribute(scan, G);
+    }
+    if (G->method_done && !G->friend_flag && G->function_scope <= 0) {
+        G->method_done = 0;
+        G->method_flag = 0;
+    }
+}
+
 } // namespace
 
 void OnSemicolon(Scan &scan, Globals *G) {
     ++G->local_semicolon;
     ++G->semicolon_count;
-    G->angle_depth = 0;
-    G->at_flag = 0;
-    G->new_flag = 0;
     if (G->class_scope < 1 && G->class_pending && G->class_flag) {
         G->class_pending = 0;
         G->class_flag = 0;
@@ -86,43 +97,23 @@ void OnSemicolon(Scan &scan, Globals *G) {
     if (G->open_braces == G->closebrace_count) {
         G->template_flag = 0;
     }
-    G->static_flag = 0;
     if (G->funcname_flag) {
         G->param_list_flag = 0;
         G->param_capture = 0;
     }
-    G->using_flag = 0;
-    G->virtual_flag = 0;
-    if (G->class_flag && G->method_flag) {
-        EndMethod(scan, G);
-    }
-    if ((G->attr_flag | G->class_flag) && !(G->forward_decl_flag | G->enum_flag | G->friend_flag | G->typedef_flag)) {
-        EndAttribute(scan, G);
-    }
-    if (G->method_done && !G->friend_flag && G->function_scope <= 0) {
-        G->method_done = 0;
-        G->method_flag = 0;
-    }
-    G->assignment_flag = 0;
-    G->typedef_flag = 0;
-    G->enum_flag = 0;
-    G->forward_decl_flag = 0;
+    G->static_flag = 0; // a static member counts as any other
+    EndMember(scan, G);
+    const int friend_class = G->friend_flag && G->friend_class && G->is_cpp;
+    static_cast<StatementState &>(*G) = StatementState{};
+    G->template_beg_flag = 0;
+    G->inherit_more = 0;
     if (G->function_scope <= 0) {
         EndCandidate(G);
     }
-    if (G->friend_flag && G->friend_class && G->is_cpp) {
+    if (friend_class) {
         EmitFriendClassNotice(scan.line, scan.index, G);
         G->funcname_flag = 0;
     }
-    G->friend_flag = 0;
-    G->friend_class = 0;
-    G->star_flag = 0;
-    G->template_beg_flag = 0;
-    G->inherit_more = 0;
-    G->event_flag = 0;
-    G->delegate_flag = 0;
-    G->const_flag = 0;
-    G->comma_count = 0;
     scan.is_logical = 1;
 }
 

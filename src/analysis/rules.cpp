@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr int kElse = 2, kWhile = 5; // values of scope_kind
-
 constexpr LongText<Shown> kFriendClass{"friend class '`%s`' identified.\n"
                                        "           This is a problematic construct as it breaks encapsulation.\n"};
 

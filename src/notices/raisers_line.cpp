@@ -138,10 +138,7 @@ void EmitScopeError(Globals *G) {
         const char *word = ScopeWord(G->scope_kind);
         WriteLong(22, G->scope_line, G, kBareBody, word, word);
     }
-    G->scope_kind = 0;
-    G->scope_pending_line = 0;
-    G->scope_line = 0;
-    G->scope_paren = 0;
+    static_cast<BodyWatch &>(*G) = BodyWatch{};
 }
 
 void CPP_Symbol(int line, const char *word, Globals *G) {

@@ -4,16 +4,23 @@
 #include "run/scope_state.h"
 #include "run/text.h"
 
-// What a nested class puts aside: one record of the class stack is a copy of this.
-struct ClassBody {
-    LineText classname;      // with its namespace and enclosing classes in front
+// The texts of a class, which outlive it.
+struct ClassTexts {
+    LineText classname;
     LineText class_template; // template heading
     LineText inherit_line;   // inheritance text
-    int class_scope;         // braces open inside the class
-    // where the class's figures are measured from
+    int template_done;       // class_template holds one
+};
+
+// Where the figures of a class are measured from.
+struct ClassStart {
     int class_start_line, class_start_loc, class_start_lloc, class_start_noneffective, class_start_blank, class_start_comment;
     int class_start_white, class_start_chars;
-    int class_loc_max_file, class_loc_min_file; // class LOC of the file
+};
+
+// The open body and what is known of a heading: what the end of the outermost class clears.
+struct ClassScope {
+    int class_scope; // braces open inside the class
     int cls_pub_data, cls_prot_data, cls_priv_data;
     int cls_pub_methods, cls_prot_methods, cls_priv_methods;
     int access_public, access_protected, access_private; // the access section in hand: exactly one inside a class
@@ -24,16 +31,24 @@ struct ClassBody {
     int inherit_more;                                    // more of it may follow on the next line
     int template_flag;                                   // a template heading waits for its entity
     int template_beg_flag;                               // it is still being read
-    int template_done;                                   // class_template holds one
     int struct_flag;                                     // the open body is a struct
     int struct_pending;                                  // the pending heading is a struct
 };
 
-struct ClassState : ClassBody {
+// What a nested class puts aside: one record of the class stack is a copy of this.
+struct ClassBody : ClassTexts, ClassStart, ClassScope {
+    int class_loc_max_file, class_loc_min_file; // class LOC of the file
+};
+
+// A heading that was read and whose "{" has not come.
+struct ClassHead {
+    int class_pending;
+    int interface_flag; // it is an interface's
+};
+
+struct ClassState : ClassBody, ClassHead {
     LineText template_line;                  // template heading being gathered
     int class_flag;                          // inside a body
-    int class_pending;                       // a heading was read; its "{" has not come
-    int interface_flag;                      // the pending heading is an interface
     int classname_pending;                   // the name is looked for on the next line
     int class_index;                         // nesting depth, 0 in a top-level class
     int method_flag, method_done, attr_flag; // the member in hand

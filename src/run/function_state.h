@@ -11,20 +11,24 @@ struct FunctionCounters {
     int local_semicolon; // ";"
 };
 
-struct FunctionState {
+// The head in hand: what the end of its function clears. Its texts stay.
+struct FunctionHead {
+    int funcname_flag;          // a head was recognised and its body isn't closed
+    int param_list_flag;        // inside its parameter list
+    int param_capture;          // parameter text is still collected
+    int kr_flag;                // a ";" between parameter list and body: old style parameters
+    int macro_like_name;        // the name is the line's first token and all upper case
+    int func_template;          // func_template_text holds a heading
+    int instantiate_colon_flag; // a ":" between head and body: constructor initialisers
+};
+
+struct FunctionState : FunctionHead {
     LineText funcname;           // the candidate, qualified
     LineText params;             // its parameter text
     LineText func_template_text; // its template heading
     LineText func_first_line;    // the line of its "{", outside notice mode
-    int funcname_flag;           // a head was recognised and its body isn't closed
-    int param_list_flag;         // inside its parameter list
-    int param_capture;           // parameter text is still collected
     int param_line;              // the last line collected into params
-    int kr_flag;                 // a ";" between parameter list and body: old style parameters
-    int macro_like_name;         // the name is the line's first token and all upper case
-    int func_template;           // func_template_text holds a heading
     int inline_flag;             // declared inline
-    int instantiate_colon_flag;  // a ":" between head and body: constructor initialisers
     int local_params;            // parameters of the open function
     int local_void_param;        // its parameter list holds void
     // where the open function's figures are measured from
