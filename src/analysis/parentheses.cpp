@@ -12,10 +12,7 @@
 namespace {
 
 // namespace std VISIBLE(default) {
-int IsHeadingMacro(const Scan &scan, const Globals *G) {
-    if (!G->namespacebeg_flag || G->namespace_scope > 0 || G->is_java) {
-        return 0;
-    }
+int IsBehindMacro(const Scan &scan, const Globals *G) {
     int end = scan.index;
     while (IsBlankOrTab(scan.line[end - 1])) {
         --end;
@@ -129,7 +126,8 @@ void OnOpenParen(Scan &scan, Globals *G) {
     if (G->dotnet_attr || G->paren_skip) {
         return;
     }
-    if (IsHeadingMacro(scan, G)) {
+    const int in_heading = G->namespacebeg_flag && G->namespace_scope <= 0;
+    if (in_heading && IsBehindMacro(scan, G)) {
         G->paren_skip = G->local_paren;
         return;
     }
