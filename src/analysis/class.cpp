@@ -135,21 +135,21 @@ void NameStruct(const Scan &scan, Globals *G) {
     }
 }
 
-FunctionFigures MeasureClass(const Globals *G) {
-    FunctionFigures figures{};
+EntityFigures MeasureClass(const Globals *G) {
+    EntityFigures figures{};
     figures.loc = G->file_loc + 1 - G->class_start_loc; // 1 for the line of the "}", which isn't counted yet
     figures.eloc = figures.loc - (G->just_paren_count + G->just_brace_count - G->class_start_noneffective);
     figures.lloc = LogicalLines(*G) - G->class_start_lloc;
     figures.comments = G->file_comments - G->class_start_comment;
     figures.blanks = G->file_blank - G->class_start_blank;
-    figures.span = G->file_line_no - G->class_start_line;
-    if (figures.span == 0) {
-        figures.span = 1;
+    figures.lines = G->file_line_no - G->class_start_line;
+    if (figures.lines == 0) {
+        figures.lines = 1;
     }
     if (figures.blanks <= 0) { // both percentages are 0 then
         return figures;
     }
-    figures.blank_pct = static_cast<float>(figures.blanks) / static_cast<float>(figures.span) * 100.0F;
+    figures.blank_pct = static_cast<float>(figures.blanks) / static_cast<float>(figures.lines) * 100.0F;
     const int chars = G->file_chars - G->class_start_chars;
     if (chars > 0) {
         figures.white_pct = static_cast<float>(WhiteSoFar(G) - G->class_start_white) / static_cast<float>(chars) * 100.0F;
@@ -168,14 +168,14 @@ void Widen(int loc, int *max, int *min) {
     }
 }
 
-void ShowFigures(const FunctionFigures &figures, Globals *G) {
+void ShowFigures(const EntityFigures &figures, Globals *G) {
     DataLine(G->cls_pub_data, G->cls_prot_data, G->cls_priv_data, G);
     MethodLine(G->cls_pub_methods, G->cls_prot_methods, G->cls_priv_methods, G);
-    LOCLine(figures.loc, figures.eloc, figures.lloc, figures.comments, figures.span, G);
+    LOCLine(figures.loc, figures.eloc, figures.lloc, figures.comments, figures.lines, G);
     FPLOCLine(nullptr, figures.loc, figures.eloc, figures.lloc, G);
 }
 
-void ReportClass(const FunctionFigures &figures, Globals *G) {
+void ReportClass(const EntityFigures &figures, Globals *G) {
     EmitClass(G);
     EmitInheritanceLine(G);
     if (G->totals_only) {
@@ -187,7 +187,7 @@ void ReportClass(const FunctionFigures &figures, Globals *G) {
     }
 }
 
-void ReportClassWithNotices(const FunctionFigures &figures, Globals *G) {
+void ReportClassWithNotices(const EntityFigures &figures, Globals *G) {
     NoticesOfClass(figures, G);
     if (G->totals_only) {
         return;
@@ -269,7 +269,7 @@ void OpenInterface(Scan &scan, Globals *G) {
 
 void CloseClass(Scan &scan, Globals *G) {
     NameStruct(scan, G);
-    const FunctionFigures figures = MeasureClass(G);
+    const EntityFigures figures = MeasureClass(G);
     Widen(figures.loc, &G->class_loc_max, &G->class_loc_min);
     Widen(figures.loc, &G->class_loc_max_file, &G->class_loc_min_file);
     if (G->object_metrics) {
@@ -278,7 +278,7 @@ void CloseClass(Scan &scan, Globals *G) {
         } else {
             ReportClass(figures, G);
         }
-        Add_Class2Class(figures.loc, figures.eloc, figures.lloc, figures.comments, figures.blanks, figures.span, G);
+        Add_Class2Class(figures, G);
     }
     if (G->class_index > 0) {
         PopNestedClass(G);
@@ -336,19 +336,14 @@ int PopNestedClass(Globals *G) {
     return --G->class_index;
 }
 
-void Add_Class2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, Globals *G) {
+void Add_Class2Class(const LineCounts &lines, Globals *G) {
     NodeData *record = G->interface_class               ? FindInterface(G->classname, G)
                        : FindNamespace(G->classname, G) ? nullptr
                                                         : FindClass(G->classname, G);
     if (!record) {
         return;
     }
-    record->loc += loc;
-    record->eloc += eloc;
-    record->lloc += lloc;
-    record->comments += comments;
-    record->blanks += blanks;
-    record->lines += span;
+    Add(*record, lines);
     record->public_data += G->cls_pub_data;
     record->protected_data += G->cls_prot_data;
     record->private_data += G->cls_priv_data;

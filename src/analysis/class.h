@@ -2,6 +2,7 @@
 #pragma once
 
 struct Globals;
+struct LineCounts;
 struct Scan;
 
 // Reads the name that begins at col into classname, with its namespace and enclosing classes in front.
@@ -24,7 +25,7 @@ void CloseClass(Scan &scan, Globals *G);
 int PushNestedClass(Globals *G);
 int PopNestedClass(Globals *G);
 // Adds the figures of the closing class to its record.
-void Add_Class2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, Globals *G);
+void Add_Class2Class(const LineCounts &lines, Globals *G);
 
 // Output: the head and tail in notice mode, the head in all others, the bases.
 void ClassBegin(Globals *G);

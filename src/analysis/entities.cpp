@@ -26,8 +26,16 @@ NodeData *EnterLast(int added, Llist *list, NameIndex *index, Globals *G) {
 
 NodeData *AddRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
                     int is_struct, Llist *list, NameIndex *index, Globals *G) {
-    const int added = AddListNode(0, name, nullptr, inherit, template_text, G->file_name, line, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                                  0, 0, 0, 0, nesting, parents, is_struct, nullptr, list, G, 0.0F);
+    NodeData record{};
+    record.name = const_cast<char *>(name); // texts are copied
+    record.inherit_line = const_cast<char *>(inherit);
+    record.template_line = const_cast<char *>(template_text);
+    record.file = G->file_name;
+    record.line = line;
+    record.nesting = nesting;
+    record.parents = parents;
+    record.is_struct = is_struct;
+    const int added = AddListNode(0, record, list, G);
     return EnterLast(added, list, index, G);
 }
 

@@ -45,14 +45,14 @@ void TakeSnapshots(Globals *G) {
     G->func_start_chars = G->file_chars;
 }
 
-FunctionFigures Measure(const Globals *G) {
-    FunctionFigures f{};
+EntityFigures Measure(const Globals *G) {
+    EntityFigures f{};
     f.loc = G->file_loc + 1 - G->func_start_loc;
     f.lloc = G->local_semicolon - G->local_for;
     f.blanks = G->file_blank - G->func_start_blank;
     f.eloc = f.loc - (G->just_paren_count + G->just_brace_count - G->func_start_noneffective);
     f.comments = G->file_comments - G->func_start_comment;
-    f.span = G->file_line_no + 1 - G->func_start_line;
+    f.lines = G->file_line_no + 1 - G->func_start_line;
     const int total = f.loc + f.blanks + f.comments;
     const int chars = G->file_chars - G->func_start_chars;
     if (chars > 0) {
@@ -67,7 +67,7 @@ FunctionFigures Measure(const Globals *G) {
     return f;
 }
 
-void AddToSums(const FunctionFigures &f, Globals *G) {
+void AddToSums(const EntityFigures &f, Globals *G) {
     G->func_loc_sum += f.loc;
     G->func_eloc_sum += f.eloc;
     G->func_lloc_sum += f.lloc;
@@ -77,22 +77,39 @@ void AddToSums(const FunctionFigures &f, Globals *G) {
 }
 
 // The lines of a method in its class's body are the class's lines already; "void A::f() {" outside of it brings its own.
-void AddToClass(const FunctionFigures &f, int cyclo, Globals *G) {
+void AddToClass(const EntityFigures &f, int cyclo, Globals *G) {
     const bool qualified = strstr(G->funcname, "::") != nullptr;
     if (G->class_flag && (qualified || strchr(G->funcname, '.'))) {
-        Add_Func2Class(0, 0, 0, 0, 0, 0, cyclo, G->local_params, G->local_return, G);
+        Add_Func2Class({}, cyclo, G->local_params, G->local_return, G);
     } else if (qualified && !G->class_flag) {
-        Add_Func2Class(f.loc, f.eloc, f.lloc, f.comments, f.blanks, f.span, cyclo, G->local_params, G->local_return, G);
+        Add_Func2Class(f, cyclo, G->local_params, G->local_return, G);
     }
 }
 
-int AddRecord(const FunctionFigures &f, int cyclo, Globals *G) {
-    return AddListNode(0, G->funcname, G->params, nullptr, G->func_template ? G->func_template_text : nullptr, G->file_name,
-                       G->file_line_no, 0, G->local_params, f.loc, f.eloc, f.lloc, f.comments, f.blanks, f.span, cyclo,
-                       G->local_return, 0, 0, 0, 0, 0, 0, 0, 0, 0, nullptr, &G->function_list, G, 0.0F);
+int AddRecord(const EntityFigures &f, int cyclo, Globals *G) {
+    NodeData record{};
+    static_cast<LineCounts &>(record) = f;
+    record.name = G->funcname;
+    record.parameters = G->params;
+    record.template_line = G->func_template ? G->func_template_text : nullptr;
+    record.file = G->file_name;
+    record.line = G->file_line_no;
+    record.params = G->local_params;
+    record.returns = G->local_return;
+    record.cyclo = cyclo;
+    return AddListNode(0, record, &G->function_list, G);
 }
 
-void ShowTail(const FunctionFigures &f, Globals *G) {
+// A function more for a class or a namespace.
+void AddFunction(NodeData *sum, const LineCounts &lines, int cyclo, int64_t params, int returns) {
+    Add(*sum, lines);
+    sum->cyclo += cyclo;
+    sum->params += params;
+    sum->returns += returns;
+    sum->percent += 1.0F;
+}
+
+void ShowTail(const EntityFigures &f, Globals *G) {
     if (G->list_functions || G->show_class_methods) {
         return;
     }
@@ -102,7 +119,7 @@ void ShowTail(const FunctionFigures &f, Globals *G) {
         EmitFunction(G);
     }
     if (!G->function_metrics_implied) {
-        ShowFunction(f.loc, f.eloc, f.lloc, f.comments, f.span, G);
+        ShowFunction(f, G);
     }
 }
 
@@ -166,7 +183,7 @@ void CloseFunction(Scan &scan, Globals *G) {
     if (G->local_return == 0) { // a function that falls off its end returns there
         G->local_return = 1;
     }
-    const FunctionFigures figures = Measure(G);
+    const EntityFigures figures = Measure(G);
     NoticesBeforeSums(figures, G);
     AddToSums(figures, G);
     NoticesOfLimits(figures, G);
@@ -212,8 +229,7 @@ void ResetFunction(Globals *G) {
 }
 
 // A method of a nested class counts for every class around it. Levels that no stack holds have no name to be found by.
-void Add_Func2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, int cyclo, int params, int returns,
-                    Globals *G) {
+void Add_Func2Class(const LineCounts &lines, int cyclo, int params, int returns, Globals *G) {
     LineText name;
     CopyText(name, G->funcname);
     const int nested = std::min(G->class_index, kNestingLimit);
@@ -228,43 +244,25 @@ void Add_Func2Class(int loc, int eloc, int lloc, int comments, int blanks, int s
         if (!record) {
             return;
         }
-        record->loc += loc;
-        record->eloc += eloc;
-        record->lloc += lloc;
-        record->comments += comments;
-        record->blanks += blanks;
-        record->lines += span;
-        record->cyclo += cyclo;
-        record->params += params;
-        record->returns += returns;
-        record->percent += 1.0F;
+        AddFunction(record, lines, cyclo, params, returns);
     }
 }
 
-void Add_Func2namespace(const char *name, int loc, int lloc, int eloc, int comments, int span, int cyclo, int64_t params,
-                        int returns, Globals *G) {
+void Add_Func2namespace(const NodeData &function, Globals *G) {
     if (G->treat_c_headers_as_cpp || G->is_cpp || G->is_cs) {
         G->class_lang_seen = 1;
     }
-    const char *colon = strchr(name, ':');
-    if (!colon || strrchr(name, ':') != colon + 1) {
+    const char *colon = strchr(function.name, ':');
+    if (!colon || strrchr(function.name, ':') != colon + 1) {
         return;
     }
     LineText left;
-    CopyPart(left, name, colon - name);
-    NodeData *record = FindNamespace(left, G);
-    if (!record) {
-        return;
+    CopyPart(left, function.name, colon - function.name);
+    if (NodeData *record = FindNamespace(left, G)) {
+        LineCounts lines = function;
+        lines.blanks = 0; // stay those of the namespace's classes
+        AddFunction(record, lines, function.cyclo, function.params, function.returns);
     }
-    record->loc += loc;
-    record->lloc += lloc;
-    record->eloc += eloc;
-    record->comments += comments;
-    record->lines += span;
-    record->cyclo += cyclo;
-    record->params += params;
-    record->returns += returns;
-    record->percent += 1.0F;
 }
 
 void SettleFunctionList(Globals *G) {

@@ -1,10 +1,11 @@
 // Functions: from a "(" to a candidate, from its "{" to its "}", and their figures.
 #pragma once
 
-#include <cstdint>
 #include <span>
 
 struct Globals;
+struct LineCounts;
+struct NodeData;
 struct Scan;
 
 // Looks for a function name in line in front of col, the index of a "(" (or of the line's last character, when the name stands on
@@ -38,13 +39,11 @@ int CountComplexity(Globals *G);
 void FunctionBegin(Globals *G);
 void FunctionEnd(Globals *G);
 void EmitFunction(Globals *G);
-void ShowFunction(int loc, int eloc, int lloc, int comments, int span, Globals *G);
+void ShowFunction(const LineCounts &lines, Globals *G);
 
-// Roll a function's figures up to its class or classes. A memory failure gives a message.
-void Add_Func2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, int cyclo, int params, int returns,
-                    Globals *G);
-// The same to the namespace in front of the only "::" of the name; called by the project summary.
-void Add_Func2namespace(const char *name, int loc, int lloc, int eloc, int comments, int span, int cyclo, int64_t params,
-                        int returns, Globals *G);
+// Rolls the figures of the function that is ending up to its class or classes. A memory failure gives a message.
+void Add_Func2Class(const LineCounts &lines, int cyclo, int params, int returns, Globals *G);
+// The same of a record to the namespace in front of the only "::" of its name; called by the project summary.
+void Add_Func2namespace(const NodeData &function, Globals *G);
 // The list of functions takes its records in order of closing; with a sort key it is put into that order before its first walk.
 void SettleFunctionList(Globals *G);

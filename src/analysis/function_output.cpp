@@ -228,12 +228,12 @@ void EmitFunction(Globals *G) {
     G->inline_flag = 0;
 }
 
-void ShowFunction(int loc, int eloc, int lloc, int comments, int span, Globals *G) {
+void ShowFunction(const LineCounts &lines, Globals *G) {
     const int cyclo = GetCycloComplexity(G);
     if (G->csv_function_lines) {
         std::replace(G->params, G->params + strlen(G->params), ',', ';');
-        CSV_Function_Line(gTLYOUT, G->funcname, G->params, 0, loc, eloc, lloc, comments, G->file_blank - G->func_start_blank, span,
-                          0, 1, G->local_params, G->local_return, cyclo, 0, 0, G);
+        CSV_Function_Line(gTLYOUT, G->funcname, G->params, 0, lines.loc, lines.eloc, lines.lloc, lines.comments, lines.blanks,
+                          lines.lines, 0, 1, G->local_params, G->local_return, cyclo, 0, 0, G);
         return;
     }
     if (G->totals_only || G->comment_doc_mode) {
@@ -241,8 +241,8 @@ void ShowFunction(int loc, int eloc, int lloc, int comments, int span, Globals *
     }
     ComplexDetails(cyclo, G);
     ComplexLine(G->local_params, G->local_return, cyclo, G);
-    LOCLine(loc, eloc, lloc, comments, span, G);
-    FPLOCLine(nullptr, loc, eloc, lloc, G);
+    LOCLine(lines.loc, lines.eloc, lines.lloc, lines.comments, lines.lines, G);
+    FPLOCLine(nullptr, lines.loc, lines.eloc, lines.lloc, G);
     if (G->quality_notices) {
         ShowStateLine(G->file_line_no, "Function End", G);
     } else {

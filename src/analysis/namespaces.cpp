@@ -74,12 +74,7 @@ int CutLastPart(char *name) {
 }
 
 void AddFigures(NodeData *sum, const NodeData *record) {
-    sum->loc += record->loc;
-    sum->eloc += record->eloc;
-    sum->lloc += record->lloc;
-    sum->comments += record->comments;
-    sum->blanks += record->blanks;
-    sum->lines += record->lines;
+    Add(*sum, *record);
     sum->cyclo += record->cyclo;
     sum->returns += record->returns;
     sum->params += record->params;

@@ -48,13 +48,7 @@ void AddTotal(Globals *G) {
     G->total_points.fp_eloc += G->fp_eloc;
     G->total_points.fp_lloc += G->fp_lloc;
 
-    LanguageSums &sums = G->language_sums[GroupOf(G)];
-    sums.loc += G->file_loc;
-    sums.eloc += EffectiveLines(*G);
-    sums.lloc += LogicalLines(*G);
-    sums.comments += G->file_comments;
-    sums.blanks += G->file_blank;
-    sums.lines += G->file_line_no;
+    Add(G->language_sums[GroupOf(G)], LinesOf(*G));
 }
 
 void SetTotal(Globals *G) {

@@ -108,7 +108,7 @@ void NoticesOfSwitches(Globals *G) {
 }
 
 // 17 of a function, 31 of a class.
-void NoticeOfComments(int n, const char *kind, const FunctionFigures &figures, float limit, Globals *G) {
+void NoticeOfComments(int n, const char *kind, const EntityFigures &figures, float limit, Globals *G) {
     const int lines = figures.loc + figures.comments;
     if (lines > 0 && Percent(figures.comments, lines) < limit) {
         NoticeContent(n, kind, Percent(figures.comments, lines), limit, G);
@@ -169,7 +169,7 @@ void CheckBodyBehindParen(const Scan &scan, Globals *G) {
     }
 }
 
-void NoticesBeforeSums(const FunctionFigures &figures, Globals *G) {
+void NoticesBeforeSums(const EntityFigures &figures, Globals *G) {
     NoticeOfName(G);
     if (G->kr_flag) {
         NoticeAtLine(10, G);
@@ -191,7 +191,7 @@ void NoticesBeforeSums(const FunctionFigures &figures, Globals *G) {
     }
 }
 
-void NoticesOfLimits(const FunctionFigures &figures, Globals *G) {
+void NoticesOfLimits(const EntityFigures &figures, Globals *G) {
     if (G->local_return > G->max_return_points) {
         Notice_Return_Limit(G->local_return, G);
     }
@@ -206,7 +206,7 @@ void NoticesOfLimits(const FunctionFigures &figures, Globals *G) {
     }
 }
 
-void NoticesOfClass(const FunctionFigures &figures, Globals *G) {
+void NoticesOfClass(const EntityFigures &figures, Globals *G) {
     if (!G->object_metrics || !G->quality_notices) {
         return;
     }

@@ -159,10 +159,22 @@ int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int 
     int of[kWorkMetrics];
     std::transform(std::begin(metrics.of), std::end(metrics.of), of, Clamp);
     constexpr int kSortNot = 0;
-    return AddListNode(kSortNot, name, nullptr, nullptr, nullptr, nullptr, 0, date, metrics.of[kWorkSize], of[kWorkLoc],
-                       of[kWorkEloc], of[kWorkLloc], of[kWorkComments], of[kWorkBlanks], of[kWorkLines], of[kWorkCyclo], state,
-                       of[kWorkNotices], of[kWorkInterface], of[kWorkTotalComplexity], of[kWorkFunctions], 0, 0, hidden, 0, 0,
-                       diff_file, list, G, diff_pct);
+    NodeData record{};
+    static_cast<LineCounts &>(record) = {of[kWorkLoc],      of[kWorkEloc],   of[kWorkLloc],
+                                         of[kWorkComments], of[kWorkBlanks], of[kWorkLines]};
+    record.name = const_cast<char *>(name); // texts are copied
+    record.diff_file = const_cast<char *>(diff_file);
+    record.date = date;
+    record.params = metrics.of[kWorkSize];
+    record.cyclo = of[kWorkCyclo];
+    record.returns = state;
+    record.public_methods = of[kWorkNotices];
+    record.protected_methods = of[kWorkInterface];
+    record.private_methods = of[kWorkTotalComplexity];
+    record.public_data = of[kWorkFunctions];
+    record.nesting = hidden;
+    record.percent = diff_pct;
+    return AddListNode(kSortNot, record, list, G);
 }
 
 FILE *CreateWorkFile(Globals *G) {

@@ -64,6 +64,6 @@ struct Globals : RunSwitches,
                  PerFile {
     FileCounters total;               // the project: the same shape as one file
     FunctionPointValues total_points; // the project's function points
-    LanguageSums language_sums[kLanguageGroups];
+    LineCounts language_sums[kLanguageGroups];
     int project_files; // files of all languages, once the totals are set
 };

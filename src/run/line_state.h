@@ -1,6 +1,7 @@
 // What the line scanner keeps from line to line, and what it counts. The per-file records are cleared behind every file.
 #pragma once
 
+#include "run/records.h"
 #include "run/text.h"
 
 // Counters of one file that have a project sum. Ints only: the sum is taken cell by cell.
@@ -51,6 +52,16 @@ inline int LogicalLines(const FileCounters &of) {
     return of.semicolon_count - of.for_count;
 }
 
+// The lines of a file, or of the project.
+inline LineCounts LinesOf(const FileCounters &of) {
+    return {.loc = of.file_loc,
+            .eloc = EffectiveLines(of),
+            .lloc = LogicalLines(of),
+            .comments = of.file_comments,
+            .blanks = of.file_blank,
+            .lines = of.file_line_no};
+}
+
 // The state of comments, strings and continued lines.
 struct LineState {
     int c_comment;          // inside /* */
@@ -80,11 +91,6 @@ struct LineBuffers {
     LineText line_code;            // characters outside comments and strings
     LineText line_string;          // characters of string literals, quotes included
     LineText line_comment;         // characters of comments
-};
-
-// LOC family of one language group of the project.
-struct LanguageSums {
-    int loc, eloc, lloc, comments, blanks, lines;
 };
 
 enum LanguageGroup { kHeaderGroup, kCGroup, kCppGroup, kJavaGroup, kCsGroup, kOtherGroup, kLanguageGroups };

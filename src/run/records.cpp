@@ -41,40 +41,26 @@ int AddOrFree(bool complete, void *record, LlistFree free_texts, Llist *list, Ll
 
 } // namespace
 
-int AddListNode(int sort_key, const char *name, const char *parameters, const char *inherit_line, const char *template_line,
-                const char *file, int line, int64_t date, int64_t params, int loc, int eloc, int lloc, int comments, int blanks,
-                int lines, int cyclo, int returns, int public_methods, int protected_methods, int private_methods, int public_data,
-                int protected_data, int private_data, int nesting, int parents, int is_struct, const char *diff_file, Llist *list,
-                Globals *G, float percent) {
-    NodeData *node = name && list ? NewRecord<NodeData>() : nullptr;
+void Add(LineCounts &sum, const LineCounts &more) {
+    sum.loc += more.loc;
+    sum.eloc += more.eloc;
+    sum.lloc += more.lloc;
+    sum.comments += more.comments;
+    sum.blanks += more.blanks;
+    sum.lines += more.lines;
+}
+
+int AddListNode(int sort_key, const NodeData &like, Llist *list, Globals *G) {
+    NodeData *node = like.name && list ? NewRecord<NodeData>() : nullptr;
     if (!node) {
         return 0;
     }
-    const bool complete = StoreText(&node->name, name) && StoreText(&node->parameters, parameters) &&
-                          StoreText(&node->inherit_line, inherit_line) && StoreText(&node->template_line, template_line) &&
-                          StoreText(&node->diff_file, diff_file);
-    node->file = file;
-    node->line = line;
-    node->date = date;
-    node->params = params;
-    node->loc = loc;
-    node->eloc = eloc;
-    node->lloc = lloc;
-    node->comments = comments;
-    node->blanks = blanks;
-    node->lines = lines;
-    node->cyclo = cyclo;
-    node->returns = returns;
-    node->public_methods = public_methods;
-    node->protected_methods = protected_methods;
-    node->private_methods = private_methods;
-    node->public_data = public_data;
-    node->protected_data = protected_data;
-    node->private_data = private_data;
-    node->nesting = nesting;
-    node->parents = parents;
-    node->is_struct = is_struct;
-    node->percent = percent;
+    *node = like;
+    char **const texts[] = {&node->name, &node->parameters, &node->inherit_line, &node->template_line, &node->diff_file};
+    bool complete = true;
+    for (char **text : texts) {
+        complete = StoreText(text, *text) && complete; // one that has no copy is null, so that only copies are freed
+    }
     return AddOrFree(complete, node, NodeDataFree, list, NodeDataComparator(sort_key), G);
 }
 
@@ -115,8 +101,9 @@ int AddNameRawNode(NameData *record, int sort_flag, Llist *list, Globals *G) {
 }
 
 int AddDirMetricsNode(const char *directory, Globals *G) {
-    return AddListNode(1, directory, nullptr, nullptr, nullptr, nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                       nullptr, &G->dir_metrics_list, G, 0.0F);
+    NodeData entry{};
+    entry.name = const_cast<char *>(directory); // copied
+    return AddListNode(1, entry, &G->dir_metrics_list, G);
 }
 
 void NodeDataFree(void *record) {

@@ -9,8 +9,13 @@
 
 #include "run/llist.h"
 
-struct Metrics {
+// The lines of a file, a language, a function, a class or a namespace.
+struct LineCounts {
     int loc, eloc, lloc, comments, blanks, lines;
+};
+void Add(LineCounts &sum, const LineCounts &more);
+
+struct Metrics : LineCounts {
     int functions, params, returns, cyclo;
 };
 
@@ -27,16 +32,19 @@ struct FileData : Metrics, FunctionPointValues {
     int skipped;  // lines skipped by tokens
 };
 
-struct NodeData {
-    char *name;          // owned
+// The first part of a record that a NameIndex finds.
+struct Named {
+    char *name; // owned
+};
+
+struct NodeData : Named, LineCounts {
     char *parameters;    // parameter text of a function; owned, may be null
     char *inherit_line;  // base class text; owned, may be null
     char *template_line; // template text; owned, may be null
     const char *file;    // the FileData's name; shared, may be null
     int64_t date;
     int64_t params; // parameters; in a directory entry: number of files
-    int loc, eloc, lloc, cyclo;
-    int comments, blanks, lines;
+    int cyclo;
     int returns;   // return points; in a work file comparison: the state
     float percent; // in a class or namespace: number of its functions
     int public_methods, protected_methods, private_methods;
@@ -54,12 +62,9 @@ struct NameData {
     int number; // of a notice; 1 for a macro of the macro file, 0 for a #define
 };
 
-// Creates a NodeData in list, sorted by sort_key. Null texts stay null; a null name or list is refused.
-int AddListNode(int sort_key, const char *name, const char *parameters, const char *inherit_line, const char *template_line,
-                const char *file, int line, int64_t date, int64_t params, int loc, int eloc, int lloc, int comments, int blanks,
-                int lines, int cyclo, int returns, int public_methods, int protected_methods, int private_methods, int public_data,
-                int protected_data, int private_data, int nesting, int parents, int is_struct, const char *diff_file, Llist *list,
-                Globals *G, float percent);
+// Creates a NodeData in list, sorted by sort_key: the figures of like, and copies of its texts, null ones as null. Without a name
+// or a list it is refused.
+int AddListNode(int sort_key, const NodeData &like, Llist *list, Globals *G);
 // Creates a FileData in list, sorted by sort_key. A null name or list is refused.
 int AddFileNode(const char *name, int64_t date, int64_t size, int language, const FunctionPointValues &points,
                 const Metrics &metrics, Llist *list, int sort_key, Globals *G);

@@ -26,16 +26,7 @@ struct Bench : StateBench {
         SetMode(mode);
     }
     void AddFile(const char *name, int64_t date, int64_t size, int loc) {
-        const Metrics metrics{.loc = loc,
-                              .eloc = loc,
-                              .lloc = 1,
-                              .comments = 2,
-                              .blanks = 3,
-                              .lines = loc + 5,
-                              .functions = 0,
-                              .params = 0,
-                              .returns = 0,
-                              .cyclo = 0};
+        const Metrics metrics{{loc, loc, 1, 2, 3, loc + 5}, 0, 0, 0, 0};
         CHECK(AddFileNode(name, date, size, kC, {loc / 4.0, 0, 0}, metrics, &G->file_list, 0, G));
     }
 };
@@ -52,7 +43,7 @@ size_t Count(const std::string &text, const char *part) {
     return found;
 }
 
-void AddLanguage(LanguageGroup group, const LanguageSums &sums, Globals *G) {
+void AddLanguage(LanguageGroup group, const LineCounts &sums, Globals *G) {
     G->language_sums[group] = sums;
     G->file_loc += sums.loc;
     G->semicolon_count += sums.lloc;

@@ -174,7 +174,10 @@ TEST_CASE_FIXTURE(Bench, "the class, the enclosing classes or the namespace take
     G->class_index = 1000000000; // levels that no stack holds cost nothing
     Run("A::C", "()", line);
     for (const char *name : {"n::g", "n::A::g", "n:g", "g", "m::g"}) {
-        Add_Func2namespace(name, 100, 0, 0, 0, 0, 0, 0, 0, G);
+        NodeData function{};
+        function.name = const_cast<char *>(name);
+        function.loc = 100;
+        Add_Func2namespace(function, G);
     }
     CHECK(FindNamespace("n", G)->loc == 102);
 }

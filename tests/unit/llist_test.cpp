@@ -120,8 +120,12 @@ TEST_CASE_FIXTURE(ListBench, "list: sorting equals inserting one by one, ties in
 TEST_CASE_FIXTURE(ListBench, "list: ties, directions and keys") {
     Llist entities{};
     auto add = [&](const char *name, int loc, int state, int key) {
-        AddListNode(key, name, nullptr, "base", nullptr, nullptr, 0, 0, 0, loc, 0, 0, 0, 0, 0, 0, state, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                    nullptr, &entities, G, 0.0F);
+        NodeData record{};
+        record.name = const_cast<char *>(name);
+        record.inherit_line = const_cast<char *>("base");
+        record.loc = loc;
+        record.returns = state;
+        AddListNode(key, record, &entities, G);
     };
     struct Case {
         int key, descending;
@@ -152,8 +156,9 @@ TEST_CASE_FIXTURE(ListBench, "list: ties, directions and keys") {
 TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
     Llist dirs{};
     for (const char *name : {"/src/lib", "/src", "/Doc"}) {
-        AddListNode(0, name, nullptr, nullptr, nullptr, nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                    nullptr, &dirs, G, 0.0F);
+        NodeData record{};
+        record.name = const_cast<char *>(name);
+        AddListNode(0, record, &dirs, G);
     }
     auto position = [&](const char *key, LlistCompare compare) {
         const LlistNode *node = LlistSearch(&dirs, key, compare);

@@ -227,8 +227,7 @@ TEST_CASE_FIXTURE(Bench, "the ends of functions and classes raise in their order
     G->kr_flag = G->local_bracket = G->local_paren = G->local_switch = G->local_case = G->object_metrics = G->virtual_class = 1;
     G->local_return = G->cls_pub_methods = 2;
     G->is_cpp = 1;
-    const FunctionFigures figures{
-        .loc = 9, .eloc = 9, .lloc = 0, .comments = 1, .blanks = 0, .span = 9, .white_pct = 1, .blank_pct = 2};
+    const EntityFigures figures{{9, 9, 0, 1, 0, 9}, 1, 2};
     CopyText(G->funcname, "LongClass::Four"); // only the name behind the class counts; 1 comment beside 9 lines is 10 percent
     Written([&] { NoticesBeforeSums(figures, G); });
     CHECK(Listed(G) == "10 11 12 13 14 46 16 18 ");

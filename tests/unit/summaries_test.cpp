@@ -32,8 +32,24 @@ struct Desk : StateBench {
         SetMode(mode);
     }
     NodeData *Add(Llist &list, const Entity &e) {
-        CHECK(AddListNode(0, e.name, e.parameters, e.inherit, e.template_line, "a&b.cpp", 7, 0, 2, e.loc, e.loc - 2, 4, e.comments,
-                          1, e.loc + 5, 3, 1, e.methods, 0, 0, 1, 0, 2, e.nesting, 0, e.is_struct, nullptr, &list, G, e.functions));
+        NodeData record{};
+        static_cast<LineCounts &>(record) = {e.loc, e.loc - 2, 4, e.comments, 1, e.loc + 5};
+        record.name = const_cast<char *>(e.name);
+        record.parameters = const_cast<char *>(e.parameters);
+        record.inherit_line = const_cast<char *>(e.inherit);
+        record.template_line = const_cast<char *>(e.template_line);
+        record.file = "a&b.cpp";
+        record.line = 7;
+        record.params = 2;
+        record.cyclo = 3;
+        record.returns = 1;
+        record.public_methods = e.methods;
+        record.public_data = 1;
+        record.private_data = 2;
+        record.nesting = e.nesting;
+        record.is_struct = e.is_struct;
+        record.percent = e.functions;
+        CHECK(AddListNode(0, record, &list, G));
         return Record<NodeData>(list.tail);
     }
 };

@@ -28,15 +28,6 @@ constexpr LanguageRow kLanguageRows[kLanguageGroups] = {
 // In tables C# stands in front of Java.
 constexpr LanguageGroup kTableOrder[] = {kHeaderGroup, kCGroup, kCppGroup, kCsGroup, kJavaGroup, kOtherGroup};
 
-static LanguageSums ProjectSums(const Globals *G) {
-    return {.loc = G->file_loc,
-            .eloc = EffectiveLines(*G),
-            .lloc = LogicalLines(*G),
-            .comments = G->file_comments,
-            .blanks = G->file_blank,
-            .lines = G->file_line_no};
-}
-
 constexpr Forms<> kProfileColumns{.text = "\n  Language   LOC %%    eLOC %%    lLOC %%    Comments %%   Blanks %%    Lines %%\n",
                                   .html =
                                       "  <b>Language   LOC %%    eLOC %%    lLOC %%    Comments %%   Blanks %%    Lines %%</b>\n",
@@ -72,16 +63,16 @@ static double PercentOf(int value, int total) {
     return total < 1 ? 0.0 : 100.0 * value / total;
 }
 
-static void LangProfileLine(const char *label, const LanguageSums &part, const LanguageSums &all, const Globals *G) {
+static void LangProfileLine(const char *label, const LineCounts &part, const LineCounts &all, const Globals *G) {
     Print(G, kProfileLine, label, PercentOf(part.loc, all.loc), PercentOf(part.eloc, all.eloc), PercentOf(part.lloc, all.lloc),
           PercentOf(part.comments, all.comments), PercentOf(part.blanks, all.blanks), PercentOf(part.lines, all.lines));
 }
 
 void ShowLanguageProfile(Globals *G) {
-    const LanguageSums all = ProjectSums(G);
+    const LineCounts all = LinesOf(*G);
     LangProfileHeader(G);
     for (const LanguageGroup group : kTableOrder) {
-        const LanguageSums &part = G->language_sums[group];
+        const LineCounts &part = G->language_sums[group];
         if (part.loc || part.eloc || part.lloc || part.comments || part.blanks || part.lines) {
             LangProfileLine(kLanguageRows[group].extension, part, all, G);
         }
@@ -94,12 +85,12 @@ void ShowLanguageProfile(Globals *G) {
     }
 }
 
-static bool HasLines(const LanguageSums &sums) {
+static bool HasLines(const LineCounts &sums) {
     return sums.loc > 0 || sums.eloc > 0 || sums.lloc > 0 || sums.comments > 0 || sums.lines > 0;
 }
 
 static FunctionPointValues GroupPoints(LanguageGroup group, const Globals *G) {
-    const LanguageSums &sums = G->language_sums[group];
+    const LineCounts &sums = G->language_sums[group];
     const int *factors = G->fp_per_language + 3 * group;
     return {PointsOf(sums.loc, factors[0]), PointsOf(sums.eloc, factors[1]), PointsOf(sums.lloc, factors[2])};
 }
@@ -111,7 +102,7 @@ static void ShowLanguagePage(const Globals *G) {
     DashRule();
     CenteredTitle("~~ Language Summary ~~", G);
     for (const LanguageRow &row : kLanguageRows) {
-        const LanguageSums &sums = G->language_sums[row.group];
+        const LineCounts &sums = G->language_sums[row.group];
         if (!HasLines(sums)) {
             continue;
         }
@@ -130,7 +121,7 @@ static void ShowLanguageTable(const Globals *G) {
     Put(G->function_points ? ", , , , LOC/FP,eLOC/FP,lLOC/FP,Comments,Blanks,Lines\n"
                            : ", , , , LOC,eLOC,lLOC,Comments,Blanks,Lines\n");
     for (const LanguageGroup group : kTableOrder) {
-        const LanguageSums &sums = G->language_sums[group];
+        const LineCounts &sums = G->language_sums[group];
         if (!HasLines(sums)) {
             continue;
         }
@@ -143,7 +134,7 @@ static void ShowLanguageTable(const Globals *G) {
                 sums.blanks, sums.lines);
         }
     }
-    const LanguageSums all = ProjectSums(G);
+    const LineCounts all = LinesOf(*G);
     if (G->function_points) {
         Put(" ,Total All Languages, , ,%d/%-10.1f,%d/%-10.1f,%d/%-10.1f,%d,%d,%d\n", all.loc, G->fp_loc, all.eloc, G->fp_eloc,
             all.lloc, G->fp_lloc, all.comments, all.blanks, all.lines);
@@ -152,7 +143,7 @@ static void ShowLanguageTable(const Globals *G) {
     }
 }
 
-static void EmitXMLLanguageMetrics(const char *label, const LanguageSums &sums, const FunctionPointValues &points) {
+static void EmitXMLLanguageMetrics(const char *label, const LineCounts &sums, const FunctionPointValues &points) {
     Put("<language>\n"
         "<extension>%s</extension>\n"
         "<loc>%d</loc>\n"
@@ -174,7 +165,7 @@ static void ShowLanguageXml(const Globals *G) {
     Put("<report>\n"
         "<name>Language Metrics</name>\n");
     for (const LanguageGroup group : kTableOrder) {
-        const LanguageSums &sums = G->language_sums[group];
+        const LineCounts &sums = G->language_sums[group];
         if (!HasLines(sums)) {
             continue;
         }
@@ -184,7 +175,7 @@ static void ShowLanguageXml(const Globals *G) {
         all.fp_eloc += points.fp_eloc;
         all.fp_lloc += points.fp_lloc;
     }
-    EmitXMLLanguageMetrics("Total All Languages", ProjectSums(G), all);
+    EmitXMLLanguageMetrics("Total All Languages", LinesOf(*G), all);
     Put("</report>\n");
 }
 

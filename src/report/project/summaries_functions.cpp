@@ -58,8 +58,7 @@ static Summary GatherFunctions(Globals *G) {
         AddPoints(figures, *record, G);
         AddFigures(summary, figures, false);
         // Behind AddPoints: the file of the record is the current one.
-        Add_Func2namespace(record->name, record->loc, record->lloc, record->eloc, record->comments, record->lines, record->cyclo,
-                           record->params, record->returns, G);
+        Add_Func2namespace(*record, G);
     }
     return summary;
 }

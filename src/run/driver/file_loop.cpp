@@ -77,12 +77,7 @@ void ReadLines(SourceReader *reader, Globals *G) {
 }
 
 void StoreMetrics(FileData *file, Globals *G) {
-    file->lines = G->file_line_no;
-    file->loc = G->file_loc;
-    file->eloc = EffectiveLines(*G);
-    file->lloc = LogicalLines(*G);
-    file->comments = G->file_comments;
-    file->blanks = G->file_blank;
+    static_cast<LineCounts &>(*file) = LinesOf(*G);
     file->cyclo = G->cyclo_total;
     file->functions = G->file_functions;
     file->params = G->params_total;
@@ -110,11 +105,7 @@ void AddToDirectory(const FileData *file, Globals *G) {
     }
     NodeData *sums = Record<NodeData>(node);
     ++sums->params;
-    sums->loc += file->loc;
-    sums->eloc += file->eloc;
-    sums->lloc += file->lloc;
-    sums->comments += file->comments;
-    sums->lines += file->lines;
+    Add(*sums, *file);
 }
 
 constexpr Forms<int, int> kBracesDiffer{.text = "\n    NOTICE: The end of the source file has been reached where the\n"
