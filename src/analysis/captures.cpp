@@ -1,6 +1,7 @@
 // Texts that take more than one line: at the head of each line they are carried on, before a character of it is looked at.
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/local_definition.h"
 #include "analysis/scan.h"
 #include "run/globals.h"
 
@@ -25,13 +26,12 @@ void CaptureTemplate(const Scan &scan, Globals *G) {
     AppendText(G->template_line, text);
 }
 
-// class A : public B,
-//           private C {
+// class A : public B, /* and, for
+//    its locks, */ private C {
 void CaptureBases(const Scan &scan, Globals *G) {
     LineText text;
     CopyText(text, Ltrim(scan.line));
-    StripCComment(text);
-    StripCPPComment(text);
+    StripComments(text, G->c_comment);
     if (char *brace = strchr(text, '{')) {
         brace[1] = '\0';
         Rtrim(G->inherit_line);
@@ -46,19 +46,19 @@ void BeginBases(const char *text, Globals *G) {
     G->inherit_flag = 1;
     G->inherit_more = 1;
     CopyText(G->inherit_line, Ltrim(text));
+    StripComments(G->inherit_line, 0);
     if (char *brace = strchr(G->inherit_line, '{')) {
         *brace = '\0';
     }
-    StripCComment(G->inherit_line);
-    StripCPPComment(G->inherit_line);
 }
 
 void CaptureParams(const Scan &scan, Globals *G) {
-    if (*scan.line == '#' || !AppendText(G->params, scan.line)) {
+    LineText text;
+    CopyText(text, scan.line);
+    StripComments(text, G->c_comment);
+    if (*scan.line == '#' || G->cpp_comment || !AppendText(G->params, text)) {
         return;
     }
-    StripCPPComment(G->params);
-    StripCComment(G->params);
     StripChars(G->params, " \t\r\n");
     G->param_line = scan.number;
 }
@@ -73,8 +73,11 @@ void CaptureTexts(const Scan &scan, Globals *G) {
     if (G->template_beg_flag) {
         CaptureTemplate(scan, G);
     }
-    if (G->inherit_flag && G->inherit_more && !G->c_comment && !G->cpp_comment) {
+    if (G->inherit_flag && G->inherit_more && !G->cpp_comment) {
         CaptureBases(scan, G);
+    }
+    if (G->local_heading.line) {
+        ContinueLocalHeading(scan.line, G);
     }
     if (G->static_pending && NextChar(scan.line) == '{') {
         G->static_flag = 1;

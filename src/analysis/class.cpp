@@ -271,8 +271,7 @@ void OpenInterface(Scan &scan, Globals *G) {
     G->class_flag = 1;
     SetSection(&ClassBody::access_private, G);
     TakeSnapshots(G);
-    SetInterface(G->classname);
-    if (!FindNamespace(G->classname, G) && !FindInterface(G->classname, G)) {
+    if (!FindInterface(G->classname, G)) {
         ++G->interface_count;
         if (!AddInterfaceRecord(G->classname, G->file_line_no, G->class_index, G)) {
             scan.aborted = 1;
@@ -352,10 +351,9 @@ int PopNestedClass(Globals *G) {
 }
 
 void Add_Class2Class(int loc, int eloc, int lloc, int comments, int blanks, int span, Globals *G) {
-    if (FindNamespace(G->classname, G)) {
-        return;
-    }
-    NodeData *record = G->interface_class ? FindInterface(G->classname, G) : FindClass(G->classname, G);
+    NodeData *record = G->interface_class               ? FindInterface(G->classname, G)
+                       : FindNamespace(G->classname, G) ? nullptr
+                                                        : FindClass(G->classname, G);
     if (!record) {
         return;
     }

@@ -6,10 +6,6 @@ struct Scan;
 
 // Reads the name that begins at col into classname, with its namespace and enclosing classes in front.
 void GetClassname(const char *line, int col, Globals *G);
-// "Interface-" in front of a name, a LineText, in place; and the text behind the first "-" of a name that holds "Interface-", else
-// null.
-void SetInterface(char *name);
-const char *GetInterface(const char *name);
 // Count one method, and the data members of a statement, in the access section in hand.
 void ClassMethod(Globals *G);
 void ClassAttribute(const char *line, Globals *G);

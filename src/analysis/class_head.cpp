@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kLineLimit = 2048;
-constexpr const char *kInterfacePrefix = "Interface-";
 constexpr const char *kHeadingNoise = "{}; \n\r";
 
 int SkipBlanks(const char *line, int index, Globals *G) {
@@ -46,21 +45,6 @@ int EndOfName(const char *line, int index) {
             index += line[index] == '>';
         } else {
             ++index;
-        }
-    }
-    return index;
-}
-
-// A macro ahead of the name may have arguments: class EXPORT(x) Foo. Its parentheses begin no function.
-int BehindMacro(const char *line, int index, Globals *G) {
-    if (NextChar(line + index - 1) != '(') {
-        return index;
-    }
-    for (; line[index] && !IsLineEnd(line[index]); ++index) {
-        if (line[index] == '(') {
-            G->paren_skip = 1;
-        } else if (line[index] == ')') {
-            return index + 1;
         }
     }
     return index;
@@ -126,7 +110,10 @@ void GetClassname(const char *line, int col, Globals *G) {
         if (!is_macro(name, G)) {
             break;
         }
-        index = BehindMacro(line, end, G);
+        index = BehindArguments(line, end);
+        if (index > end) { // class EXPORT(x) Foo: its parentheses begin no function
+            G->paren_skip = G->local_paren + 1;
+        }
     }
     QualifyName(name, G);
 
@@ -138,17 +125,6 @@ void GetClassname(const char *line, int col, Globals *G) {
     FormatTemplateLine(G->classname);
     Lefttrim(G->classname);
     Rtrim(G->classname);
-}
-
-void SetInterface(char *name) {
-    LineText full;
-    CopyText(full, kInterfacePrefix);
-    CopyText(std::span(full).subspan(strlen(full)), name);
-    memcpy(name, full, strlen(full) + 1);
-}
-
-const char *GetInterface(const char *name) {
-    return strstr(name, kInterfacePrefix) ? strchr(name, '-') + 1 : nullptr;
 }
 
 void FormatInheritline(char *text, Globals *G) {
@@ -164,7 +140,7 @@ void FormatInheritline(char *text, Globals *G) {
     if (char *where = G->is_cs ? strstr(text, "where") : nullptr) { // class A<T> : B where T : new()
         *where = '\0';
     }
-    StripStrings(text, "public private protected extends");
+    StripStrings(text, "public private protected virtual extends");
     StripChars(text, kHeadingNoise);
     FormatTemplateLine(text);
     Lefttrim(text);

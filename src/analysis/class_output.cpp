@@ -34,12 +34,6 @@ const Kind &KindInHand(const Globals *G) {
     return kKinds[G->class_index > 0][G->interface_class ? 2 : G->struct_flag != 0];
 }
 
-// An interface is shown without the prefix that tells it from a class in the lists.
-const char *ShownName(const Globals *G) {
-    const char *plain = G->interface_class ? GetInterface(G->classname) : nullptr;
-    return plain ? plain : G->classname;
-}
-
 int HasTemplate(const Globals *G) {
     return G->template_done && !G->interface_class;
 }
@@ -85,7 +79,7 @@ void PutLinkedHead(const Kind &kind, const char *wrapped, const Globals *G) {
 }
 
 void PutRow(const Kind &kind, const Globals *G) {
-    PrintOnly(Mode::kCsv, "%s,%s\n", kind.label, Shown{ShownName(G)});
+    PrintOnly(Mode::kCsv, "%s,%s\n", kind.label, Shown{G->classname});
     if (HasTemplate(G)) {
         PrintOnly(Mode::kCsv, "Template,%s\n", Shown{G->class_template});
     }
@@ -98,7 +92,7 @@ void ClassBegin(Globals *G) {
     if (!G->totals_only) {
         const Kind &kind = KindInHand(G);
         LineText wrapped;
-        AdjNameLength(ShownName(G), wrapped, kind.width, kind.indent, G);
+        AdjNameLength(G->classname, wrapped, kind.width, kind.indent, G);
         ShowStateLine(G->file_line_no, kind.begin, G);
         if (OutputMode(G) == Mode::kHtml) {
             PutMarkedHead(kind, wrapped, G);
@@ -117,7 +111,7 @@ void ClassEnd(Globals *G) {
     const Mode mode = OutputMode(G);
     const Kind &kind = KindInHand(G);
     LineText wrapped;
-    AdjNameLength(ShownName(G), wrapped, kind.width, kind.indent, G);
+    AdjNameLength(G->classname, wrapped, kind.width, kind.indent, G);
     if (mode == Mode::kHtml) {
         PrintOnly(mode, "\n  <b>%s</b>: <b><font color=\"%s\">%s</font></b>\n", kind.label, Shown{G->html_class_color},
                   Shown{wrapped});
@@ -132,7 +126,7 @@ void EmitClass(Globals *G) {
         const Mode mode = OutputMode(G);
         const Kind &kind = KindInHand(G);
         LineText wrapped;
-        AdjNameLength(ShownName(G), wrapped, kind.width, kind.indent, G);
+        AdjNameLength(G->classname, wrapped, kind.width, kind.indent, G);
         if (G->comment_doc_mode) {
             Put("\n");
         }

@@ -6,7 +6,7 @@
 
 // What a nested class puts aside: one record of the class stack is a copy of this.
 struct ClassBody {
-    LineText classname;      // an interface's carries the prefix "Interface-"
+    LineText classname;      // with its namespace and enclosing classes in front
     LineText class_template; // template heading
     LineText inherit_line;   // inheritance text
     int class_scope;         // braces open inside the class

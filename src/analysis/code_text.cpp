@@ -149,6 +149,21 @@ int TokenIndex(const char *line, int index) {
     return found < 0 ? index : found;
 }
 
+int BehindArguments(const char *line, int index) {
+    const char *p = Ltrim(line + index);
+    if (*p != '(') {
+        return index;
+    }
+    for (int depth = 0; *p && !IsLineEnd(*p); ++p) {
+        depth += (*p == '(') - (*p == ')');
+        if (depth == 0) {
+            ++p;
+            break;
+        }
+    }
+    return static_cast<int>(p - line);
+}
+
 namespace {
 
 // Joins the pieces between delimiters with one blank, without those that other holds. It never grows: it works in place.
@@ -256,6 +271,50 @@ void StripCPPComment(char *text) {
     if (begin) {
         *begin = '\0';
     }
+}
+
+namespace {
+
+// Behind the string that opens at p, or the next character: of a string that doesn't close, and of '"'.
+const char *BehindString(const char *text, const char *p) {
+    const int is_character = p[1] == '\'' && ((p > text && p[-1] == '\'') || (p > text + 1 && p[-1] == '\\' && p[-2] == '\''));
+    const char *end = p + 1;
+    while (!is_character && *end && *end != '"') {
+        end += end[0] == '\\' && end[1] != '\0' ? 2 : 1;
+    }
+    return *end == '"' ? end + 1 : p + 1;
+}
+
+// Behind the "*/" of the comment that p stands in, or at the end.
+const char *BehindClose(const char *p) {
+    const char *close = strstr(p, "*/");
+    return close ? close + 2 : p + strlen(p);
+}
+
+} // namespace
+
+void StripComments(char *text, int in_comment) {
+    if (!in_comment && !strchr(text, '/')) {
+        return;
+    }
+    char *out = text;
+    for (const char *p = in_comment ? BehindClose(text) : text; *p;) {
+        if (p[0] == '/' && p[1] == '/') {
+            break;
+        }
+        if (p[0] == '/' && p[1] == '*') {
+            p = BehindClose(p + 2);
+            while (*p == ')' && out > text && IsBlankOrTab(out[-1])) { // f(int /* a */)
+                --out;
+            }
+            continue;
+        }
+        const char *end = *p == '"' ? BehindString(text, p) : p + 1;
+        while (p < end) {
+            *out++ = *p++;
+        }
+    }
+    *out = '\0';
 }
 
 void Lefttrim(char *text) {

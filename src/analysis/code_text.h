@@ -27,6 +27,9 @@ const char *GetNextCodeToken(const char *line, int index, std::span<char> out);
 const char *GetNextRawToken(const char *line, int index, std::span<char> out);
 // The index at which GetNextToken begins to copy; index itself where it gives up. The token ends strlen(out) behind it.
 int TokenIndex(const char *line, int index);
+// The index behind the parentheses that follow the word which ends at index, at the line's end if they don't close on it; index
+// itself if none follow.
+int BehindArguments(const char *line, int index);
 // Splits the text at the delimiters and joins the pieces with one blank.
 void StripChars(char *text, const char *delimiters);
 // The same at blanks, tabs and line ends, each piece dropped that is a substring of other.
@@ -41,6 +44,9 @@ int CountParents(const char *text);
 // Takes the first /* */ comment away, an unclosed one not; cuts at the first //. Neither knows strings.
 void StripCComment(char *text);
 void StripCPPComment(char *text);
+// Takes all comments away that don't stand in strings, with the blanks between one and a ")"; one that doesn't close goes up to the
+// end. With in_comment the text begins inside a /* */ comment.
+void StripComments(char *text, int in_comment);
 // Moves the text left over its leading blanks and tabs.
 void Lefttrim(char *text);
 // Takes a trailing LF or CR LF away.

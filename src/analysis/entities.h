@@ -10,7 +10,7 @@ struct NodeData;
 struct EntityLists {
     Llist function_list;  // NodeData, in order of closing until a report sorts it
     Llist class_list;     // NodeData: classes and structs
-    Llist interface_list; // NodeData: interfaces, "Interface-" in front of their names
+    Llist interface_list; // NodeData: interfaces
     Llist namespace_list; // NodeData: namespaces and packages
     NameIndex class_index_by_name, interface_index_by_name, namespace_index_by_name, macro_index_by_name;
 };

@@ -122,6 +122,18 @@ int CutToClass(char *name, const Globals *G) {
     return cut != nullptr;
 }
 
+// The body at a depth of nesting; null for one that no stack holds.
+const ClassBody *BodyAt(int depth, const Globals *G) {
+    return depth == G->class_index ? G : depth < kNestingLimit ? &G->class_stack[depth].body : nullptr;
+}
+
+// The record that a method counts for at a depth of nesting: of an interface by its own name, of a class by the method's, cut to
+// it.
+NodeData *OwnerOf(const char *name, int depth, const Globals *G) {
+    const ClassBody *body = BodyAt(depth, G);
+    return body && body->interface_class ? FindInterface(body->classname, G) : FindClass(name, G);
+}
+
 } // namespace
 
 void OpenFunction(Scan &scan, Globals *G) {
@@ -206,9 +218,10 @@ void Add_Func2Class(int loc, int eloc, int lloc, int comments, int blanks, int s
                     Globals *G) {
     LineText name;
     CopyText(name, G->funcname);
-    for (int level = std::min(G->class_index, kNestingLimit); level >= 0; --level) {
+    const int nested = std::min(G->class_index, kNestingLimit);
+    for (int depth = G->class_index; depth >= G->class_index - nested; --depth) {
         const int separated = CutToClass(name, G);
-        NodeData *record = FindClass(name, G);
+        NodeData *record = OwnerOf(name, depth, G);
         if (!record && !separated) {
             continue;
         }

@@ -3,6 +3,7 @@
 
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/entities.h"
 #include "analysis/local_definition.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
@@ -183,9 +184,7 @@ void OnVoid(Scan &scan, int end, Globals *G) {
 }
 
 void OnClass(Scan &scan, int end, Globals *G) {
-    if (IsLocalDefinition(scan.line + end, G)) {
-        EmitClassWithinFunction(G);
-    }
+    FindLocalDefinition(0, scan.line + end, G);
     if (G->define_flag || G->enum_flag || G->typedef_flag || G->template_beg_flag || G->funcname_flag) {
         return;
     }
@@ -224,30 +223,49 @@ void OnInterface(Scan &scan, int end, Globals *G) {
 
 namespace {
 
-// struct {              gets its name from the variable behind it
-// struct tag : base {   defines tag
-// struct tag name       declares a variable
-void NameStruct(const Scan &scan, int end, Globals *G) {
-    if (Behind(scan, end) == '{') {
-        GetClassname("instance", 0, G);
-        return;
+// The index behind the macros ahead of a tag or a "{". One without arguments may itself be the tag of struct MACRO {
+int BehindMacros(const char *line, int index, const Globals *G) {
+    LineText word;
+    while (GetNextToken(line, index, word) && is_macro(word, G)) {
+        const int end = TokenIndex(line, index) + static_cast<int>(strlen(word));
+        const int behind = BehindArguments(line, end);
+        const char next = *Ltrim(line + behind);
+        if (!isfirstchar(next) && (next != '{' || behind == end)) {
+            break;
+        }
+        index = behind;
     }
+    return index;
+}
+
+// struct {               gets its name from the variable behind it
+// struct tag : base {    defines tag
+// struct MARK(()) tag {  too
+// struct tag name        declares a variable
+void NameStruct(const Scan &scan, int end, Globals *G) {
+    const int begin = BehindMacros(scan.line, end, G);
     LineText tag, next;
-    GetNextToken(scan.line, end, tag);
-    const int behind_tag = TokenIndex(scan.line, end) + static_cast<int>(strlen(tag));
+    GetNextToken(scan.line, begin, tag);
+    const int behind_tag = TokenIndex(scan.line, begin) + static_cast<int>(strlen(tag));
     GetNextRawToken(scan.line, behind_tag, next);
-    if (*next == '\0' || *next == ':' || *next == '{') {
-        GetClassname(scan.line, end, G);
+    if (NextChar(scan.line + begin - 1) == '{') {
+        GetClassname("instance", 0, G);
+    } else if (*next == '\0' || *next == ':' || *next == '{') {
+        GetClassname(scan.line, begin, G);
     } else {
         ClearText(G->classname);
+        return;
+    }
+    if (memchr(scan.line + end, '(', begin - end)) {
+        G->paren_skip = G->local_paren + 1;
     }
 }
 
 } // namespace
 
 void OnStruct(Scan &scan, int end, Globals *G) {
-    if (!G->is_java && IsLocalDefinition(scan.line + end, G)) {
-        EmitStructWithinFunction(G);
+    if (!G->is_java) {
+        FindLocalDefinition(1, scan.line + end, G);
     }
     if (G->local_paren != 0 || strchr(scan.line, '=')) { // f(struct tag *p), struct tag name = {1};
         return;

@@ -150,7 +150,7 @@ constexpr Keyword kKeywords[] = {
     {"union",            kTermin, "{",            kAll,           &File::union_count,    nullptr,            nullptr},
     {"using",            kSet,    " \n\t#",       kAnsi|kCpp|kCs, &File::using_count,    nullptr,            Set<&Scope::using_flag>},
     {"virtual",          kSet,    " (\n\t#",      kAnsi|kNotC,    nullptr,               nullptr,            OnVirtual},
-    {"void",             kSet,    " (\n\t;)#",    kAll,           nullptr,               nullptr,            OnVoid},
+    {"void",             kSet,    " (\n\t;)*#",   kAll,           nullptr,               nullptr,            OnVoid},
     {"wchar_t",          kSet,    " (\n\t#",      kAnsi,          nullptr,               nullptr,            nullptr},
     {"where",            kSet,    " \t\r\n",      kCs,            nullptr,               nullptr,            Set<&Scope::where_flag>},
     {"while",            kTermin, "(",            kAll,           &File::while_count,    &Fn::local_while,   OnWhile},

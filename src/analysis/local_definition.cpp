@@ -1,9 +1,9 @@
 // Tells a class or struct that is defined inside a function from one that is only named there.
 //
-// The heading is read word by word up to what decides:
+// The heading is read word by word up to what decides, over as many lines as it takes:
 //   struct point {                     a body
-//   struct point                       the body follows
-//   class Later : public Now {         bases, then the body; so are extends and implements
+//   class Later : public Now {         bases, then a body; so are extends and implements
+//   struct MARK point {                a macro is no name
 //   struct point *next;                only a type
 //   struct point origin = { 0, 0 };    a variable: a second word is its name
 //   sizeof(struct point)               only a type
@@ -12,10 +12,14 @@
 #include <cstring>
 #include <string_view>
 
+#include "analysis/entities.h"
+#include "notices/raise.h"
 #include "run/globals.h"
 #include "run/text.h"
 
 namespace {
+
+enum Finding { kOpen, kNamed, kDefined };
 
 // Behind white space and comments; at the end of the text where the rest of the line is a comment.
 const char *SkipSpace(const char *p) {
@@ -31,74 +35,124 @@ const char *SkipSpace(const char *p) {
     }
 }
 
-// Behind the partner of the bracket at p: (packed), [[nodiscard]], <int>. At the end of the text without one.
-const char *SkipGroup(const char *p, char opener, char closer) {
-    int depth = 0;
-    for (; *p; ++p) {
-        depth += (*p == opener) - (*p == closer);
-        if (depth == 0) {
-            return p + 1;
-        }
-    }
-    return p;
-}
-
 bool IsWordCharacter(char c) {
     return IsLetterOrDigit(c) || c == '_' || c == '$' || c < 0; // a name may hold any letter of UTF-8
 }
 
-// Behind the bases: a body, or a line that leaves it open.
-int EndsInBody(const char *p) {
-    for (p = SkipSpace(p); *p; p = SkipSpace(p + 1)) {
-        if (*p == '{' || *p == ';') {
-            return *p == '{';
-        }
+// Behind the partner of the bracket that is open: (packed), [[nodiscard]], <int>. At the end of the text without one.
+const char *SkipGroup(LocalHeading &heading, const char *p) {
+    for (; *p && heading.depth > 0; ++p) {
+        heading.depth += (*p == heading.opener) - (*p == heading.closer);
     }
-    return 1;
+    return p;
 }
 
-// What stands behind the keyword, up to where it is known what it is.
-int OpensBody(const char *p) {
-    int names = 0;
-    for (p = SkipSpace(p); *p; p = SkipSpace(p)) {
-        if (*p == '{') {
-            return names <= 1;
-        } else if (p[0] == ':' && p[1] == ':') { // struct Outer::Inner {
-            names = 0;
-            p += 2;
-        } else if (*p == ':') {
-            return EndsInBody(p + 1);
-        } else if (*p == '[' && p[1] == '[' && names == 0) {
-            p = SkipGroup(p, '[', ']');
-        } else if (*p == '<' && names == 1) { // class Box<T> {
-            p = SkipGroup(p, '<', '>');
-        } else if (*p == '(' && names == 1) { // struct __attribute__((packed)) head {
-            names = 0;
-            p = SkipGroup(p, '(', ')');
-        } else if (IsWordCharacter(*p)) {
-            const char *word = p;
-            while (IsWordCharacter(*p)) {
-                ++p;
-            }
-            const std::string_view name(word, p - word);
-            if (name == "final" || name == "extends" || name == "implements" || name == "permits") {
-                return EndsInBody(p);
-            }
-            ++names;
-        } else {
-            return 0;
+const char *EnterGroup(LocalHeading &heading, const char *p, char closer) {
+    heading.opener = *p;
+    heading.closer = closer;
+    heading.depth = 1;
+    return SkipGroup(heading, p + 1);
+}
+
+// Behind the bases there is a body, or nothing was meant.
+Finding ReadBases(const char *p) {
+    for (p = SkipSpace(p); *p; p = SkipSpace(p + 1)) {
+        if (*p == '{' || *p == ';') {
+            return *p == '{' ? kDefined : kNamed;
         }
     }
-    return names <= 1;
+    return kOpen;
+}
+
+const char *ReadWord(LocalHeading &heading, const char *p, const Globals *G) {
+    LineText word;
+    const char *begin = p;
+    while (IsWordCharacter(*p)) {
+        ++p;
+    }
+    CopyPart(word, begin, p - begin);
+    const std::string_view name(word);
+    if (name == "final" || name == "extends" || name == "implements" || name == "permits") {
+        heading.in_bases = 1;
+        return p;
+    }
+    heading.names = heading.behind_macro ? 1 : heading.names + 1;
+    heading.behind_macro = is_macro(word, G);
+    return p;
+}
+
+// Goes on with a heading up to where it is known what it is, or to the end of the line.
+Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
+    p = SkipGroup(heading, p);
+    for (p = SkipSpace(p); *p; p = SkipSpace(p)) {
+        if (heading.in_bases) {
+            return ReadBases(p);
+        }
+        if (*p == '{') {
+            return kDefined;
+        } else if (p[0] == ':' && p[1] == ':') { // struct Outer::Inner {
+            heading.names = 0;
+            p += 2;
+        } else if (*p == ':') {
+            heading.in_bases = 1;
+            ++p;
+        } else if (*p == '[' && p[1] == '[' && heading.names == 0) {
+            p = EnterGroup(heading, p, ']');
+        } else if (*p == '<' && heading.names == 1) { // class Box<T> {
+            p = EnterGroup(heading, p, '>');
+        } else if (*p == '(' && heading.names == 1) { // struct __attribute__((packed)) head {
+            heading.names = 0;
+            heading.behind_macro = 0;
+            p = EnterGroup(heading, p, ')');
+        } else if (IsWordCharacter(*p)) {
+            p = ReadWord(heading, p, G);
+            if (heading.names > 1) {
+                return kNamed;
+            }
+        } else {
+            return kNamed;
+        }
+    }
+    return kOpen;
+}
+
+// Raises the notice for a definition; a heading that is open is kept for the next line.
+void Settle(LocalHeading heading, Finding finding, Globals *G) {
+    G->local_heading = finding == kOpen ? heading : LocalHeading{};
+    if (finding != kDefined) {
+        return;
+    }
+    if (heading.is_struct) {
+        EmitStructWithinFunction(heading.line, G);
+    } else {
+        EmitClassWithinFunction(heading.line, G);
+    }
 }
 
 } // namespace
 
-int IsLocalDefinition(const char *rest, const Globals *G) {
+void FindLocalDefinition(int is_struct, const char *rest, Globals *G) {
     // A body of a macro is in no function yet, "enum class" is an enumeration, and C# has no local types: there "where T : class
     // {".
     if (G->function_scope <= 0 || !G->funcname_flag || G->define_flag || G->enum_flag || G->is_cs) {
-        return 0;
+        return;
     }
-    return OpensBody(rest);
+    LocalHeading heading{};
+    heading.line = G->file_line_no;
+    heading.is_struct = is_struct;
+    const Finding finding = Read(heading, rest, G);
+    Settle(heading, finding, G);
+}
+
+void ContinueLocalHeading(const char *line, Globals *G) {
+    if (G->c_comment) {
+        const char *end = strstr(line, "*/");
+        line = end ? end + 2 : line + strlen(line);
+    }
+    if (G->preproc_flag || G->cpp_comment || *SkipSpace(line) == '#') {
+        return;
+    }
+    LocalHeading heading = G->local_heading;
+    const Finding finding = Read(heading, line, G);
+    Settle(heading, finding, G);
 }

@@ -114,8 +114,8 @@ void OnNamespace(Scan &scan, int end, Globals *G) {
     } else {
         CopyText(G->namespace_name, token);
         G->namespace_flag = 1;
-        G->namespacebeg_flag = 1;
     }
+    G->namespacebeg_flag = 1;
     BeginScope(&G->namespace_count, scan, G);
 }
 
@@ -202,9 +202,8 @@ int PopNestedNamespace(Globals *G) {
 }
 
 void Add_Class2namespace(const NodeData *record, int only_count, Globals *G) {
-    const char *plain = GetInterface(record->name);
     LineText name;
-    CopyText(name, plain ? plain : record->name);
+    CopyText(name, record->name);
     while (CutLastPart(name)) {
         NodeData *found = FindNamespace(name, G);
         if (!found) {

@@ -1,6 +1,7 @@
 // "(" and ")": where a function's head is recognised, and where its parameter list ends.
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/entities.h"
 #include "analysis/function.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
@@ -8,6 +9,21 @@
 #include "run/globals.h"
 
 namespace {
+
+// namespace std VISIBLE(default) {
+int IsBehindMacro(const Scan &scan, const Globals *G) {
+    int end = scan.index;
+    while (IsBlankOrTab(scan.line[end - 1])) {
+        --end;
+    }
+    int begin = end;
+    while (IsLetterOrDigit(scan.line[begin - 1]) || scan.line[begin - 1] == '_') {
+        --begin;
+    }
+    LineText word;
+    CopyPart(word, scan.line + begin, end - begin);
+    return is_macro(word, G);
+}
 
 void ForgetCandidate(Globals *G) {
     G->funcname_flag = 0;
@@ -61,8 +77,7 @@ void QualifyByClass(Globals *G) {
 
 void BeginParams(const Scan &scan, const char *text, Globals *G) {
     CopyText(G->params, text);
-    StripCPPComment(G->params);
-    StripCComment(G->params);
+    StripComments(G->params, 0);
     StripChars(G->params, " \t\r\n");
     G->param_capture = 1;
     G->param_line = scan.number;
@@ -108,6 +123,11 @@ void OnOpenParen(Scan &scan, Globals *G) {
     ++G->open_paren;
     ++G->local_paren;
     if (G->dotnet_attr || G->paren_skip) {
+        return;
+    }
+    const int in_heading = G->namespacebeg_flag && G->namespace_scope <= 0;
+    if (in_heading && IsBehindMacro(scan, G)) {
+        G->paren_skip = G->local_paren;
         return;
     }
     if (IsJust(scan, '(')) {
@@ -190,7 +210,7 @@ void OnCloseParen(Scan &scan, Globals *G) {
         return;
     }
     if (G->paren_skip) {
-        G->paren_skip = 0;
+        G->paren_skip = G->local_paren < G->paren_skip ? 0 : G->paren_skip;
         return;
     }
     const int just_paren = IsJust(scan, ')');

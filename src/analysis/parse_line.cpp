@@ -311,7 +311,8 @@ void BeginLine(const Scan &scan, Globals *G) {
     if (scan.length > G->max_line_length) {
         EmitLineLengthNotice(scan.length, G);
     }
-    if (G->classname_pending | G->param_capture | G->template_beg_flag | G->inherit_more | G->static_pending) {
+    if (G->classname_pending | G->param_capture | G->template_beg_flag | G->inherit_more | G->static_pending |
+        G->local_heading.line) {
         CaptureTexts(scan, G);
     }
 }

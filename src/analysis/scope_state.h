@@ -6,6 +6,17 @@
 
 inline constexpr int kNestingLimit = 32; // levels that a nesting stack stores; deeper ones only count
 
+// A class or struct heading inside a function that its line left open: what it is stands on a later one.
+struct LocalHeading {
+    int line;            // of the keyword; 0 while none is open
+    int is_struct;       // the keyword is struct
+    int names;           // read so far, qualifiers left out: a second one is that of a variable
+    int behind_macro;    // the last one is a macro and no name when another follows
+    int in_bases;        // behind its ":"
+    int depth;           // of the group that the line ended in: (, [ or <
+    char opener, closer; // of that group
+};
+
 struct ScopeState {
     int function_scope; // brace depth inside a function, 0 outside; blocks inside a method too
     int local_paren;    // open parentheses now
@@ -34,12 +45,13 @@ struct ScopeState {
     int static_brace;                  // its brace level
     int static_pending;                // its "{" may be on the next line
     int forward_decl_flag;             // class or struct declaration that ends in ";"
-    int paren_skip;                    // the next ")" closes a parenthesis inside a class head
+    int paren_skip;                    // local_paren inside the arguments of a macro in a heading; 0 elsewhere
     int dotnet_attr;                   // inside [ ] at file level of a header, C++ or C# file
     int star_flag;                     // a "*" in this statement
     int get_flag, set_flag;            // a C# accessor body
     int using_flag;
     int break_flag; // a break came last
+    LocalHeading local_heading;
 
     int switch_depth;                    // open switches
     int switch_scope;                    // function_scope of the innermost one

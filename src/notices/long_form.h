@@ -57,4 +57,6 @@ int CountNotice(int n, Globals *G);
 // 1 if notices are printed where they come up.
 int PrintsInPlace(const Globals *G);
 // Prints the short form where one is wanted. Returns 1 when the caller is to write its long form; never without in_place.
+// line is that of the notice where it isn't the one in hand.
 int PrintNotice(int n, int in_place, Globals *G);
+int PrintNotice(int n, int in_place, int line, Globals *G);

@@ -19,11 +19,15 @@ int PrintsInPlace(const Globals *G) {
 }
 
 int PrintNotice(int n, int in_place, Globals *G) {
+    return PrintNotice(n, in_place, G->file_line_no, G);
+}
+
+int PrintNotice(int n, int in_place, int line, Globals *G) {
     if (in_place && !G->notice_vs_format && !G->notice_short_format) {
         return 1;
     }
     if (in_place || G->notices_by_file) {
-        EmitNotice(G->file_name, G->file_line_no, n, G);
+        EmitNotice(G->file_name, line, n, G);
     }
     return 0;
 }

@@ -43,8 +43,8 @@ void Notice_Return_Limit(int value, Globals *G);                         // 27
 void Notice_Logical_Limit(int value, Globals *G);                        // 28
 void Notice_Interface_Limit(int value, Globals *G);                      // 29
 void Notice_MinFuncLloc(int value, Globals *G);                          // 48
-void EmitStructWithinFunction(Globals *G);                               // 33: a struct, whatever stands around it
-void EmitClassWithinFunction(Globals *G);                                // 33: a class, or a member of a struct
+void EmitStructWithinFunction(int line, Globals *G);                     // 33: a struct, whatever stands around it
+void EmitClassWithinFunction(int line, Globals *G);                      // 33: a class, or a member of a struct
 void EmitClassFunctionNotice(const char *word, Globals *G);              // 39: "struct" or "class"
 void EmitInheritanceDepthNotice(const char *file, int line, Globals *G); // 40
 void EmitNumberOfChildrenNotice(const char *file, int line, Globals *G); // 41

@@ -81,9 +81,9 @@ void RaiseLimit(int n, const LongText<int, int> &text, int value, int limit, Glo
     }
 }
 
-void RaiseWithinFunction(const char *word, Globals *G) {
-    if (Raise(33, G)) {
-        WriteLong(33, G->file_line_no, G, kWithinFunction, word, word);
+void RaiseWithinFunction(const char *word, int line, Globals *G) {
+    if (CountNotice(33, G) && PrintNotice(33, PrintsInPlace(G), line, G)) {
+        WriteLong(33, line, G, kWithinFunction, word, word);
     }
 }
 
@@ -142,12 +142,12 @@ void Notice_MinFuncLloc(int value, Globals *G) {
     RaiseLimit(48, kFewStatements, value, G->min_func_eloc, G);
 }
 
-void EmitStructWithinFunction(Globals *G) {
-    RaiseWithinFunction("struct", G);
+void EmitStructWithinFunction(int line, Globals *G) {
+    RaiseWithinFunction("struct", line, G);
 }
 
-void EmitClassWithinFunction(Globals *G) {
-    RaiseWithinFunction(G->struct_flag ? "struct" : "class", G);
+void EmitClassWithinFunction(int line, Globals *G) {
+    RaiseWithinFunction(G->struct_flag ? "struct" : "class", line, G);
 }
 
 void EmitClassFunctionNotice(const char *word, Globals *G) {

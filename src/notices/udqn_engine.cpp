@@ -17,7 +17,8 @@
 
 namespace {
 
-constexpr int kMaxLimitHits = 10; // stopped matches that a rule may have before it is switched off
+// Stopped matches that a rule may have before it is switched off: for the file, and for the run.
+constexpr int kFileLimitHits = 10, kRunLimitHits = 1000;
 constexpr size_t kMaxEscaped = 1023;
 
 bool FitsExtension(const Udqn *record, const char *extension, const Globals *G) {
@@ -38,6 +39,7 @@ void ChooseRules(Globals *G) {
     const char *extension = G->file_name ? getExtension(G->file_name, G) : nullptr;
     Udqn **end = &G->udqn_first;
     for (Udqn *record : Records<Udqn>(G->udqn_list)) {
+        record->file_limit_hits = 0;
         if (extension && record->active && FitsExtension(record, extension, G)) {
             *end = record;
             end = &record->next_in_file;
@@ -54,7 +56,8 @@ bool FlagsAre(int wanted, const int *numbers, int count, const Globals *G) {
 
 bool MayRun(const Udqn *record, int eof, const Globals *G) {
     return record->emit_eof == eof && FlagsAre(1, record->check_flags, record->check_count, G) &&
-           FlagsAre(0, record->not_check_flags, record->not_check_count, G) && record->limit_hits < kMaxLimitHits;
+           FlagsAre(0, record->not_check_flags, record->not_check_count, G) && record->file_limit_hits < kFileLimitHits &&
+           record->limit_hits < kRunLimitHits;
 }
 
 // The part of the line that a rule looks at, or null.
@@ -181,15 +184,32 @@ void LongForm(Udqn *record, Globals *G) {
     }
 }
 
-// A pattern that is stopped again and again would cost more than the rest of the run.
+// A pattern that is stopped again and again would cost more than the rest of the run. Which files a rule is off for is told once.
+void SwitchOff(Udqn *record, Globals *G) {
+    const char *file = G->file_name ? G->file_name : "";
+    if (record->limit_hits == kRunLimitHits) {
+        Message(G,
+                "\n  Error: The pattern of UDQN %d took too many steps on %d lines\n"
+                "         The rule is off for the rest of the run from File: %s\n"
+                "         Line: %d\n\n",
+                record->id, kRunLimitHits, file, G->file_line_no);
+    } else if (record->file_limit_hits == kFileLimitHits && !record->limit_told) {
+        record->limit_told = 1;
+        Message(G,
+                "\n  Error: The pattern of UDQN %d takes too many steps\n"
+                "         The rule is off for the rest of File: %s\n"
+                "         Line: %d\n"
+                "         The same in other files is not reported again\n\n",
+                record->id, file, G->file_line_no);
+    }
+}
+
 bool Matches(Udqn *record, const char *subject, Globals *G) {
     const int hits = record->limit_hits;
     const bool found = pcre_match(subject, record, G) == 0;
-    if (record->limit_hits > hits && record->limit_hits == kMaxLimitHits) {
-        Message(G,
-                "\n  Error: The pattern of UDQN %d takes too many steps\n         The rule is switched off from File: %s\n"
-                "         Line: %d\n\n",
-                record->id, G->file_name ? G->file_name : "", G->file_line_no);
+    if (record->limit_hits > hits) {
+        ++record->file_limit_hits;
+        SwitchOff(record, G);
     }
     return found;
 }

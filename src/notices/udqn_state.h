@@ -38,8 +38,10 @@ struct Udqn {
     int match_start, match_end; // offsets of the last match; -1 when none
     UdqnRegex *regex;           // null when the pattern is missing or didn't compile
 
-    int limit_hits;     // matches of the run that were stopped for taking too many steps
-    Udqn *next_in_file; // the next rule for the current file's extension
+    int limit_hits;      // matches of the run that were stopped for taking too many steps
+    int file_limit_hits; // those of the file in hand
+    int limit_told;      // that the rule is off for a file
+    Udqn *next_in_file;  // the next rule for the current file's extension
 };
 
 // The rules in the order of their ends, with a hash of their ids beside them.

@@ -177,13 +177,12 @@ void ClassDataShow(NodeData *record, Globals *G) {
 }
 
 void InterDataShow(NodeData *record, Globals *G) {
-    const char *name = HasBlock(record) ? GetInterface(record->name) : nullptr;
-    if (!name) {
+    if (!HasBlock(record)) {
         return;
     }
     const Head &head = record->nesting ? kNestedInterface : kInterfaceHead;
     ShowClassRow(record, G);
-    ShowName(head, name, record->file, G);
+    ShowName(head, record->name, record->file, G);
     ShowMembers(head, record, G);
 }
 

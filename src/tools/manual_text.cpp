@@ -211,8 +211,10 @@ tly.cfg, or the current one.
                       the settings name no other file
     tly_workdiff.cfg  columns of the report on two baselines
 
-tly_macro.cfg is for words in front of declarations that only a compiler
-knows, like __declspec.  A word stands in the first column.
+tly_macro.cfg is for words in declarations and headings that only a
+compiler knows, like __declspec: in "struct __declspec(align(8)) point {"
+and "namespace std VISIBLE(default) {" a listed word and its arguments
+are passed over.  A word stands in the first column.
 
 Your own quality notices are regular expressions with a text to print.
 The setting "TLY user defined quality notice file" names their file:
@@ -238,6 +240,11 @@ at the end of the file, and "Silent flag: Yes" only moves flags.
 "Include: FILE" reads another file, and REG_ICASE: On in front of a
 pattern makes capitals equal.  Test a file with "tly -xUDQNSHOW", which
 shows each rule with what its pattern finds in its String.
+
+A pattern like (a+)+$ can take more steps than anybody waits for.  Where
+that happens on ten lines of a file, the rule is off for the rest of the
+file; after a thousand lines, for the rest of the run.  Each is told once
+for a rule.
 
 A second configuration file can be laid over the first with
 -u"File CFG name", when the settings allow it.

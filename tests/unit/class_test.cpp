@@ -79,6 +79,13 @@ TEST_CASE("a source leaves its classes with their bases, members and lines") {
         {kCpp, "#define EXPORT\nclass EXPORT Foo : public Bar {\n};\n", "Foo : Bar 1 d000 m000 l2\n"},
         {kCpp, "#define EXP(x)\n#define API\nclass API EXP(1) API Foo {\n};\n", "Foo d000 m000 l2\n"},
         {kCpp, "class // one\n/* two */ A\n  : public B,\n    private C\n{ };\n", "A : B,C 2 d000 m000 l1\n"},
+        {kCpp, "class A : public B, // {\n /* two {\n */ C, /* three */ D /*\n { */ {\n};\n", "A : B,C,D 3 d000 m000 l2\n"},
+        {kCpp, "#define M(x)\nstruct M(()) A {\n};\nstruct M((1)(2)) M B : A {\n};\nstruct M(1) { int a; } C;\n",
+         "struct A d000 m000 l2\nstruct B : A 1 d000 m000 l2\nstruct C d100 m000 l1\n"},
+        {kCpp, "#define M\nstruct M A : B {\n};\nstruct M { } C;\nstruct M *f(int a) {\n}\nclass M(()) D {\n};\n",
+         "struct A : B 1 d000 m000 l2\nstruct C d000 m000 l1\nD d000 m000 l2\n"},
+        {kJava, "interface I<T> {\n default int f() { return 1; }\n interface J { int g(); }\n}\n",
+         "I<T> d000 m001 l4\nnested I<T>.J d000 m001 l1\n"},
         {kCpp, "class A {\n void (*fp)(int);\n int operator=(int);\n static int s;\n int n = 5;\n};\n", "A d002 m002 l6\n"},
         {kCpp, "struct { int a; } v;\ntypedef struct { int a; } T;\nstruct { int a; } w[2];\nstruct { int a; };\n",
          "struct v d100 m000 l1\nstruct T d100 m000 l1\n"
@@ -109,7 +116,7 @@ TEST_CASE("bases are cleaned of what isn't one") {
                  {kJava, "implements C extends B", "B", 0},
                  {kJava, "implements C, D", "", 0},
                  {kCs, "A, B where T : C", "A,B", 1},
-                 {kCpp, "public virtual A", "virtualA", 0},
+                 {kCpp, "public virtual A, virtual\tprivate B", "A,B", 1},
                  {kCpp, "", "", 0}};
     for (const auto &c : cases) {
         CAPTURE(std::string(c.text));
@@ -176,7 +183,7 @@ TEST_CASE("namespaces and packages") {
 
 TEST_CASE_FIXTURE(Bench, "a class adds to the innermost namespace in its name") {
     Feed("namespace a { namespace b { } }\n");
-    for (const char *name : {"a::b::C", "a::b::C::D", "a.X", "b::C", "Interface-a.I", "::", "."}) {
+    for (const char *name : {"a::b::C", "a::b::C::D", "a.X", "b::C", "a.I", "::", "."}) {
         NodeData record{};
         record.name = const_cast<char *>(name);
         record.loc = 10;
@@ -219,12 +226,6 @@ TEST_CASE_FIXTURE(Bench, "a scope that doesn't fit is dropped, the name stays") 
     Feed("namespace " + longest + " {\nclass " + own + " {\n class In { }; }; }\n");
     CHECK(FindNamespace(longest.c_str(), G));
     CHECK(Names(G->class_list) == own + " " + longest + "::In");
-    LineText name;
-    CopyText(name, longest.c_str());
-    SetInterface(name);
-    CHECK(std::string(name) == "Interface-" + longest);
-    SetInterface(name);
-    CHECK(strlen(name) == sizeof name - 1);
 }
 
 TEST_CASE("heads, tails and members in the modes of a report") {

@@ -99,7 +99,7 @@ TEST_CASE("a word is a keyword by what stands around it") {
         {kC, "goto end;", "goto_count local_goto #9"},
         {kC, "x and y or z", "local_or local_and"},
         {kC, "return", "return_count local_return"},
-        {kC, "void* p; void *q", "#26"}, // "void*" isn't closed
+        {kC, "void* p; void *q; (void**)", "#26:3"},
         {kC, "new class", "new_flag #24:2"},
         {kC, "throw", "local_return #24"},
         {kC, "throw; operatornum = operator1", "#24"},
@@ -253,6 +253,12 @@ TEST_CASE("helpers on source text") {
         {StripCComment, "a /* b */ c /* d */", "a  c /* d */"},
         {StripCComment, "a */ /* b", "a */ /* b"},
         {StripCComment, "/*/ b", "/*/ b"},
+        {[](char *text) { StripComments(text, 0); }, "a /* // */b/*/ c */, d /**/ // e", "a b, d  "},
+        {[](char *text) { StripComments(text, 0); }, "(int /* a */ /* b */), \"/*\\\"//\", '\"', '\\\"' /* c",
+         "(int), \"/*\\\"//\", '\"', '\\\"' "},
+        {[](char *text) { StripComments(text, 0); }, "'\"' /* a */, \" /* b */", "'\"' , \" "}, // no string closes
+        {[](char *text) { StripComments(text, 1); }, "a /* b */ c", " c"},
+        {[](char *text) { StripComments(text, 1); }, "a // b", ""},
         {[](char *text) { StripChars(text, " \t,"); }, " \ta,, b ", "a b"},
         {[](char *text) { StripStrings(text, "public private"); }, "public A  vat B\n", "A B"},
         {[](char *text) { Strip_nrt(std::string(text).c_str(), std::span(text, 8)); }, "a,\t{b,c\nd", "a, b, c"},

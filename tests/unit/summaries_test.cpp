@@ -106,7 +106,7 @@ TEST_CASE("blocks of classes, interfaces, namespaces") {
     }
     Desk desk;
     Globals *G = desk.G;
-    NodeData *face = desk.Add(G->interface_list, {.name = "Interface-I", .loc = 10, .comments = 2});
+    NodeData *face = desk.Add(G->interface_list, {.name = "I", .loc = 10, .comments = 2});
     NodeData *space =
         desk.Add(G->namespace_list, {.name = "N", .loc = 10, .comments = 2, .nesting = 2, .methods = 3, .functions = 5});
     CHECK(Written([&] { InterDataShow(face, G); }).starts_with("  Interface: I\n  Attributes"));
@@ -121,7 +121,7 @@ TEST_CASE("blocks of classes, interfaces, namespaces") {
     const std::string bases = std::string(57, 'B') + ",DE";
     NodeData *derived = desk.Add(G->class_list, {.name = "C", .loc = 10, .comments = 2, .inherit = bases.c_str()});
     CHECK(Has(Written([&] { ClassDataShow(derived, G); }), "\nInheritance," + bases.substr(0, 57) + " D\n               E\n"));
-    CHECK(Written([&] { InterDataShow(face, G); }).starts_with("Class,Interface-I,10,"));
+    CHECK(Written([&] { InterDataShow(face, G); }).starts_with("Class,I,10,"));
     CHECK(Written([&] { NamespaceDataShow(space, G); }) == "Namespace/Package,N,10,8,4,2,0.25,15,2,1,3,3,6,2,5,3,0,0,3,1,0,2\n");
 }
 

@@ -102,16 +102,32 @@ TEST_CASE("a message longer than its place in HTML is cut in front of an entity"
     CHECK(shown.ends_with(" #100: " + std::string(1020, 'm') + "\n"));
 }
 
-TEST_CASE("a pattern that backtracks without end is switched off, with one message") {
-    Rules rules(Rule(100, "pattern: (a+)+$").c_str());
+TEST_CASE("a pattern that backtracks without end is switched off for a file, then for the run, each told once") {
+    Rules rules(Rule(100, "pattern: ^(a+)+$").c_str());
     const std::string line = std::string(2000, 'a') + ";";
-    const std::string shown = Written([&] {
-        for (int i = 0; i < 10000; ++i) {
-            udqn_process(line.c_str(), 0, rules.G);
-        }
-        udqn_process("aaa", 0, rules.G);
-    });
-    CHECK(shown.find("UDQN 100 takes too many steps") != std::string::npos);
-    CHECK(shown.find("too many steps") == shown.rfind("too many steps"));
-    CHECK(rules.Count(100) == 0);
+    const auto shown_in_file = [&](int stopped) {
+        rules.G->file_line_no = 0;
+        const std::string shown = Written([&] {
+            for (int i = 0; i < stopped; ++i) {
+                ++rules.G->file_line_no;
+                udqn_process(line.c_str(), 0, rules.G);
+            }
+            udqn_process("aaa", 0, rules.G);
+        });
+        ResetState(rules.G);
+        rules.G->file_name = "a.c";
+        return shown;
+    };
+    CHECK(shown_in_file(9) == "");
+    CHECK(rules.Count(100) == 1);
+    CHECK(shown_in_file(1000) == "\n  Error: The pattern of UDQN 100 takes too many steps\n"
+                                 "         The rule is off for the rest of File: a.c\n         Line: 10\n"
+                                 "         The same in other files is not reported again\n\n");
+    CHECK(rules.Count(100) == 1);
+    CHECK(shown_in_file(11) == "");
+    get_udqn_ptr(100, &rules.G->udqn_list)->limit_hits = 992;
+    CHECK(shown_in_file(9) == "\n  Error: The pattern of UDQN 100 took too many steps on 1000 lines\n"
+                              "         The rule is off for the rest of the run from File: a.c\n         Line: 8\n\n");
+    CHECK(shown_in_file(0) == "");
+    CHECK(rules.Count(100) == 1);
 }
