@@ -186,7 +186,7 @@ bool HoldsLines(const Llist &files, const char *work_file, Globals *G) {
     if (files.count > 0) {
         Message(G,
                 "  Error: No line records in the work file: %s\n"
-                "         It was made without -wd: its files are compared by their metrics\n",
+                "         A baseline made without -wd has none: its files are compared by their metrics\n",
                 work_file);
     }
     return files.count == 0;

@@ -226,10 +226,9 @@ int ReadRecords(FILE *file, DiffDataList *list, size_t *bytes_left) {
     return !ferror(file);
 }
 
-// A blank line is a line of comment when the // comment ahead of it goes on by a backslash. No line of white space has a higher
-// code.
+// Whether a line of comment may be a blank line too: it is when the // comment ahead of it goes on by a backslash.
 bool MayBeBlank(const DiffData &comment) {
-    constexpr double kHighestCode = 262.5; // of 2047 blanks
+    constexpr double kHighestCode = 262.5; // of white space: 2047 blanks
     return comment.code <= kHighestCode;
 }
 

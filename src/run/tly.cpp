@@ -271,6 +271,7 @@ int HasTotals(const Globals *G) {
 void EndReport(ProcessTimer *timer, Globals *G) {
     if (G->csv_rows) { // its lines are the whole report
         SetTotal(G);
+        CloseWorkFile(G);
         EndCsvElements(G);
         return;
     }
