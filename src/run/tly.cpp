@@ -161,6 +161,7 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
     if (G->work_file_create && HasRecords(G)) {
         G->work_file = CreateWorkFile(G);
         G->work_file_create = G->work_file != nullptr;
+        G->baseline_lacking = !G->work_file;
     }
     if (mode == Mode::kCsv && !G->csv_rows) {
         CSV_Header(gTLYOUT, G);
@@ -270,6 +271,7 @@ int HasTotals(const Globals *G) {
 void EndReport(ProcessTimer *timer, Globals *G) {
     if (G->csv_rows) { // its lines are the whole report
         SetTotal(G);
+        CloseWorkFile(G);
         EndCsvElements(G);
         return;
     }
@@ -315,7 +317,7 @@ int tly(int argc, char **argv) {
     EndProgress(G);
     EndReport(&timer, G);
 
-    const int status = FinishOutput(G->quality_notices ? G->notice_count : 0);
+    const int status = FinishOutput(G->baseline_lacking ? 1 : G->quality_notices ? G->notice_count : 0);
     if (G->show_progress) {
         fprintf(stderr, "  TLY Processed - %d Files\n", G->files_processed);
     }

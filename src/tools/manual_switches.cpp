@@ -265,6 +265,12 @@ it is a Dif: its figures are the lines that are new or changed, each line
 counted once, and its equal lines stand in a line of their own.  The
 setting "Add removed older lines as modified" counts removed lines too.
 
+Files of the same name are a pair; of those that are left, names that
+differ in case alone are, unless the setting "Source file names are case
+sensitive" says Yes.  A file whose codes of lines are lost, cut short or
+damaged is told by name: it is a Dif by its figures, and never Equ.  A
+baseline without -wd is told once, and its files go by their figures.
+
 Without a name the work file is called after the day, as in
 WorkFile_11182026.dat.  The newest baseline is also kept as workfile.dat
 in the same directory.  A run that fails leaves the older baseline as it

@@ -132,7 +132,8 @@ a column for them.
 Messages stand in the report, where the reader is, and begin with Error,
 Warning or Notice.  A file that can't be read is told and passed over.
 A report that couldn't be written whole, as on a full disk, is told on
-the error output, and the status isn't 0.
+the error output, and the status isn't 0.  A baseline that couldn't be
+made, or not whole, ends the run with 1, whatever notices there are.
 )text"},
     {"~ Operation Step by Step ~",
      R"(
