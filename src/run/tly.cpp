@@ -63,11 +63,9 @@ void LocateFile(PathText &path, const char *name, Globals *G) {
 
 // Half a second, or a key: whoever debugs reads the lines above first. A prompt has no place ahead of a document.
 void Pause(Globals *G) {
-    for (int i = 1; i < G->argc; ++i) {
-        if (G->argv[i][0] == '-' && (G->argv[i][1] == 'X' || G->argv[i][1] == 'H')) {
-            usleep(500000);
-            return;
-        }
+    if (IsSwitchGiven(G->argc, G->argv, 'X') || IsSwitchGiven(G->argc, G->argv, 'H')) {
+        usleep(500000);
+        return;
     }
     Message(G, "\n  Press Enter Key To Continue ...\n");
     FlushEarlyMessages(G);
@@ -191,7 +189,7 @@ void EndProgress(const Globals *G) {
     }
 }
 
-void ProjectHeading(const Globals *G) {
+void ProjectHeading(Globals *G) {
     char files[16];
     FormatText(files, "%d", G->project_files);
     LineText plain;
@@ -206,7 +204,10 @@ void ProjectHeading(const Globals *G) {
         Center_HTML(plain, marked);
         break;
     case Mode::kXml: break;
-    case Mode::kCsv: Put("\nProject,%s,Files", files); break;
+    case Mode::kCsv:
+        Put("\nProject,%s,Files", files);
+        G->heading_open = 1;
+        break;
     case Mode::kText:
         DashRule();
         Center(plain);
@@ -238,7 +239,7 @@ void ProjectReports(Globals *G) {
             ShowTotalDirSummary(G);
         }
         if (G->file_summary) {
-            Put("\n");
+            BeginBlock(G);
             ShowTotalSummary(G, 1, 1);
         }
         EntityReports(G);
@@ -248,6 +249,7 @@ void ProjectReports(Globals *G) {
     }
     if (G->verbose_metrics) {
         ShowVerbose(G, 1);
+        G->heading_open = 0; // its rule has begun with a line feed
     }
     if (G->memory_metrics) {
         ShowMemorySummary(G);
@@ -257,7 +259,7 @@ void ProjectReports(Globals *G) {
     }
     if (G->have_files || G->totals_summary) {
         if (OutputMode(G) == Mode::kCsv) {
-            Put("\n");
+            BeginBlock(G);
         }
         ShowFileSummary(G);
     }
