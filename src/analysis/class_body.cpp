@@ -12,11 +12,11 @@ struct Section {
     int ClassScope::*methods;
     int ClassScope::*data;
     int data_notice; // 0 for none
-    Forms<int, Shown, Shown> method_line;
+    Forms<int, Shown, ShownList> method_line;
     Forms<int, Shown> data_line;
 };
 
-// Tested in this order. CSV has no form of its own and shows the plain one.
+// Tested in this order. CSV has no form of its own and shows the plain ones.
 // clang-format off
 constexpr Section kSections[] = {
     {.access = &ClassScope::access_private,
@@ -31,7 +31,6 @@ constexpr Section kSections[] = {
      .data_line = {
          .text = "  Class Data Private    :%6d | %s\n",
          .html = "  <i>Class Data Private    :%6d | %s</i>\n",
-         .csv  = "  Class Data Private    :%6d | %s\n",
          .xml  = "<data_private>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_private>\n"}},
     {.access = &ClassScope::access_protected,
      .methods = &ClassScope::cls_prot_methods,
@@ -45,7 +44,6 @@ constexpr Section kSections[] = {
      .data_line = {
          .text = "  Class Data Protected  :%6d | %s\n",
          .html = "  <i>Class Data Protected  :%6d | %s</i>\n",
-         .csv  = "  Class Data Protected  :%6d | %s\n",
          .xml  = "<data_protected>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_protected>\n"}},
     {.access = &ClassScope::access_public,
      .methods = &ClassScope::cls_pub_methods,
@@ -59,7 +57,6 @@ constexpr Section kSections[] = {
      .data_line = {
          .text = "  Class Data Public     :%6d | %s\n",
          .html = "  <i>Class Data Public     :%6d | %s</i>\n",
-         .csv  = "  Class Data Public     :%6d | %s\n",
          .xml  = "<data_public>\n<lineno>%d</lineno>\n<line>%s</line>\n</data_public>\n"}},
 };
 // clang-format on
@@ -83,7 +80,7 @@ void CountData(const Section &section, const char *line, Globals *G) {
         LineText shown;
         CopyText(shown, Ltrim(line));
         stripLF(shown);
-        Print(G, section.data_line, G->file_line_no, Shown{shown});
+        PrintAs(FreeTextMode(G), section.data_line, G->file_line_no, Shown{shown}); // the source as it is, commas too
     }
 }
 
@@ -96,7 +93,7 @@ void ClassMethod(Globals *G) {
     }
     ++(G->*section->methods);
     if (G->show_class_methods) {
-        Print(G, section->method_line, G->file_line_no, Shown{G->funcname}, Shown{G->params});
+        Print(G, section->method_line, G->file_line_no, Shown{G->funcname}, ShownList{G->params});
     }
 }
 

@@ -161,7 +161,7 @@ void EmitInheritanceLine(Globals *G) {
             PrintOnly(mode, "  <b>Inheritance</b>: <b><font color=\"%s\">%s</font></b>\n", Shown{G->html_inheritance_color},
                       Shown{wrapped});
             break;
-        case Mode::kCsv: PrintOnly(mode, "Inheritance,%s\n", Shown{G->inherit_line}); break;
+        case Mode::kCsv: PrintOnly(mode, "Inheritance,%s\n", ShownList{G->inherit_line}); break;
         case Mode::kText:
         case Mode::kXml: PrintOnly(mode, "  Inheritance: %s\n", Shown{wrapped}); break;
         }

@@ -37,7 +37,7 @@ constexpr Text kTextTemplate = "  Template: %s\n";
 constexpr Pair kTextRow[] = {"  %s %s\n", "  Inline %s %s\n"};
 constexpr Triple kTextTemplateRow[] = {"  template %s %s %s\n", "  inline template %s %s %s\n"};
 
-constexpr Pair kCsvRow[] = {"Function,%s,%s", "Inline Function,%s,%s"};
+constexpr forms::Format<Shown, ShownList> kCsvRow[] = {"Function,%s,%s", "Inline Function,%s,%s"};
 constexpr Text kCsvTemplate = ",template %s";
 
 constexpr Numbered kXmlBody = "<line>%d</line>\n<name>%s</name>\n<parameters>%s</parameters>\n";
@@ -104,7 +104,7 @@ void EmitTextRow(const Identity &f) {
 }
 
 void EmitCsvRow(const Identity &f) {
-    PrintOnly(Mode::kCsv, kCsvRow[f.is_inline], Shown{f.name}, Shown{f.params});
+    PrintOnly(Mode::kCsv, kCsvRow[f.is_inline], Shown{f.name}, ShownList{f.params});
     if (f.has_template) {
         PrintOnly(Mode::kCsv, kCsvTemplate, Shown{f.template_text});
     }

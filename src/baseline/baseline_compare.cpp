@@ -1,4 +1,5 @@
-// Two baselines matched by name. How a pair's lines are compared is in code_compare.h, how the outcome is shown in diff_tables.h.
+// Two baselines compared file by file. Which files are a pair is in baseline_match.h, how a pair's lines are compared in
+// code_compare.h, how the outcome is shown in diff_tables.h.
 //
 // A pair's difference is the arithmetic one of its metrics; where lines are compared, the line metrics count touched lines instead.
 // A changed file then gives two records, of its equal and of its changed part.
@@ -8,80 +9,15 @@
 #include <cerrno>
 #include <cstring>
 
+#include "baseline/baseline_match.h"
 #include "baseline/code_compare.h"
 #include "baseline/work_file.h"
 #include "run/compare.h"
 #include "run/globals.h"
 #include "run/mode.h"
-#include "run/name_index.h"
 #include "run/progress.h"
 
 namespace {
-
-// A newer file under the name that it is found by.
-struct NameKey {
-    char *name; // the record's own name, or a folded copy
-    NodeData *file;
-};
-
-// The newer files by name. Where case doesn't matter the keys are folded, and so is the name that is asked for.
-struct NewerFiles {
-    NameKey *keys;
-    int count;
-    bool folded;
-    NameIndex by_name;
-};
-
-void Fold(char *name) {
-    for (; *name; ++name) {
-        if (*name >= 'A' && *name <= 'Z') {
-            *name = static_cast<char>(*name - 'A' + 'a');
-        }
-    }
-}
-
-void FreeNewerFiles(NewerFiles *files) {
-    FreeIndex(&files->by_name);
-    for (int i = 0; files->folded && i < files->count; ++i) {
-        free(files->keys[i].name);
-    }
-    free(files->keys);
-}
-
-// Returns 0 when memory is out; what has been entered is still to be freed.
-int EnterNewerFiles(const Llist &newer, NewerFiles *files) {
-    files->keys = static_cast<NameKey *>(calloc(static_cast<size_t>(newer.count) + 1, sizeof *files->keys));
-    if (!files->keys) {
-        return 0;
-    }
-    for (NodeData *file : Records<NodeData>(newer)) {
-        NameKey *const key = &files->keys[files->count];
-        *key = {files->folded ? CopyOnHeap(file->name) : file->name, file};
-        if (!key->name) {
-            return 0;
-        }
-        ++files->count;
-        if (files->folded) {
-            Fold(key->name);
-        }
-        if (!IndexName(&files->by_name, key)) {
-            return 0;
-        }
-    }
-    return 1;
-}
-
-// The first newer file of a name, whether or not another older file has matched it already; null for a removed file.
-NodeData *FindNewer(const NewerFiles &files, const char *name) {
-    LineText folded;
-    if (files.folded) {
-        CopyText(folded, name);
-        Fold(folded);
-        name = folded;
-    }
-    const auto *key = static_cast<const NameKey *>(FindIndexed(&files.by_name, name));
-    return key ? key->file : nullptr;
-}
 
 void Add(const WorkMetrics &metrics, WorkMetrics *sum) {
     for (int m = 0; m < kWorkMetrics; ++m) {
@@ -105,12 +41,19 @@ void AddLineCounts(const int (&counts)[kLineKinds], WorkMetrics *sum) {
     sum->of[kWorkLines] += loc + counts[kLineC] + counts[kLineB];
 }
 
-WorkMetrics Difference(const WorkMetrics &older, const WorkMetrics &newer, const Globals *G) {
+// How a pair is compared.
+enum class Basis {
+    kMetrics, // by metrics alone: no lines are asked for, or a baseline holds none
+    kLines,   // by its lines: G->line_counts
+    kDoubt    // by metrics, because its lines should be there and can't be had: never to be called equal
+};
+
+WorkMetrics Difference(const WorkMetrics &older, const WorkMetrics &newer, Basis basis, const Globals *G) {
     WorkMetrics difference;
     for (int m = 0; m < kWorkMetrics; ++m) {
         difference.of[m] = newer.of[m] - older.of[m];
     }
-    if (G->diff_code_lines) {
+    if (basis == Basis::kLines) {
         std::fill(difference.of + kWorkLoc, difference.of + kWorkLines + 1, 0);
         AddLineCounts(G->line_counts[kLineMod], &difference);
         if (G->diff_removed_as_modified) {
@@ -155,59 +98,58 @@ void ShowPairProgress(const NodeData *older, const NodeData *newer, const Global
     }
 }
 
-// Fills G->line_counts; they stay 0 where a file's line records are missing or empty.
-void ComparePairLines(const NodeData *older, const NodeData *newer, Globals *G) {
-    memset(G->line_counts, 0, sizeof G->line_counts);
+bool LoadLines(const NodeData *file, const char *work_file, DiffDataList *lines, Globals *G) {
+    return LoadDiffDataFile(TextOr(file->diff_file), work_file, MetricsOf(file), lines, G) != 0;
+}
+
+// Fills G->line_counts.
+Basis ComparePairLines(const NodeData *older, const NodeData *newer, Globals *G) {
     DiffDataList older_lines{};
     DiffDataList newer_lines{};
-    const int older_loaded = LoadDiffDataFile(TextOr(older->diff_file), G->older_work_name, &older_lines, G);
-    const int newer_loaded = LoadDiffDataFile(TextOr(newer->diff_file), G->newer_work_name, &newer_lines, G);
+    const bool older_loaded = LoadLines(older, G->older_work_name, &older_lines, G);
+    const bool newer_loaded = LoadLines(newer, G->newer_work_name, &newer_lines, G);
     if (G->diff_debug) {
         Message(G, "\n  Older Diff File: %s\n", TextOr(older->diff_file));
         Message(G, "  Newer Diff File: %s\n", TextOr(newer->diff_file));
     }
-    if (G->show_progress) {
-        ShowPairProgress(older, newer, G);
-    }
-    if (older_loaded && newer_loaded) {
-        CompareCodeLCS(older->name, older_lines, newer_lines, G);
-    }
+    const bool compared = older_loaded && newer_loaded && CompareCodeLCS(older->name, older_lines, newer_lines, G);
     FreeDiffData(&older_lines);
     FreeDiffData(&newer_lines);
+    return compared ? Basis::kLines : Basis::kDoubt;
 }
 
 // The record of a pair that doesn't differ, or of the equal part of one that does. Without a comparison of lines only the size, a
 // part of no table, is left of it.
-WorkMetrics EqualPart(const WorkMetrics &difference, const Globals *G) {
+WorkMetrics EqualPart(const WorkMetrics &difference, Basis basis, const Globals *G) {
     WorkMetrics equal{};
     equal.of[kWorkSize] = difference.of[kWorkSize];
-    if (G->diff_code_lines) {
+    if (basis == Basis::kLines) {
         AddLineCounts(G->line_counts[kLineEq], &equal);
     }
     return equal;
 }
 
-int AddPair(const NodeData *older_file, NodeData *newer_file, Llist *result, Globals *G) {
-    newer_file->returns = kStateProcessed;
-    if (G->diff_code_lines) {
-        ComparePairLines(older_file, newer_file, G);
+int AddPair(const NodeData *older_file, const NodeData *newer_file, bool lines, Llist *result, Globals *G) {
+    if (G->diff_code_lines && G->show_progress) {
+        ShowPairProgress(older_file, newer_file, G);
     }
+    const Basis basis = lines ? ComparePairLines(older_file, newer_file, G) : Basis::kMetrics;
     const WorkMetrics older = MetricsOf(older_file);
     const WorkMetrics newer = MetricsOf(newer_file);
-    const WorkMetrics difference = Difference(older, newer, G);
+    const WorkMetrics difference = Difference(older, newer, basis, G);
     AddFile(older, &G->older_totals);
     AddFile(newer, &G->newer_totals);
     Add(difference, &G->diff_totals); // of an equal pair that is its size
     const char *name = older_file->name;
-    WorkMetrics equal = EqualPart(difference, G);
-    if (!IsChange(difference)) {
-        if (G->diff_code_lines) {
+    WorkMetrics equal = EqualPart(difference, basis, G);
+    if (!IsChange(difference) && basis != Basis::kDoubt) {
+        if (basis == Basis::kLines) {
             std::copy(older.of + kWorkFunctions, older.of + kWorkColumns, equal.of + kWorkFunctions);
         }
         return AddResult(name, newer_file->date, equal, kStateEqual, 0, G, result);
     }
     return AddResult(name, newer_file->date, difference, kStateModified, ElocPercent(older, difference), G, result) &&
-           (!G->diff_code_lines || AddResult(name, newer_file->date, equal, kStateEqual, 0, G, result));
+           (basis != Basis::kLines || AddResult(name, newer_file->date, equal, kStateEqual, 0, G, result));
 }
 
 // A removed file counts whole, for or against the totals as the report's configuration has it for each metric.
@@ -234,11 +176,32 @@ int AddNew(const NodeData *file, Llist *result, Globals *G) {
     return AddResult(file->name, file->date, metrics, kStateNew, 100.0f, G, result);
 }
 
+// False, told once, for a baseline of which no file has line records.
+bool HoldsLines(const Llist &files, const char *work_file, Globals *G) {
+    for (const NodeData *file : Records<NodeData>(files)) {
+        if (*TextOr(file->diff_file)) {
+            return true;
+        }
+    }
+    if (files.count > 0) {
+        Message(G,
+                "  Error: No line records in the work file: %s\n"
+                "         A baseline made without -wd has none: its files are compared by their metrics\n",
+                work_file);
+    }
+    return files.count == 0;
+}
+
 // Returns 0 when memory is out.
-int ClassifyFiles(const Llist &older, const Llist &newer, const NewerFiles &newer_files, Llist *result, Globals *G) {
+int ClassifyFiles(const Llist &older, const Llist &newer, NodeData *const *newer_of, Llist *result, Globals *G) {
+    bool lines = G->diff_code_lines != 0;
+    if (lines) {
+        const bool in_older = HoldsLines(older, G->older_work_name, G);
+        lines = HoldsLines(newer, G->newer_work_name, G) && in_older;
+    }
     for (const NodeData *file : Records<NodeData>(older)) {
-        NodeData *const match = FindNewer(newer_files, file->name);
-        if (!(match ? AddPair(file, match, result, G) : AddRemoved(file, result, G))) {
+        const NodeData *const match = *newer_of++;
+        if (!(match ? AddPair(file, match, lines, result, G) : AddRemoved(file, result, G))) {
             return 0;
         }
     }
@@ -254,11 +217,11 @@ int ClassifyFiles(const Llist &older, const Llist &newer, const NewerFiles &newe
 
 void DiffWorkLists(Llist *older, Llist *newer, Llist *result, Globals *G) {
     BeginProgress(older->count, G);
-    NewerFiles newer_files{.keys = nullptr, .count = 0, .folded = !G->names_case_sensitive, .by_name = {}};
+    auto *const newer_of = static_cast<NodeData **>(calloc(static_cast<size_t>(older->count) + 1, sizeof(NodeData *)));
     // what was added last stands first among equal names: a changed file's equal part ahead of its changed one
-    const bool whole = EnterNewerFiles(*newer, &newer_files) && ClassifyFiles(*older, *newer, newer_files, result, G);
+    const bool whole = newer_of && MatchFiles(*older, *newer, newer_of, G) && ClassifyFiles(*older, *newer, newer_of, result, G);
     if (!LlistSort(result, CompName_NodeData, 0) || !whole) {
         Message(G, "  Memory Error: %s\n", strerror(errno));
     }
-    FreeNewerFiles(&newer_files);
+    free(newer_of);
 }

@@ -211,6 +211,7 @@ void ExtractWork(const char *older_name, const char *newer_name, Globals *G, int
     if (LoadBaseline("Older", older_name, &G->old_work_list, &older, G) &&
         LoadBaseline("Newer", newer_name, &G->new_work_list, &newer, G)) {
         work = ShowTimes(older, newer, G);
+        G->blanks_recorded = !newer.ignore_blank; // as in the older one
         CompareBaselines(G);
         ShowFileTable(G);
     }

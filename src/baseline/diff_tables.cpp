@@ -207,7 +207,7 @@ void DiffDataHeader(Globals *G, DiffTable kind) {
         head.Add(files ? "eLOC%" : "Av.eLOC%", 9, files ? 5 : 7);
     }
     switch (kind) {
-    case DiffTable::kFiles: head.Add("File", 5, 5); break;
+    case DiffTable::kFiles: head.Add("File", 5, 7); break;
     case DiffTable::kProfile: head.Add("Files", 8, 8); break;
     case DiffTable::kProductivity: break;
     }

@@ -25,16 +25,16 @@ int64_t SecondsBetween(int64_t older, int64_t newer) {
     return newer > older ? std::numeric_limits<int64_t>::max() : std::numeric_limits<int64_t>::min();
 }
 
-// A date brings its line end along, in every form.
+// A date brings its line end along, but for XML.
 constexpr Forms<Shown, const char *> kOlder{
     .text = "  Older Work File: %s\n  Creation Date  : %s\n\n",
     .csv = "Older Work File %s\nCreation Date %s\n\n",
-    .xml = "<older_work_file>\n<name>%s</name>\n<date>%s\n</date>\n</older_work_file>\n",
+    .xml = "<older_work_file>\n<name>%s</name>\n<date>%s</date>\n</older_work_file>\n",
 };
 constexpr Forms<Shown, const char *> kNewer{
     .text = "  Newer Work File: %s\n  Creation Date  : %s\n\n",
     .csv = "Newer Work File %s\nCreation Date %s\n\n",
-    .xml = "<newer_work_file>\n<name>%s</name>\n<date>%s\n</date>\n</newer_work_file>\n",
+    .xml = "<newer_work_file>\n<name>%s</name>\n<date>%s</date>\n</newer_work_file>\n",
 };
 constexpr Forms<Shown, Shown, Shown, const char *> kHtmlOlder{
     .html = "  <b><font color=\"%s\">Older Work File</font></b>: %s\n  <b><font color=\"%s\">Creation Date</font></b>  : %s\n\n",

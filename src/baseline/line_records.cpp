@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <span>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -71,9 +72,51 @@ void WorkDiffDataPathName(Globals *G) {
     }
 }
 
+// The part of a name that is left of it on the disk.
+const char *NameOnDisk(const char *munged) {
+    constexpr size_t kMost = NAME_MAX - 4; // with ".dif"
+    const size_t length = strlen(munged);
+    return length > kMost ? munged + length - kMost : munged;
+}
+
+bool IsTaken(const char *munged, const Globals *G) {
+    return FindIndexed(&G->diff_names_taken, NameOnDisk(munged)) != nullptr;
+}
+
+// Enters a name with the number of the last source that bears it; null when memory is out.
+NameData *EnterName(const char *name, Globals *G) {
+    if (!AddNameNode(name, 0, 1, &G->diff_names, 0, G)) {
+        return nullptr;
+    }
+    auto *const entry = Record<NameData>(G->diff_names.tail);
+    return IndexName(&G->diff_names_taken, entry) ? entry : nullptr;
+}
+
+// Makes the name one that no other source of this run has: the second a_b_c is a_b_c-2. Returns false when memory is out.
+bool TakeName(std::span<char> munged, Globals *G) {
+    if (IsTaken(munged.data(), G)) {
+        constexpr size_t kMost = 240; // a number has room behind it
+        char family[kMost + 2] = "/"; // no name has this byte
+        const size_t length = strlen(munged.data());
+        AppendText(family, munged.data() + (length > kMost ? length - kMost : 0));
+        auto *counter = static_cast<NameData *>(FindIndexed(&G->diff_names_taken, family));
+        if (!counter && !(counter = EnterName(family, G))) {
+            return false;
+        }
+        do {
+            FormatText(munged, "%s-%d", family + 1, ++counter->number);
+        } while (IsTaken(munged.data(), G));
+    }
+    return EnterName(NameOnDisk(munged.data()), G) != nullptr;
+}
+
 // The names of the current source file's records.
 void WorkDiffDataFileName(std::span<char> munged, Globals *G) {
     MungDataFilename(G->file_name, munged, G);
+    if (!TakeName(munged, G)) {
+        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+        G->baseline_failed = 1; // one source's records might replace another's
+    }
     FormatText(G->diff_file_old, "%s/%s.dif", G->diff_data_path, munged.data());
     FormatText(G->diff_file_rel, "%s/%s.dif", G->diff_data_rel_path, munged.data());
     if (!G->work_verbose) {
@@ -162,24 +205,57 @@ DiffData Decode(const char *record) {
     return line;
 }
 
-// Reads whole records up to the end; what a cut file holds behind the last one is no line. Returns 0 with errno on failure.
-int ReadRecords(FILE *file, DiffDataList *list) {
+// Reads whole records up to the end, and counts the bytes behind the last one. Returns 0 with errno on failure.
+int ReadRecords(FILE *file, DiffDataList *list, size_t *bytes_left) {
     struct stat about;
     if (fstat(fileno(file), &about) == 0 && about.st_size >= static_cast<off_t>(kRecordSize) &&
         !Reserve(list, list->count + about.st_size / static_cast<off_t>(kRecordSize))) {
         return 0;
     }
-    char block[kRecordSize * 4096];
+    char block[kRecordSize * 4096]; // only the last one comes in short
     size_t got;
-    while ((got = fread(block, kRecordSize, sizeof block / kRecordSize, file)) > 0) {
-        for (size_t i = 0; i < got; ++i) {
-            const DiffData line = Decode(block + i * kRecordSize);
+    while ((got = fread(block, 1, sizeof block, file)) > 0) {
+        for (size_t at = 0; at + kRecordSize <= got; at += kRecordSize) {
+            const DiffData line = Decode(block + at);
             if (!AddDiffDataNode(line.line, line.type, line.code, list)) {
                 return 0;
             }
         }
+        *bytes_left = got % kRecordSize;
     }
     return !ferror(file);
+}
+
+// Whether a line of comment may be a blank line too: it is when the // comment ahead of it goes on by a backslash.
+bool MayBeBlank(const DiffData &comment) {
+    constexpr double kHighestCode = 262.5; // of white space: 2047 blanks
+    return comment.code <= kHighestCode;
+}
+
+// Whether the records can be all lines of a source: each line of code and each comment that the work file counts has one, and where
+// blank lines are recorded, each of them too.
+bool AreAllLines(std::span<const DiffData> lines, const WorkMetrics &file, const Globals *G) {
+    int64_t code = 0, comments = 0, blanks = 0, doubtful = 0;
+    for (const DiffData &line : lines) {
+        switch (line.type) {
+        case 'l':
+        case 'n':
+        case 'g': ++comments; [[fallthrough]];
+        case 'L':
+        case 'N':
+        case 'G': ++code; break;
+        case 'C':
+            ++comments;
+            doubtful += MayBeBlank(line);
+            break;
+        case 'B': ++blanks; break;
+        default: break;
+        }
+    }
+    const int64_t counted = file.of[kWorkBlanks];
+    const bool blanks_fit = !G->blanks_recorded || (blanks <= counted && counted <= blanks + doubtful);
+    return code == file.of[kWorkLoc] && comments == file.of[kWorkComments] && blanks_fit &&
+           (lines.empty() || lines.back().line <= file.of[kWorkLines]);
 }
 
 void ShowRecords(const char *path, const DiffDataList &list, int from, Globals *G) {
@@ -221,6 +297,7 @@ void WorkDiffDataFileOpen(Globals *G) {
     if (!G->diff_data_file) {
         Message(G, "\n  Create File Error: %s - %s\n", G->diff_file_old, strerror(G->diff_file_error));
         G->baseline_failed |= IsDiskFull(G->diff_file_error);
+        G->baseline_lacking = 1;
     }
 }
 
@@ -254,20 +331,21 @@ void WorkDiffDataLineWrite(FILE *stream, char type, const char *line_text, Globa
     }
 }
 
-int LoadDiffDataFile(const char *name, const char *work_file, DiffDataList *list, Globals *G) {
+int LoadDiffDataFile(const char *name, const char *work_file, const WorkMetrics &file, DiffDataList *list, Globals *G) {
     LongPath path = "";
     PathText directory = "";
     if (!getcwd(directory, sizeof directory)) {
         ClearText(directory);
     }
-    FILE *file = FindRecords(name, work_file, path, directory);
+    FILE *stream = FindRecords(name, work_file, path, directory);
     const int before = list->count;
-    const int loaded = file && ReadRecords(file, list);
+    size_t bytes_left = 0;
+    const int loaded = stream && ReadRecords(stream, list, &bytes_left);
     const int error = errno;
-    if (file) {
-        fclose(file);
+    if (stream) {
+        fclose(stream);
     }
-    if (!file || (!loaded && error != ENOMEM)) {
+    if (!stream || (!loaded && error != ENOMEM)) {
         Message(G,
                 "  Error: Loading Work Differential File: %s\n"
                 "         Check the differential directory associated with the work file\n"
@@ -284,5 +362,16 @@ int LoadDiffDataFile(const char *name, const char *work_file, DiffDataList *list
     if (G->diff_debug) {
         ShowRecords(path, *list, before, G);
     }
-    return list->count > 0;
+    const std::span<const DiffData> lines(list->lines + before, list->count - before);
+    if (bytes_left || !AreAllLines(lines, file, G)) {
+        Message(G,
+                "  Error: Loading Work Differential File: %s\n"
+                "         The file is cut short or damaged: %s\n"
+                "         Its lines are not compared, its metrics are\n"
+                "         Work File: %s\n",
+                path, bytes_left ? "its size is no multiple of 13 bytes" : "its lines are not those that the work file counts",
+                work_file);
+        return 0;
+    }
+    return 1;
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 struct Globals;
+struct WorkMetrics;
 
 struct DiffData {
     double code;  // as LineCode tells
@@ -30,7 +31,7 @@ void WorkDiffDataFileClose(Globals *G);
 // Appends the record of a raw line to the open file. Without an open file it tells so.
 void WorkDiffDataLineWrite(FILE *stream, char type, const char *line_text, Globals *G);
 
-// Loads line records. name is as the work file holds it, work_file the work file's path: the records are searched for beside it,
-// then below the working directory. Returns 1 if list then holds a line; 0 for an empty file, or with a message for one that isn't
-// there.
-int LoadDiffDataFile(const char *name, const char *work_file, DiffDataList *list, Globals *G);
+// Loads the line records of a source file. name is as the work file holds it, work_file the work file's path: the records are
+// searched for beside it, then below the working directory. file holds what the work file counts of the source. Returns 1, also for
+// a file without a line; 0 with a message for one that isn't there or doesn't hold the lines that the work file counts.
+int LoadDiffDataFile(const char *name, const char *work_file, const WorkMetrics &file, DiffDataList *list, Globals *G);

@@ -130,8 +130,9 @@ void CopyLatest(Globals *G) {
     AppendText(latest, kLatest);
     if (IsReport(latest, G)) {
         Message(G, "\n  Error: Failed to create/open the file %s\n         %s\n", latest, strerror(EBUSY));
+        G->baseline_lacking = 1;
     } else if (!IsSameFile(latest, G->work_file_name)) { // "File dat base/workfile.dat" is the latest one itself
-        FileCopy(latest, G->work_file_name, G);
+        G->baseline_lacking |= FileCopy(latest, G->work_file_name, G) < 0;
     }
 }
 
@@ -208,6 +209,7 @@ void WriteWorkRecord(const FileData *file, Globals *G) {
     const char *diff_name = G->recording_lines ? G->diff_file_rel : "";
     if (strlen(name) + strlen(diff_name) + kNumbers >= sizeof(LineText)) {
         Message(G, "\n  Error: File name too long for the work file: %s\n", name);
+        G->baseline_lacking = 1;
         return;
     }
     WorkMetrics metrics{};
@@ -240,6 +242,7 @@ void CloseWorkFile(Globals *G) {
                 G->work_file_name);
         AbandonReplacement(&G->work_beside);
         G->work_file = nullptr;
+        G->baseline_lacking = 1;
     }
     // what stands beside now: the line records of the baseline before, or those of this one if it failed
     if (!RemoveBeside(&G->diff_beside, ".dif")) {

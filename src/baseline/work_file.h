@@ -43,5 +43,6 @@ struct WorkRecord {
     int64_t date;
     WorkMetrics metrics;
 };
-// Splits a record's line. A line that is none gives an empty name and zeros.
-void ParseWorkLine(const char *line, WorkRecord *out);
+// Splits a record's line. Returns 1, or 0 for a line that isn't a whole record: it gives what can be read of it, at worst an empty
+// name and zeros.
+int ParseWorkLine(const char *line, WorkRecord *out);

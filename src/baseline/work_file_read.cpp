@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kNumbers = 12;
 
+enum { kTitle, kRemark, kVersion, kTime, kBlank, kWhite, kHeadLines };
+
 // The metrics of the second to the twelfth number; the first is the date.
 constexpr WorkMetric kInRecord[kNumbers - 1] = {kWorkSize, kWorkLoc,   kWorkEloc,    kWorkComments,  kWorkBlanks,   kWorkLines,
                                                 kWorkLloc, kWorkCyclo, kWorkNotices, kWorkInterface, kWorkFunctions};
@@ -34,13 +36,14 @@ int64_t Clamp32(long number) {
     return std::clamp<long>(number, INT_MIN, INT_MAX);
 }
 
-// Reads twelve numbers, each behind white space. Returns what stands behind them and their white space; null if they aren't there.
+// Reads twelve numbers, each between white space. Returns what stands behind them; null if they aren't all there: then those that
+// are have been read.
 const char *ReadNumbers(const char *text, int64_t *numbers) {
     for (int i = 0; i < kNumbers; ++i) {
         const char *begin = SkipSpace(text);
         char *end;
         numbers[i] = Clamp32(strtol(begin, &end, 10));
-        if (begin == text || end == begin || (*end && !IsSpace(*end))) {
+        if (begin == text || end == begin || !IsSpace(*end)) {
             return nullptr;
         }
         text = end;
@@ -130,7 +133,6 @@ int SettingOf(const char *line, const char *key) {
 }
 
 void ReadHead(FILE *file, const char *path, int64_t *time_out, int *ignore_blank_out, int *ignore_white_out, Globals *G) {
-    enum { kTitle, kRemark, kVersion, kTime, kBlank, kWhite, kHeadLines };
     LineText head[kHeadLines] = {};
     for (LineText &line : head) {
         if (ReadRow(file, line) == Row::kEnd) {
@@ -146,16 +148,22 @@ void ReadHead(FILE *file, const char *path, int64_t *time_out, int *ignore_blank
 int ReadRecords(FILE *file, const char *path, Llist *list, Globals *G) {
     LineText line;
     static WorkRecord record; // large for the stack
+    int number = kHeadLines;
     for (Row row; (row = ReadRow(file, line)) != Row::kEnd;) {
+        ++number;
         if (row == Row::kTooLong) {
-            Message(G, "  Error: Loading Work File: %s\n         A line of more than %d characters is left out\n", path,
+            Message(G, "  Error: Loading Work File: %s\n         Line %d of more than %d characters is left out\n", path, number,
                     static_cast<int>(sizeof line) - 1);
             continue;
         }
         if (*SkipSpace(line) == '\0') {
             continue;
         }
-        ParseWorkLine(line, &record);
+        if (!ParseWorkLine(line, &record)) {
+            Message(G,
+                    "  Error: Loading Work File: %s\n         Line %d is cut short or damaged, not all of its metrics are there\n",
+                    path, number);
+        }
         if (!AddWorkNode(record.name, record.date, record.metrics, kStateUnprocessed, 0.0F, 0, record.diff_name, list, G)) {
             return 0;
         }
@@ -173,16 +181,21 @@ void TellOfLoad(const char *path, int error, Globals *G) {
 
 } // namespace
 
-void ParseWorkLine(const char *line, WorkRecord *out) {
+int ParseWorkLine(const char *line, WorkRecord *out) {
     ClearText(out->name);
     ClearText(out->diff_name);
     out->date = 0;
     out->metrics = {};
-    int64_t numbers[kNumbers];
+    int64_t numbers[kNumbers] = {};
     const char *bar;
-    const char *rest = FindNumbers(line, &bar, numbers);
-    if (!rest || !TakeName(line, bar, out->name)) {
-        return;
+    const char *const rest = FindNumbers(line, &bar, numbers);
+    if (!rest) {
+        bar = strrchr(line, '|');
+        std::fill(std::begin(numbers), std::end(numbers), 0);
+        ReadNumbers(bar ? bar + 1 : "", numbers);
+    }
+    if (!bar || !TakeName(line, bar, out->name)) {
+        return 0;
     }
     out->date = numbers[0];
     for (int i = 1; i < kNumbers; ++i) {
@@ -190,7 +203,10 @@ void ParseWorkLine(const char *line, WorkRecord *out) {
     }
     out->metrics.of[kWorkTotalComplexity] =
         std::clamp<int64_t>(out->metrics.of[kWorkCyclo] + out->metrics.of[kWorkInterface], INT_MIN, INT_MAX);
-    CopyPart(out->diff_name, rest, strcspn(rest, "\r\n"));
+    if (rest) {
+        CopyPart(out->diff_name, rest, strcspn(rest, "\r\n"));
+    }
+    return rest != nullptr;
 }
 
 int LoadWorkFile(const char *path, int64_t *time_out, Llist *list, int *ignore_blank_out, int *ignore_white_out, Globals *G) {

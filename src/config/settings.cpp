@@ -36,16 +36,14 @@ int ReadInteger(const Setting &row, const char *value) {
 
 // With TLYCFGHOME set, all side files lie there: a bare name goes behind it, and a value with a path of its own is passed over.
 void ReadUdqnFile(const char *value, Globals *G) {
-    CopyText(G->udqn_setting, value);
     const bool has_home = strlen(G->TLYCFGHOME) > 1;
-    if (strlen(value) < 2) {
-        if (has_home) {
-            FormatText(G->udqn_file, "%stly_udqn.cfg", G->TLYCFGHOME);
-        }
-    } else if (!has_home) {
-        CopyText(G->udqn_file, value);
-    } else if (!strchr(value, '/')) {
-        FormatText(G->udqn_file, "%s%s", G->TLYCFGHOME, value);
+    const bool has_name = strlen(value) > 1;
+    const bool passed_over = has_home ? has_name && strchr(value, '/') : !has_name;
+    if (!passed_over || *G->udqn_file == '\0') { // else the setting that holds is the one of an earlier file
+        CopyText(G->udqn_setting, value);
+    }
+    if (!passed_over) {
+        FormatText(G->udqn_file, "%s%s", has_home ? G->TLYCFGHOME : "", has_name ? value : "tly_udqn.cfg");
     }
 }
 
@@ -140,7 +138,7 @@ std::string OneLine(const char *value) {
     return text;
 }
 
-std::string ValueText(const Setting &row, bool display, Globals *G) {
+std::string ValueText(const Setting &row, Globals *G) {
     char number[32] = "";
     switch (row.type) {
     case SettingType::kFlag: return row.field.number(*G) ? "Yes" : "No";
@@ -148,9 +146,7 @@ std::string ValueText(const Setting &row, bool display, Globals *G) {
     case SettingType::kInteger:
     case SettingType::kScopeLimit: FormatText(number, "%d", row.field.number(*G)); return number;
     case SettingType::kPercent: FormatText(number, "%-6.2f", static_cast<double>(row.field.percent(*G))); return number;
-    case SettingType::kUdqnFile:
-        // The display tells where the file is, the settings file keeps what its user wrote.
-        return OneLine(display ? G->udqn_file : G->udqn_setting);
+    case SettingType::kUdqnFile: return OneLine(G->udqn_setting); // what its user wrote: read back, it leads to the same file
     case SettingType::kComment:
     case SettingType::kDeprecated: return "";
     default: return OneLine(row.field.text(*G).data());
@@ -202,7 +198,7 @@ void WriteHead(FILE *stream, bool html, const Globals *G) {
     fputs("\n# The following is the current configuration data\n\n", stream);
 }
 
-void WriteSettings(FILE *stream, bool display, bool html, Globals *G) {
+void WriteSettings(FILE *stream, bool html, Globals *G) {
     if (html) {
         fputs("<html><header><title>\"TLY Configuration\"</title></header><body><pre>", stream);
     }
@@ -214,7 +210,7 @@ void WriteSettings(FILE *stream, bool display, bool html, Globals *G) {
         if (row.type == SettingType::kComment) {
             fputs(row.text, stream);
         } else if (!row.read_only) {
-            WriteRow(stream, row, html, ValueText(row, display, G));
+            WriteRow(stream, row, html, ValueText(row, G));
         }
     }
     fprintf(stream, "%s# end of %s\n", kRow, "tly.cfg");
@@ -225,7 +221,7 @@ void WriteSettings(FILE *stream, bool display, bool html, Globals *G) {
 
 // The file is plain text in every mode.
 void WriteCfgFile(FILE *stream, Globals *G) {
-    WriteSettings(stream, false, false, G);
+    WriteSettings(stream, false, G);
 }
 
 // Writes cfg_file as a file of this version.
@@ -276,5 +272,5 @@ int LoadCfg(Globals *G) {
 }
 
 void ShowCfg(FILE *stream, Globals *G) {
-    WriteSettings(stream, true, OutputMode(G) == Mode::kHtml, G);
+    WriteSettings(stream, OutputMode(G) == Mode::kHtml, G);
 }

@@ -69,7 +69,7 @@ void ListDirectoryLine(const char *line, Globals *G) {
                 line);
         return;
     }
-    if (directory[length - 1] == '/') {
+    while (length > 0 && directory[length - 1] == '/') {
         --length;
     }
     directory[length] = '\0';

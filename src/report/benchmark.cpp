@@ -101,11 +101,12 @@ constexpr Forms<double, double> kRates{.text = "\n  Performance Benchmark: %.0f 
                                               "<Characters_Processed_per_Second>%.0f</Characters_Processed_per_Second>\n"
                                               "</Performance_Benchmark>\n"};
 
-void Benchmark(ProcessTimer *timer, const Globals *G) {
+void Benchmark(ProcessTimer *timer, Globals *G) {
     if (!G->benchmark_mode) {
         return;
     }
     Timer(timer, kTimerStop, G);
+    EndHeading(G);
     ShowBenchmarkHead(G);
     Timer(timer, kTimerPrint, G);
     if (G->total.file_line_no > 0) {

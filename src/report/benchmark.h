@@ -17,4 +17,4 @@ enum TimerMode { kTimerStart, kTimerStop, kTimerPrint };
 
 void Timer(ProcessTimer *timer, TimerMode mode, const Globals *G);
 // Stops the timer and reports; nothing unless benchmark_mode is set.
-void Benchmark(ProcessTimer *timer, const Globals *G);
+void Benchmark(ProcessTimer *timer, Globals *G);

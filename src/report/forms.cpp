@@ -10,16 +10,19 @@
 namespace forms {
 
 // In text mode nothing is encoded, and nothing is copied.
-Passed<Shown>::Passed(Mode mode, Shown shown)
+Passed<Shown>::Passed(Mode mode, const char *shown, char csv_comma)
     : text(nullptr) {
     switch (mode) {
-    case Mode::kHtml: HTML_esc(shown.text, encoded); return;
-    case Mode::kCsv: csv_field(shown.text, encoded); return;
-    case Mode::kXml: xml_encode(shown.text, encoded); return;
+    case Mode::kHtml: HTML_esc(shown, encoded); return;
+    case Mode::kCsv: csv_field(shown, encoded, csv_comma); return;
+    case Mode::kXml: xml_encode(shown, encoded); return;
     case Mode::kText: break;
     }
-    text = shown.text ? shown.text : "";
+    text = shown ? shown : "";
 }
+
+Passed<Shown>::Passed(Mode mode, Shown shown)
+    : Passed(mode, shown.text, ' ') {}
 
 namespace {
 

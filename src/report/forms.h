@@ -25,6 +25,11 @@ struct Shown {
     const char *text;
 };
 
+// A list from outside, of parameters or base classes: as Shown, but in CSV its commas become ";".
+struct ShownList {
+    const char *text;
+};
+
 namespace forms {
 
 // The conversion letter a type may be printed with: 'd' int, 'l' long (%ld), 'f' double, 's' const char * or Shown, 'c' char.
@@ -38,7 +43,7 @@ template <class T> consteval char Kind() {
     } else if constexpr (std::is_same_v<T, char>) {
         return 'c';
     } else {
-        static_assert(std::is_same_v<T, const char *> || std::is_same_v<T, Shown>);
+        static_assert(std::is_same_v<T, const char *> || std::is_same_v<T, Shown> || std::is_same_v<T, ShownList>);
         return 's';
     }
 }
@@ -95,7 +100,7 @@ struct Arg {
           text(t ? t : "") {}
 };
 
-// Keeps an argument while it is written: a Shown as its encoded text, everything else as it is.
+// Keeps an argument while it is written: a text from outside as its encoded form, everything else as it is.
 template <class T> struct Passed {
     T value;
     Passed(Mode, T v)
@@ -108,6 +113,13 @@ template <> struct Passed<Shown> {
     Passed(Mode mode, Shown shown);
     const char *get() const { return text ? text : encoded.c_str(); }
     operator Arg() const { return get(); }
+
+  protected:
+    Passed(Mode mode, const char *shown, char csv_comma);
+};
+template <> struct Passed<ShownList> : Passed<Shown> {
+    Passed(Mode mode, ShownList list)
+        : Passed<Shown>(mode, list.text, ';') {}
 };
 
 // Writes a checked format to gTLYOUT. Reports are many short lines of numbers and names: this does for them what fprintf does, at a

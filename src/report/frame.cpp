@@ -75,6 +75,17 @@ void ShowSortMethod(const Globals *G) {
     }
 }
 
+void BeginBlock(Globals *G) {
+    Put("\n");
+    G->heading_open = 0;
+}
+
+void EndHeading(Globals *G) {
+    if (G->heading_open) {
+        BeginBlock(G);
+    }
+}
+
 void CloseDocument(Globals *G) {
     switch (OutputMode(G)) {
     case Mode::kHtml:

@@ -15,6 +15,11 @@ void Center_HTML(const char *plain, const char *marked);
 void DashRule();
 // "  <rule>\n\n" of 72 underscores, at the end of a head or a run.
 void UnderscoreRule();
+// The line feed ahead of a report or a block, where it isn't part of a rule. In CSV the line of the project heading,
+// "Project,5,Files", stays open until then.
+void BeginBlock(Globals *G);
+// Ends that line ahead of a report that doesn't begin with a line feed.
+void EndHeading(Globals *G);
 // Center(title), in HTML in the header colour: what stands between a report's rule and its lines. Text and HTML only.
 void CenteredTitle(const char *title, const Globals *G);
 // The sort line of a report; nothing without a sort key.

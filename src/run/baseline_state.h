@@ -6,6 +6,7 @@
 
 #include "run/directory_replacement.h"
 #include "run/llist.h"
+#include "run/name_index.h"
 #include "run/replacement.h"
 #include "run/text.h"
 
@@ -52,6 +53,9 @@ struct BaselineFiles {
     int diff_file_error;              // why its line records can't be written: an errno, 0 while all is well
     int diff_head_shown;              // the heading of -wv
     int baseline_failed;              // not all of the baseline could be written: the earlier one stays
+    int baseline_lacking;             // there is no baseline, or a part of it is missing: the run ends with status 1
+    Llist diff_names;                 // NameData: names of line records, each with the last number that was put behind it
+    NameIndex diff_names_taken;       // of diff_names
     Replacement work_beside;          // the work file, until the run is over
     DirectoryReplacement diff_beside; // the directory of the line records, until the run is over
 };
@@ -69,6 +73,7 @@ inline constexpr int kDiffStates = 8; // labels of states; the states themselves
 struct BaselineRun {
     Llist old_work_list, new_work_list;           // NodeData per source file, by name
     Llist work_result_list;                       // NodeData per difference
+    int blanks_recorded;                          // both hold the records of blank lines
     int line_counts[kLineOperations][kLineKinds]; // of the last line comparison
     int diff_algorithm;                           // of the last line comparison: 1 longest common sequence, 2 linear lookahead
     WorkTotals newer_totals, older_totals, diff_totals;

@@ -117,8 +117,14 @@ int ListCompPartName(const void *key, const LlistNode *node, int) {
 }
 
 int IsInName_NodeType(const void *key, const LlistNode *node, int) {
+    const char *text = static_cast<const char *>(key);
     const char *name = EntityName(node);
-    return key && name ? strncmp(static_cast<const char *>(key), name, strlen(name)) : -1;
+    if (!text || !name) {
+        return -1;
+    }
+    const size_t length = strlen(name);
+    const int order = strncmp(text, name, length);
+    return order || text[length] == '\0' || text[length] == '/' ? order : 1;
 }
 
 LlistCompare NodeDataComparator(int sort_key) {

@@ -26,7 +26,7 @@ int CompName_FileData(const void *record, const LlistNode *node, int descending)
 int CompName_NodeData(const void *record, const LlistNode *node, int descending);
 int CompName_NameData(const void *record, const LlistNode *node, int descending);
 
-// Searches; the key is a text, 0 is a match. IsInName_NodeType: the entry's name is a prefix of the key.
+// Searches; the key is a text, 0 is a match. IsInName_NodeType: the entry is the key or a directory above it.
 int CompareName_Node_Case(const void *key, const LlistNode *node, int descending);
 int CompareName_Node_NoCase(const void *key, const LlistNode *node, int descending);
 int ListCompPartName(const void *key, const LlistNode *node, int descending);

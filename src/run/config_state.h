@@ -74,7 +74,7 @@ struct CyclomaticSettings {
 struct NoticeSettings {
     int notice_enabled[59]; // entry n for notice n; entry 25 is "Treat C headers as C++"
     PathText udqn_file;     // user defined notices
-    PathText udqn_setting;  // the value udqn_file was made of: what a rewritten settings file keeps
+    PathText udqn_setting;  // the value udqn_file was made of: what a settings file holds
     int reorder_notice_line;
     int max_line_length;   // characters
     int max_func_name_len; // characters

@@ -79,10 +79,10 @@ void xml_tag_encode(const char *text, std::string &out) {
     }
 }
 
-void csv_field(const char *text, std::string &out) {
+void csv_field(const char *text, std::string &out, char comma) {
     out = text ? text : "";
-    std::replace_if(
-        out.begin(), out.end(), [](char c) { return c == ',' || IsLineEnd(c); }, ' ');
+    std::replace(out.begin(), out.end(), ',', comma);
+    std::replace_if(out.begin(), out.end(), IsLineEnd, ' ');
 }
 
 void url_encode(const char *text, std::string &out) {

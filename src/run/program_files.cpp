@@ -15,14 +15,22 @@ namespace {
 
 constexpr const char *kHomeMarker = "tly.cfg"; // the file that makes a directory of PATH the home
 
-// A variable that is set to nothing counts as unset.
-void LoadHome(std::span<char> home, const char *variable) {
+// A variable that is set to nothing counts as unset, and so does one that leaves no room for the names of the files: a part of it
+// would be another directory.
+void LoadHome(PathText &home, const char *variable, Globals *G) {
+    constexpr size_t kMost = sizeof home - sizeof "/tly_workdiff.cfg";
     const char *value = getenv(variable);
     if (!value || *value == '\0') {
         return;
     }
+    if (strlen(value) > kMost) {
+        Message(G,
+                "\n  Error: The environment variable %s is too long and is ignored\n         At most %zu characters are possible\n",
+                variable, kMost);
+        return;
+    }
     CopyText(home, value);
-    if (home[strlen(home.data()) - 1] != '/') {
+    if (home[strlen(home) - 1] != '/') {
         AppendChar(home, '/');
     }
 }
@@ -49,8 +57,8 @@ void FindHome(std::span<char> home, const Globals *G) {
 } // namespace
 
 void LoadEnv(Globals *G) {
-    LoadHome(G->TLYHOME, "TLYHOME");
-    LoadHome(G->TLYCFGHOME, "TLYCFGHOME");
+    LoadHome(G->TLYHOME, "TLYHOME", G);
+    LoadHome(G->TLYCFGHOME, "TLYCFGHOME", G);
     G->SYSTEMPATH = getenv("PATH");
     if (getenv("TLYDEBUG")) {
         G->debug = 1;

@@ -2,9 +2,12 @@
 #include "run/read_lines.h"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+static constexpr const char *kByteOrderMark = "\xef\xbb\xbf"; // of UTF-8
 
 // Opens a file for reading; a pipe or a terminal only where streams are taken.
 static FILE *Open(const char *path, bool streams) {
@@ -41,13 +44,21 @@ FILE *OpenFileOrStream(const char *path) {
 }
 
 bool OpenLines(LineReader *reader, const char *path) {
-    reader->file = OpenRegularFile(path);
+    *reader = {OpenRegularFile(path)};
     return reader->file != nullptr;
 }
 
 bool NextLine(LineReader *reader, std::span<char> piece) {
-    if (!reader->file || !fgets(piece.data(), static_cast<int>(piece.size()), reader->file) ||
-        (feof(reader->file) && static_cast<unsigned char>(piece[0]) < 12)) {
+    if (!reader->file || !fgets(piece.data(), static_cast<int>(piece.size()), reader->file)) {
+        piece[0] = '\0';
+        return false;
+    }
+    if (!reader->begun && strncmp(piece.data(), kByteOrderMark, strlen(kByteOrderMark)) == 0) {
+        const char *text = piece.data() + strlen(kByteOrderMark);
+        memmove(piece.data(), text, strlen(text) + 1);
+    }
+    reader->begun = true;
+    if (feof(reader->file) && static_cast<unsigned char>(piece[0]) < 12) {
         piece[0] = '\0';
         return false;
     }

@@ -2,14 +2,15 @@
 //
 // Only a regular file is opened, so that a directory, a FIFO or a device in its place is refused at once and never waits. A piece
 // is a line, or what of a longer line fits into the buffer; the rest of the line is the next piece. A piece keeps its line end. A
-// NUL ends the text of its piece.
+// NUL ends the text of its piece. A byte order mark at the head of the file is passed over.
 #pragma once
 
 #include <cstdio>
 #include <span>
 
 struct LineReader {
-    FILE *file; // null when nothing is open
+    FILE *file;         // null when nothing is open
+    bool begun = false; // a piece has been read
 };
 
 // Opens a regular file for reading bytes, to be closed with fclose(). Null, with errno told, for anything else (EISDIR for a

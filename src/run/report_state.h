@@ -11,6 +11,7 @@ struct ReportState {
     int head_written;                        // the document has begun: messages may go into it
     int root_open;                           // the root element of an XML report is open
     int document_closed;                     // the close of the document has been written
+    int heading_open;                        // CSV: the line of the project heading has no end yet
     int keeping_message;                     // a message is on its way into early_messages
     Llist early_messages;                    // char*: messages that wait for the document to begin
     LineText bar_dash, bar_page, bar_header; // rules and title of a code listing page

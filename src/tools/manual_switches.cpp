@@ -24,6 +24,11 @@ behind -C print one line per file and one per function:
     tly -C -s -r"c,h ."
     tly -C -fa main.c
 
+Functions and complexity of a file are 0 unless something asks for them:
+-fa in front of -C fills these columns, and adds no lines of functions.
+
+    tly -fa -C -s -r"c,h ."
+
 -A is the older name of -C.
 )"},
     {"c", "  * Complexity Mode\n",
@@ -114,7 +119,7 @@ Code File Input Modes.
     {"i", "  * Inheritance Tree Generation\n",
      R"(The classes of all files as one tree, with the depth, the children and
 the parents of each class; see Program Output Modes.  A parent that was
-not among the files is shown as a base class.
+not among the files is shown as a base class.  In XML, -Ti shows it.
 
     tly -i -r"h,hpp ."
 )"},
@@ -148,7 +153,9 @@ inside it stand between its begin and its end.
     -Nv   A single line that begins with file and line, for an editor; see
           Operation Step by Step.
 
-    tly -Nv main.c
+    tly -Nv -Tn main.c
+
+Alone, -N raises no notices of functions and classes; see -n.
 )"},
     {"n", "  * Quality Notice Mode\n",
      R"(Quality notices in their long form, where they are raised, and the
@@ -156,7 +163,10 @@ quality profile of the project.  With the setting "Reorder notice, line in
 quality notices" the line stands in front of the number.  The exit status
 is the number of notices; see Program Operation for its limit of 8 bits.
 
-    tly -n main.c
+    tly -n -o main.c
+
+Alone, -n raises the notices of lines and files; those of functions need
+-fa, those of functions and classes -o, those of the tree -i.
 )"},
     {"O", "  * Output Report to a file\n",
      R"(The report is written to a file.  A source file is never overwritten:
@@ -198,7 +208,8 @@ HTML there are none.
 )"},
     {"s", "  * Summary Mode\n",
      R"(The lines of each file and of the project.  This summary is always shown;
-behind -C, -s makes one CSV line per file of it.
+behind -C, -s makes one CSV line per file of it; see -C for its columns of
+functions.
 
     tly -C -s -r"c,h ."
 )"},
@@ -208,9 +219,10 @@ behind -C, -s makes one CSV line per file of it.
     tly -S"Release 2" -fa main.c
 )"},
     {"T", "  * Totals Only Mode\n",
-     R"(Reports of the project without the blocks of each file.
+     R"(Reports of the project without the blocks of each file.  The exit status
+is the number of notices, whichever letter it is.
 
-    -Ta   All totals
+    -Ta   All totals; the notices themselves need -Tq besides
     -Td   A block for each file, with function points and notices
     -Tf   Functions
     -Ti   Inheritance tree
@@ -265,6 +277,12 @@ it is a Dif: its figures are the lines that are new or changed, each line
 counted once, and its equal lines stand in a line of their own.  The
 setting "Add removed older lines as modified" counts removed lines too.
 
+Files of the same name are a pair; of those that are left, names that
+differ in case alone are, unless the setting "Source file names are case
+sensitive" says Yes.  A file whose codes of lines are lost, cut short or
+damaged is told by name: it is a Dif by its figures, and never Equ.  A
+baseline without -wd is told once, and its files go by their figures.
+
 Without a name the work file is called after the day, as in
 WorkFile_11182026.dat.  The newest baseline is also kept as workfile.dat
 in the same directory.  A run that fails leaves the older baseline as it
@@ -277,9 +295,10 @@ three are off at first.  -wp needs an hour of work or more.  The older
 switches -wW and -W have become -w"x old, new".
 )"},
     {"X", "  * XML File Output Format\n",
-     R"(Reports of the project as an XML document.
+     R"(Reports of the project as an XML document.  -Ta lists no notices, -Tq
+does; -i shows no tree, -Ti does.
 
-    tly -X -Ta -Oreport.xml -r"java ."
+    tly -X -Ta -Tq -Oreport.xml -r"java ."
 )"},
     {"x", "  Extended Option Mode\n",
      R"(    -xNOCONFIG    The head of the report without the names of its settings
@@ -303,9 +322,9 @@ is ON.  Columns stand in the order of these lines:
 
 -xc prints a template with all keys.  It has a colon as the second word of
 each line, so that nothing is on until it is edited; this takes the colons
-out:
+out, and the last four keys, which have no value for a file:
 
-    tly -xc | sed 's/ *: / /' > my.cfg
+    tly -xc | sed '/_COMPLEXITY\|_DIFF/d; s/ *: / /' > my.cfg
     tly -x"File csv my.cfg" -r"c,h ." > my.csv
 
 Keys that don't begin with a letter or a digit, as (_COUNT, can't be

@@ -118,21 +118,31 @@ then the project, then the numbers of files of each language.  A run
 changes no source file, but for -D, which is there to do that.
 
 Exit status: the number of quality notices of the run when notices were
-asked for (-n, -N and all -T), otherwise 0; -p, -D and -E always end with
-0.  A wrong command line ends with 1 (a few of -u and -w with 0), a list
-of -F that can't be read with 255.  A shell sees only 8 bits: 256 notices
-look like 0, and 257 like 1.  A script that decides on notices should
-count them in the report:
+asked for (-n, -N, -xUDQNSHOW and all -T), otherwise 0; -p, -D and -E
+always end with 0.  A wrong command line ends with 1 (a few of -u and -w
+with 0), and so do --help, which is no switch, -xc, and -xUDQNSHOW once it
+has shown a file of rules.  A list of -F that can't be read ends with 255.
+A script that stops at a status, as under "set -e", goes on with:
 
-    test "$(tly -Nv main.c | grep -c 'Notice #')" -eq 0 || exit 1
+    tly -TL main.c || true
+
+A shell sees only 8 bits: 256 notices look like 0, and 257 like 1.  A
+script that decides on notices should count them in the report:
+
+    test "$(tly -Nv -Tn -i main.c | grep -c 'Notice #')" -eq 0 || exit 1
 
 Notices are counted in every run that measures, shown or not: "-C -s" has
-a column for them.
+a column for them.  But a run raises only those of what it looks at: with
+-n or -Nv alone they are those of lines and files.  Functions are looked
+at with -fa, functions and classes with -o and all -T, the inheritance
+tree (notices 40 and 41) with -i and -Tq.  "-Nv -Tn" lists each notice
+once, without blocks of functions, and "-Nv -Tn -i" those of the tree too.
 
 Messages stand in the report, where the reader is, and begin with Error,
 Warning or Notice.  A file that can't be read is told and passed over.
 A report that couldn't be written whole, as on a full disk, is told on
-the error output, and the status isn't 0.
+the error output, and the status isn't 0.  A baseline that couldn't be
+made, or not whole, ends the run with 1, whatever notices there are.
 )text"},
     {"~ Operation Step by Step ~",
      R"(
@@ -152,15 +162,15 @@ the error output, and the status isn't 0.
 
     tly -H -Ta -Oreport.html -r"cpp,hpp src"
 
-5. Read notices in the editor.  -Nv prints one notice a line, the way an
-editor jumps to it:
+5. Read notices in the editor.  -Nv -Tn prints one notice a line, those of
+functions and classes too, the way an editor jumps to it:
 
     main.c(12) : Notice #4    - Assignment '=' within 'if' statement
 
-In Visual Studio add tly -Nv $(ItemPath) as an external tool that uses
-the output window, and double click a notice.  In Vim:
+In Visual Studio add tly -Nv -Tn $(ItemPath) as an external tool that
+uses the output window, and double click a notice.  In Vim:
 
-    :set makeprg=tly\ -xNOHEADER\ -Nv\ %
+    :set makeprg=tly\ -xNOHEADER\ -Nv\ -Tn\ %
     :set errorformat=%f(%l)\ :\ %m
     :make
 
@@ -172,8 +182,8 @@ In Emacs, tell "M-x compile" the form once:
 
 6. Watch a project at night.  CSV goes to a spreadsheet, XML to a program.
 
-    tly -C -s -r"java ." > files.csv
-    tly -X -Ta -r"java ." > project.xml
+    tly -fa -C -s -r"java ." > files.csv
+    tly -X -Ta -Tq -r"java ." > project.xml
 
 7. Keep a baseline of each release, and compare releases later without
 their sources:
@@ -189,21 +199,27 @@ letter w below tells more.
     {"~ Program Configuration ~",
      R"(
 All settings are in the text file tly.cfg.  The first run writes it, with
-an explanation of every setting; edit it, and leave out what should keep
-its default.  "tly -y" prints the settings that hold.  A line is a key, a
-colon and a value:
+an explanation of every setting; edit it.  "tly -y" prints the settings
+that hold.  A line is a key, a colon and a value; a file of your own needs
+no more than the settings that differ, and the line of the version:
 
-    Quality Notice 23                       : No
-    Maximum Line Length                     : 100
+    TLY CFG Version: 7.75
+    Quality Notice 23: No
+    Maximum Line Length: 100
 
+A tly.cfg without that line counts as one of another version: the next run
+writes it anew with all settings.  Your values stay, your comments don't.
 A value that begins with n or N means no, every other value yes.  Lines
 whose key isn't known, such as comments, are passed over.  A switch of
 the command line always wins over the file.
 
 Where files are looked for: TLYCFGHOME names the directory of all of the
-program's own files; else TLYHOME does; else it is the directory that tly
-was started from by its path, or the first one of PATH that holds a
-tly.cfg, or the current one.
+program's own files; else TLYHOME does.  With neither, a tly that was
+started by its path, as in bin/tly, takes the directory of that path.  One
+that the shell found on PATH takes the first directory of PATH that holds
+a tly.cfg, its own or another, or else the current one: each directory
+that you work in then gets a tly.cfg.  Name a home in TLYHOME to keep all
+in one place.  A home of more than 1006 characters is told and ignored.
 
     tly.cfg           settings
     tly_macro.cfg     words that the parser should pass over, one a line
@@ -247,7 +263,9 @@ file; after a thousand lines, for the rest of the run.  Each is told once
 for a rule.
 
 A second configuration file can be laid over the first with
--u"File CFG name", when the settings allow it.
+-u"File CFG name", when the settings allow it.  It is read where the
+switch stands: those behind it win over it, but it wins over those in
+front, such as -L100 or -xNOWRAP.  Put it first.
 
 Environment: TLYHOME, TLYCFGHOME, PATH as told; TLYCLASSMF lists the
 functions of classes as -fm does; TLYDEBUG shows what the run decides,
@@ -306,7 +324,8 @@ Without any argument the program prints its syntax.
 Names of files follow the switches.  The shell expands wild cards; the
 program takes each name as it is.  A name without an extension is passed
 over, and one with an unknown extension is told, unless the setting
-"Validate file extensions for processing" is off.
+"Validate file extensions for processing" is off.  So "tly src" measures
+nothing and says nothing: a directory needs -r.
 
 With -r the extensions and the directory are one text between quotes,
 parted by one blank; the directory may hold blanks itself:
@@ -407,7 +426,8 @@ HTML (-H), for a browser.  Colors are settings.
     tly -H -fa -Oreport.html main.c
 
 CSV (-C), for a spreadsheet.  Behind it, -s prints one line per file and
--fa one line per function.  Commas in names become blanks.
+-fa one line per function.  Commas in names become blanks, and those in
+lists of parameters and base classes become ";".
 
     tly -C -s -Oreport.csv -r"c,h ."
 

@@ -172,14 +172,17 @@ void TreeNodeShow(int silent, Globals *G) {
     UniqueClassesInTree(&G->tree_base_classes, &G->tree_derived_classes, &G->tree_classes, G);
 }
 
-void ShowTitle(const Globals *G) {
+void ShowTitle(Globals *G) {
     switch (OutputMode(G)) {
     case Mode::kText:
     case Mode::kHtml:
         DashRule();
         CenteredTitle("~~ Class Inheritance Tree ~~", G);
         break;
-    case Mode::kCsv: Put("\nClass Inheritance Tree\n"); break;
+    case Mode::kCsv:
+        BeginBlock(G);
+        Put("Class Inheritance Tree\n");
+        break;
     case Mode::kXml: Put("<report>\n<name>Class Inheritance Tree</name>\n"); break;
     }
     Print(G, kLegend);

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # baseline.sh TLY: a second baseline is written over an earlier one while every file call fails or is its last, and on a full disk.
-# Afterwards one of the two must stand, the work file and its line records whole, and what else lies there must be as it was.
+# Afterwards one of the two must stand, the work file and its line records whole, and what else lies there must be as it was. The
+# status tells which.
 source "$(dirname "$0")/common.sh"
 
 mkdir -p first/src second/src
@@ -61,6 +62,11 @@ examine() {
     fi
     [[ $2 != failed || $file == first ]] || fault "$1: there was no failure"
     [[ $file == second ]] || grep -q Error out || fault "$1: no word about the failure"
+    if [[ $file$latest == secondsecond ]]; then
+        [[ $status == 0 ]] || grep -q 'whole report' err || fault "$1: the baseline is whole, and the status $status"
+    else
+        [[ $status == 1 ]] || fault "$1: status $status without a whole baseline"
+    fi
     [[ $latest == "$file" ]] || grep -q Error out || fault "$1: no word about the latest work file"
     grep -q 'had to stay' out && mv -n dir/base.dat.dif.tmp.*/of.user dir/base.dat.dif 2>/dev/null
     grep -q 'had to stay' out && rm -rf dir/base.dat.dif.tmp.*
@@ -70,7 +76,10 @@ examine() {
 }
 
 between=0
-rewrite() { (cd dir && make "$@" >"$work/out" 2>"$work/err"); }
+rewrite() {
+    (cd dir && make "$@" >"$work/out" 2>"$work/err")
+    status=$?
+}
 calls=openat,write,fsync,close,rename,renameat2,mkdir,rmdir,unlink,unlinkat,fchmod,fchown,chmod,chown,getdents64,read
 trace=(strace -qq -y -o "$work/calls" -e "trace=$calls")
 

@@ -190,7 +190,15 @@ TEST_CASE("the file of user defined notices and TLYCFGHOME") {
         LoadCfg(bench.G); // no version: the file is rewritten
         CHECK(std::string(bench.G->udqn_file) == c.file);
         CHECK(ValueOf(bench.Read("tly.cfg"), "TLY user defined quality notice file") == c.value);
-        CHECK(ValueOf(bench.Shown(), "TLY user defined quality notice file") == c.file);
+        CHECK(ValueOf(bench.Shown(), "TLY user defined quality notice file") == c.value);
+    }
+    // a file laid over says nothing that counts: what is displayed is still what leads to the file in use
+    for (const auto &[home, value, overlay] : {std::array{"/h/", "u.cfg", "a/v.cfg"}, {"", "u.cfg", ""}}) {
+        Bench bench;
+        CopyText(bench.G->TLYCFGHOME, home);
+        bench.Load(std::string("TLY user defined quality notice file: ") + value + "\n");
+        bench.Load(std::string("TLY user defined quality notice file: ") + overlay + "\n");
+        CHECK(ValueOf(bench.Shown(), "TLY user defined quality notice file") == value);
     }
 }
 

@@ -143,7 +143,8 @@ TEST_CASE("whatever columns are chosen, a figure ends under its head and the CSV
         size_t rule = head[1].size() - 2; // hyphens
         CHECK(head[1].find_first_not_of('-', 2) == std::string::npos);
         CHECK((rule == 72 || rule >= 79));
-        CHECK((rule == 72 || rule == head[0].size() - (columns >> 11 & 1) * 4)); // the percent column counts 5 of its 9
+        CHECK((rule == 72 ||
+               rule == head[0].size() + 2 - (columns >> 11 & 1) * 4)); // " File" counts 7, the percent column 5 of its 9
         bench.SetMode(Mode::kCsv);
         const std::string csv = Written([&] { DiffDataHeader(bench.G, DiffTable::kFiles); }), fields = bench.Show(record);
         CHECK(std::count(csv.begin(), csv.end(), ',') == std::count(fields.begin(), fields.end(), ','));
@@ -158,10 +159,10 @@ TEST_CASE("the rule of each table is as wide as told, and never below the usual 
         return Lines(Written([&] { DiffDataHeader(bench.G, kind); })).at(1).size() - 2;
     };
     CHECK(Written([&] { DiffDataRule(bench.G); }) == "  " + std::string(72, '-') + "\n"); // ahead of any table
-    CHECK(rule(0xFFF, DiffTable::kFiles) == 104);
+    CHECK(rule(0xFFF, DiffTable::kFiles) == 106);
     CHECK(rule(0xFFF, DiffTable::kProfile) == 109);
     CHECK(rule(0xFFF, DiffTable::kProductivity) == 101);
-    CHECK(rule(0x1FF, DiffTable::kFiles) == 83);
+    CHECK(rule(0x1FF, DiffTable::kFiles) == 85);
     CHECK(rule(0x1FF, DiffTable::kProductivity) == 72); // 78
     CHECK(rule(0x3FE, DiffTable::kProductivity) == 79);
 }

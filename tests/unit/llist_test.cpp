@@ -164,9 +164,10 @@ TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
         const LlistNode *node = LlistSearch(&dirs, key, compare);
         return node ? std::string(Record<NodeData>(node)->name) : std::string("-");
     };
-    CHECK(position("/src/sub", IsInName_NodeType) == "/src"); // the entry is a prefix of the key
+    CHECK(position("/src/sub", IsInName_NodeType) == "/src"); // the entry is a directory above the key
     CHECK(position("/src/lib/x", IsInName_NodeType) == "/src/lib");
-    CHECK(position("/sr", IsInName_NodeType) == "-");
+    CHECK(position("/src", IsInName_NodeType) == "/src");
+    CHECK(position("/src2", IsInName_NodeType) == "-");    // a neighbour
     CHECK(position("sr", ListCompPartName) == "/src/lib"); // the key is a part of the entry
     CHECK(position("/doc", CompareName_Node_Case) == "-");
     CHECK(position("/doc", CompareName_Node_NoCase) == "/Doc");

@@ -116,7 +116,7 @@ TEST_CASE("blocks of classes, interfaces, namespaces") {
         CHECK(Has(shown[1], row.is_struct ? "<b>Template:</b> <b><font color=\"#s\">" : "<b>Template: </b><b><font color=\"\">"));
         CHECK(shown[2].starts_with("Class," + name +
                                    ",10,8,4,2,0.25,15,2,1,3,3,6,3,3,0,0,3,1,0,2\nTemplate,template<A B>\n"
-                                   "Inheritance,public A  B\nAttributes,Publ,      1,Prot,      0,"));
+                                   "Inheritance,public A; B\nAttributes,Publ,      1,Prot,      0,"));
         CHECK(shown[3].starts_with(row.xml));
         CHECK(WellFormed(shown[3]));
     }
@@ -136,7 +136,7 @@ TEST_CASE("blocks of classes, interfaces, namespaces") {
     G->csv_mode = 1;
     const std::string bases = std::string(57, 'B') + ",DE";
     NodeData *derived = desk.Add(G->class_list, {.name = "C", .loc = 10, .comments = 2, .inherit = bases.c_str()});
-    CHECK(Has(Written([&] { ClassDataShow(derived, G); }), "\nInheritance," + bases.substr(0, 57) + " D\n               E\n"));
+    CHECK(Has(Written([&] { ClassDataShow(derived, G); }), "\nInheritance," + bases.substr(0, 57) + ";D\n               E\n"));
     CHECK(Written([&] { InterDataShow(face, G); }).starts_with("Class,I,10,"));
     CHECK(Written([&] { NamespaceDataShow(space, G); }) == "Namespace/Package,N,10,8,4,2,0.25,15,2,1,3,3,6,2,5,3,0,0,3,1,0,2\n");
 }

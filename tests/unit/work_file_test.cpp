@@ -14,8 +14,8 @@ namespace {
 // "name, date, size loc eloc comments blanks lines lloc cyclo notices interface functions, total complexity, line records"
 std::string Parsed(const std::string &line) {
     auto record = std::make_unique<WorkRecord>();
-    ParseWorkLine(line.c_str(), record.get());
-    std::string out = std::string(record->name) + ", " + std::to_string(record->date) + ",";
+    const bool whole = ParseWorkLine(line.c_str(), record.get()) != 0;
+    std::string out = (whole ? "" : "cut ") + std::string(record->name) + ", " + std::to_string(record->date) + ",";
     for (const WorkMetric metric : {kWorkSize, kWorkLoc, kWorkEloc, kWorkComments, kWorkBlanks, kWorkLines, kWorkLloc, kWorkCyclo,
                                     kWorkNotices, kWorkInterface, kWorkFunctions}) {
         out += " " + std::to_string(record->metrics.of[metric]);
@@ -25,7 +25,7 @@ std::string Parsed(const std::string &line) {
 
 const std::string kNumbers = " 9 1 2 3 4 5 6 7 8 9 10 11 ";
 const std::string kParsed = ", 9, 1 2 3 4 5 6 7 8 9 10 11, 18, ";
-const std::string kNothing = ", 0, 0 0 0 0 0 0 0 0 0 0 0, 0, ";
+const std::string kNothing = "cut , 0, 0 0 0 0 0 0 0 0 0 0 0, 0, ";
 const std::string kHead = "Tallyline Work File\nDO NOT EDIT - This is a Generated File\n7.10\n1179500000\n"
                           "Ignore Blank Lines: 1\nIgnore White Space: 0\n";
 
@@ -62,6 +62,7 @@ struct WorkBench : StateBench {
 
 struct RecordBench : WorkBench {
     DiffDataList lines{};
+    WorkMetrics source{}; // what the work file counts of it
     ~RecordBench() { FreeDiffData(&lines); }
     RecordBench() {
         G->relative_work_files = 1;
@@ -69,6 +70,12 @@ struct RecordBench : WorkBench {
         CopyText(G->work_file_name, (dir / "base.dat").c_str());
     }
     RecordBench(const RecordBench &) = delete;
+    void Count(int code, int comments, int blanks) {
+        source.of[kWorkLoc] = code;
+        source.of[kWorkComments] = comments;
+        source.of[kWorkBlanks] = blanks;
+        source.of[kWorkLines] = code + comments + blanks;
+    }
     void Record(const char *name, std::initializer_list<const char *> texts) const {
         G->file_name = name;
         G->file_line_no = 0;
@@ -82,7 +89,7 @@ struct RecordBench : WorkBench {
     int LoadLines(const std::string &name) {
         FreeDiffData(&lines);
         int loaded = -1;
-        told = Written([&] { loaded = LoadDiffDataFile(name.c_str(), (dir / "base.dat").c_str(), &lines, G); });
+        told = Written([&] { loaded = LoadDiffDataFile(name.c_str(), (dir / "base.dat").c_str(), source, &lines, G); });
         return loaded;
     }
 };
@@ -95,7 +102,8 @@ TEST_CASE("a record's line is split at the bar that numbers follow") {
     } cases[] = {
         {"src/main.c|" + kNumbers + "b.dat.dif/src_main_c.dif\n", "src/main.c" + kParsed + "b.dat.dif/src_main_c.dif"},
         {"a.c|" + kNumbers + "\n", "a.c" + kParsed},
-        {"a.c|" + kNumbers, "a.c" + kParsed}, // the file was cut behind its last number
+        {"a.c|" + kNumbers, "a.c" + kParsed},                    // the file was cut behind its last number
+        {"a.c| 9 1 2 3 4 5 6 7 8 9 10 11", "cut a.c" + kParsed}, // or in it
         {"my dir/my file.c|" + kNumbers + "a b.dif\r\n", "my dir/my file.c" + kParsed + "a b.dif"},
         {"a|b.c|" + kNumbers + "\n", "a|b.c" + kParsed},
         {"a.c|" + kNumbers + "b.dat.dif/x|y_c.dif\n", "a.c" + kParsed + "b.dat.dif/x|y_c.dif"},
@@ -105,14 +113,17 @@ TEST_CASE("a record's line is split at the bar that numbers follow") {
         {"a@@b.c@1@@2|" + kNumbers + "\n", "a@@b.c@1@@2" + kParsed}, // only the first @ is looked at
         {"a.c| -2147483649 2147483648 99999999999999999999 -1 +4 5 6 7 2147483647 9 2147483647 -0\n",
          "a.c, -2147483648, 2147483647 2147483647 -1 4 5 6 7 2147483647 9 2147483647 0, 2147483647, "},
+        // cut short or damaged: the name and the numbers up to there
+        {"net/a|b.c| 9 1 2", "cut net/a|b.c, 9, 1 2 0 0 0 0 0 0 0 0 0, 0, "},
+        {"a.c|", "cut a.c, 0, 0 0 0 0 0 0 0 0 0 0 0, 0, "},
+        {"a.c| 9 1 2 3 4 5 6 7 8 9 10\n", "cut a.c, 9, 1 2 3 4 5 6 7 8 9 10 0, 18, "},
+        {"a.c| 9 1 2 3x 4 5 6 7 8 9 10 11\n", "cut a.c, 9, 1 2 3 0 0 0 0 0 0 0 0, 0, "},
+        {"a.c| 9 1 2 3.5 4 5 6 7 8 9 10 11\n", "cut a.c, 9, 1 2 3 0 0 0 0 0 0 0 0, 0, "},
         // no records
         {"Makefile|" + kNumbers + "\n", kNothing},
         {".c|" + kNumbers + "\n", kNothing},
         {"|" + kNumbers + "\n", kNothing},
         {"a.c" + kNumbers + "\n", kNothing},
-        {"a.c| 9 1 2 3 4 5 6 7 8 9 10\n", kNothing},
-        {"a.c| 9 1 2 3x 4 5 6 7 8 9 10 11\n", kNothing},
-        {"a.c| 9 1 2 3.5 4 5 6 7 8 9 10 11\n", kNothing},
         {"", kNothing},
         {"|", kNothing},
         {std::string(2047, '|'), kNothing},
@@ -143,7 +154,11 @@ TEST_CASE("a work file is read as far as it makes sense") {
     CHECK(bench.Load(kHead + std::string(2040, 'x') + ".c|" + kNumbers + "\nb.c|" + kNumbers + std::string("\0z|\nc.c|", 8) +
                      kNumbers + "\n") == 1);
     CHECK(bench.Names() == "b.c| c.c| ");
-    CHECK(Has(bench.told, "A line of more than 2047 characters"));
+    CHECK(Has(bench.told, "Line 7 of more than 2047 characters is left out"));
+    CHECK_FALSE(Has(bench.told, "damaged"));
+    CHECK(bench.Load(kHead + "b.c|" + kNumbers + "\n\na.c| 1 2 3") == 1);
+    CHECK(bench.Names() == "a.c| b.c| ");
+    CHECK(Has(bench.told, "work.dat\n         Line 9 is cut short or damaged"));
 
     // no work file at all
     CHECK(bench.Load("") == 1);
@@ -188,15 +203,19 @@ TEST_CASE("line records are found beside their work file and come back") {
     CHECK(bench.G->baseline_failed == 0);
     REQUIRE(ExchangeDirectory(&bench.G->diff_beside));
 
+    bench.Count(3, 0, 0);
     REQUIRE(bench.LoadLines("base.dat.dif/src_my_file_c.dif\r\n") == 1);
     REQUIRE(bench.lines.count == 3);
     CHECK(bench.lines.lines[0].line == 1);
     CHECK(bench.lines.lines[0].type == 'L');
     CHECK(bench.lines.lines[0].code == LineCode("int x;\n", bench.G));
     CHECK(bench.lines.lines[2].line == 3);
+    bench.Count(1, 0, 0);
     CHECK(bench.LoadLines(long_name) == 1);
-    CHECK(bench.LoadLines("base.dat.dif/none_c.dif") == 0);
-    CHECK(bench.told.empty()); // it is there, and holds nothing
+    bench.Count(0, 0, 3);
+    CHECK(bench.LoadLines("base.dat.dif/none_c.dif") == 1); // it is there, and holds nothing
+    CHECK(bench.told.empty());
+    bench.Count(3, 0, 0);
     CHECK(bench.LoadLines(bench.dir / "base.dat.dif/src_my_file_c.dif") == 1);
 
     // an absolute name may climb, another may not; other files than regular ones aren't read
@@ -210,14 +229,15 @@ TEST_CASE("line records are found beside their work file and come back") {
     }
 }
 
-TEST_CASE("a cut or hostile file of line records holds its whole records") {
+TEST_CASE("a cut or hostile file of line records is told, and never read past its end") {
     RecordBench bench;
     std::string record(13, '\xff'); // no type, no number
     bench.G->diff_debug = 1;
     for (const size_t cut : {0, 1, 12, 13, 25, 26}) {
         WriteText(bench.dir / "d.dif", (record + record).substr(0, cut));
-        CHECK(bench.LoadLines("d.dif") == (cut >= 13));
+        CHECK(bench.LoadLines("d.dif") == (cut % 13 == 0));
         CHECK(bench.lines.count == static_cast<int>(cut / 13));
+        CHECK(Has(bench.told, "d.dif\n         The file is cut short or damaged: its size") == (cut % 13 != 0));
     }
     CHECK(Has(bench.told, "  -1    - ? -nan\n"));
     CHECK(std::isnan(bench.lines.lines[0].code));
@@ -226,6 +246,37 @@ TEST_CASE("a cut or hostile file of line records holds its whole records") {
     WriteText(bench.dir / "d.dif", record);
     CHECK(bench.LoadLines("d.dif") == 1);
     CHECK(bench.lines.count == 100000);
+}
+
+TEST_CASE("line records are those that the work file counts") {
+    RecordBench bench;
+    const auto load = [&bench](const std::string &types) {
+        std::string text;
+        int32_t line = 0;
+        for (const char type : types) {
+            char record[13] = {};
+            ++line;
+            memcpy(record, &line, sizeof line);
+            record[4] = static_cast<char>(type == 'c' ? 'C' : type);
+            const double code = type == 'C' ? 300 : 0; // 'c' is a comment without a text, as far as its code tells
+            memcpy(record + 5, &code, sizeof code);
+            text.append(record, sizeof record);
+        }
+        WriteText(bench.dir / "d.dif", text);
+        return bench.LoadLines("d.dif") == 1;
+    };
+    bench.Count(6, 4, 2);
+    CHECK(load("LlNnGgC"));
+    CHECK_FALSE(load("LlNnGg"));
+    CHECK_FALSE(load("LlNnGC"));
+    CHECK(Has(bench.told, "d.dif\n         The file is cut short or damaged: its lines"));
+    CHECK_FALSE(load("LlNnGgCC"));
+    CHECK_FALSE(load("L????????lNnGgC")); // the source has no line 15
+    bench.G->blanks_recorded = 1;
+    CHECK(load("LlBNnGgCB"));
+    CHECK_FALSE(load("LlBNnGgC"));
+    CHECK_FALSE(load("LlBNnGgCBB"));
+    CHECK(load("LlBNnGgc")); // the comment may be the second blank line
 }
 
 TEST_CASE("a directory takes its place with what a user had put there") {

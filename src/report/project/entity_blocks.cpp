@@ -35,13 +35,14 @@ constexpr Head kNamespace      {"Namespace/Package", "namespace_package", &HtmlS
 struct Detail {
     const char *label, *html, *element;
     ColorText HtmlSettings::*color;
+    char csv_comma = ' '; // what stands for a comma of the text in CSV
 };
 
 constexpr Detail kParameters      {"Parameters",  "<b>Parameters</b>: ",  "parameters",  &HtmlSettings::html_function_parameter_color};
 constexpr Detail kFunctionTemplate{"Template",    "<b>Template</b>: ",    "template",    &HtmlSettings::html_template_color};
 constexpr Detail kClassTemplate   {"Template",    "<b>Template: </b>",    "template",    &HtmlSettings::html_template_color};
 constexpr Detail kStructTemplate  {"Template",    "<b>Template:</b> ",    "template",    &HtmlSettings::html_struct_color};
-constexpr Detail kInheritance     {"Inheritance", "<b>Inheritance</b>: ", "inheritance", &HtmlSettings::html_inheritance_color};
+constexpr Detail kInheritance     {"Inheritance", "<b>Inheritance</b>: ", "inheritance", &HtmlSettings::html_inheritance_color, ';'};
 // clang-format on
 
 // operator=(...) and the like, without a class in front, and unnamed scopes have no block of their own.
@@ -93,7 +94,7 @@ static void ShowDetail(const Detail &detail, const char *page, const char *data,
         break;
     case Mode::kCsv: { // a text that comes broken stays so, with its indent
         std::string field = data;
-        std::replace(field.begin(), field.end(), ',', ' ');
+        std::replace(field.begin(), field.end(), ',', detail.csv_comma);
         Put("%s,%s\n", detail.label, field.c_str());
         break;
     }

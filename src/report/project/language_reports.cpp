@@ -8,25 +8,30 @@
 
 struct LanguageRow {
     LanguageGroup group;
-    int Languages::*files; // what averages are taken over; headers: those of C
-    const char *extension; // in the profile
+    int Languages::*files;      // the files of the group ...
+    int Languages::*more_files; // ... and those of a second kind; null for none
+    const char *extension;      // in the profile
     const char *text, *html, *csv, *csv_points, *xml;
 };
 
 // clang-format off
 // In the order of the summary, which is the order of LanguageGroup.
 constexpr LanguageRow kLanguageRows[kLanguageGroups] = {
-    {kHeaderGroup, &Languages::c_header_files, "*.h*",   "Header Include Files *.h*", "Header Include Files <i>*.h*</i>", "Header Include Files *.h*", "Header Include Files *.h*", "Header Files *.h*"},
-    {kCGroup,      &Languages::c_files,        "*.c",    "C Source Files *.c",        "C Source Files <i>*.c</i>",        "C Source Files *.c",        "C Source Files *.c*",       "C Files *.c"},
-    {kCppGroup,    &Languages::cpp_files,      "*.c*",   "C++ Source Files *.c*",     "C++ Source Files <i>*.c*</i>",     "C++ Source Files *.c*",     "C++ Source Files *.c*",     "C++ Files *.cp*"},
-    {kJavaGroup,   &Languages::java_files,     "*.java", "Java Source File *.jav*",   "Java Source File <i>*.jav*</i>",   "Java Source File *.java",   "Java Source File *.java",   "Java Files *.jav*"},
-    {kCsGroup,     &Languages::cs_files,       "*.cs",   "C# Source File *.cs",       "C# Source File <i>*.cs</i>",       "C# Source File *.cs",       "C# Source File *.cs",       "C Sharp Files *.cs"},
-    {kOtherGroup,  &Languages::other_files,    "Other",  "Other Source Files",        "Other Source Files",               "Other Source Files",        "Other Source Files",        "Other Files"},
+    {kHeaderGroup, &Languages::c_header_files, nullptr, "*.h*",   "Header Include Files *.h*", "Header Include Files <i>*.h*</i>", "Header Include Files *.h*", "Header Include Files *.h*", "Header Files *.h*"},
+    {kCGroup,      &Languages::c_files,        nullptr, "*.c",    "C Source Files *.c",        "C Source Files <i>*.c</i>",        "C Source Files *.c",        "C Source Files *.c*",       "C Files *.c"},
+    {kCppGroup,    &Languages::cpp_files,      &Languages::cpp_header_files, "*.c*",   "C++ Source Files *.c*",     "C++ Source Files <i>*.c*</i>",     "C++ Source Files *.c*",     "C++ Source Files *.c*",     "C++ Files *.cp*"},
+    {kJavaGroup,   &Languages::java_files,     nullptr, "*.java", "Java Source File *.jav*",   "Java Source File <i>*.jav*</i>",   "Java Source File *.java",   "Java Source File *.java",   "Java Files *.jav*"},
+    {kCsGroup,     &Languages::cs_files,       nullptr, "*.cs",   "C# Source File *.cs",       "C# Source File <i>*.cs</i>",       "C# Source File *.cs",       "C# Source File *.cs",       "C Sharp Files *.cs"},
+    {kOtherGroup,  &Languages::other_files,    nullptr, "Other",  "Other Source Files",        "Other Source Files",               "Other Source Files",        "Other Source Files",        "Other Files"},
 };
 // clang-format on
 
 // In tables C# stands in front of Java.
 constexpr LanguageGroup kTableOrder[] = {kHeaderGroup, kCGroup, kCppGroup, kCsGroup, kJavaGroup, kOtherGroup};
+
+static int FilesOf(const LanguageRow &row, const Globals *G) {
+    return G->*row.files + (row.more_files ? G->*row.more_files : 0);
+}
 
 constexpr Forms<> kProfileColumns{.text = "\n  Language   LOC %%    eLOC %%    lLOC %%    Comments %%   Blanks %%    Lines %%\n",
                                   .html =
@@ -36,8 +41,9 @@ constexpr Forms<> kProfileColumns{.text = "\n  Language   LOC %%    eLOC %%    l
                                   .xml = "<report>\n"
                                          "<name>Total Language Profile</name>\n"};
 
-static void LangProfileHeader(const Globals *G) {
+static void LangProfileHeader(Globals *G) {
     const Mode mode = OutputMode(G);
+    EndHeading(G);
     if (mode == Mode::kText || mode == Mode::kHtml) {
         DashRule();
         CenteredTitle("~~ Total Language Profile ~~", G);
@@ -108,7 +114,7 @@ static void ShowLanguagePage(const Globals *G) {
         }
         Print(G, kLanguageLabel, html ? row.html : row.text);
         LOCLine(sums.loc, sums.eloc, sums.lloc, sums.comments, sums.lines, G);
-        LOCFileAvg(sums.loc, sums.eloc, sums.lloc, sums.comments, sums.lines, G->*row.files, G);
+        LOCFileAvg(sums.loc, sums.eloc, sums.lloc, sums.comments, sums.lines, FilesOf(row, G), G);
         if (G->function_points) {
             const FunctionPointValues points = GroupPoints(row.group, G);
             FPLine(G, points.fp_loc, points.fp_eloc, points.fp_lloc);

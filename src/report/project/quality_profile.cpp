@@ -80,10 +80,13 @@ constexpr Forms<double, double> kPerLloc{
            "<quality_notice_percent_lloc>%.2f</quality_notice_percent_lloc>\n",
 };
 
-void ProfileHead(int total, const Globals *G) {
+void ProfileHead(int total, Globals *G) {
     const Mode mode = OutputMode(G);
     switch (mode) {
-    case Mode::kCsv: Put("\nProject Quality Profile\n\nType,Count,Percent,Quality Notice\n"); return;
+    case Mode::kCsv:
+        BeginBlock(G);
+        Put("Project Quality Profile\n\nType,Count,Percent,Quality Notice\n");
+        return;
     case Mode::kXml: Put("<report>\n<name>Project Quality Profile</name>\n<total_notices>%d</total_notices>\n", total); return;
     case Mode::kHtml:
     case Mode::kText: break;
@@ -220,6 +223,7 @@ void ShowNoticeSummary(Globals *G) {
     if (!G->notice_list.head) {
         return;
     }
+    EndHeading(G);
     SummaryHead(G->notice_list.count, G);
     if (G->sort_active) {
         LlistResort_NameData(&G->notice_list, 1, G);

@@ -7,7 +7,7 @@
 #include "run/compare.h"
 #include "run/globals.h"
 
-static void ShowHead(const SummaryFrame &frame, int count, const Globals *G) {
+static void ShowHead(const SummaryFrame &frame, int count, Globals *G) {
     const char *const *note = frame.note;
     switch (OutputMode(G)) {
     case Mode::kText:
@@ -21,7 +21,8 @@ static void ShowHead(const SummaryFrame &frame, int count, const Globals *G) {
         Put("\n");
         break;
     case Mode::kCsv:
-        Put("\n%s\n%s", frame.csv_name, note[1] ? note[1] : "");
+        BeginBlock(G);
+        Put("%s\n%s", frame.csv_name, note[1] ? note[1] : "");
         ShowSortMethod(G);
         Put("%s,%d\n%s\n", frame.csv_count, count, frame.csv_columns);
         break;

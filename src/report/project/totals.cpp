@@ -46,6 +46,7 @@ void ShowTotalReport(Globals *G) {
         ShowTotalDirSummary(G);
     }
     if (G->totals_all || G->totals_summary) {
+        EndHeading(G);
         ShowTotalSummary(G, 1, 1);
     }
 }
@@ -77,6 +78,7 @@ void ShowTotalDirSummary(Globals *G) {
         return;
     }
     const bool xml = OutputMode(G) == Mode::kXml;
+    EndHeading(G);
     ShowDirSummaryHead(G);
     for (const NodeData *directory : Records<NodeData>(G->dir_metrics_list)) {
         const int files = static_cast<int>(std::clamp<int64_t>(directory->params, 0, INT_MAX));

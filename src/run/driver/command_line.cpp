@@ -106,6 +106,31 @@ int CountFileArguments(int argc, char **argv) {
 
 } // namespace
 
+const char *LetterWithParameter(const char *argument) {
+    for (const char *p = argument + 1; *p; ++p) {
+        const char *known = *p == ':' ? nullptr : strchr(kSwitchLetters, *p);
+        if (known && known[1] == ':') {
+            return p;
+        }
+    }
+    return nullptr;
+}
+
+bool IsSwitchGiven(int argc, char *const *argv, char letter) {
+    for (int i = 1; i < argc && strcmp(argv[i], "--") != 0; ++i) {
+        if (argv[i][0] != '-') {
+            continue;
+        }
+        const char *end = LetterWithParameter(argv[i]);
+        const char *found = strchr(argv[i] + 1, letter);
+        if (found && (!end || found <= end)) {
+            return true;
+        }
+        i += end && end[1] == '\0'; // its parameter is the next argument
+    }
+    return false;
+}
+
 void SetFlags(std::span<const Flag> flags, Globals *G) {
     for (const Flag flag : flags) {
         if (!flag) {

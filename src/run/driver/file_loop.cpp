@@ -264,7 +264,7 @@ void ListFile(const FileData *file, SourceReader *reader, Globals *G) {
 void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     G->file_data = file;
     G->file_name = file->name;
-    if (*file->name <= 32 || strcmp(file->name, ".") == 0) {
+    if (static_cast<unsigned char>(*file->name) <= 32 || strcmp(file->name, ".") == 0) {
         return;
     }
     if (!OpenSource(reader, file->name, G->decharacter_mode)) {

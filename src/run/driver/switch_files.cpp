@@ -15,23 +15,13 @@
 #include "run/driver/switches.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "run/read_lines.h"
 
 namespace {
 
 bool SameFile(const char *a, const char *b) {
     struct stat stat_a, stat_b;
     return stat(a, &stat_a) == 0 && stat(b, &stat_b) == 0 && stat_a.st_dev == stat_b.st_dev && stat_a.st_ino == stat_b.st_ino;
-}
-
-// The letter in an argument like "-cFlist.txt" or "-cF" that takes what follows as its parameter; null when none does.
-const char *LetterWithParameter(const char *argument) {
-    for (const char *p = argument + 1; *p; ++p) {
-        const char *known = *p == ':' ? nullptr : strchr(kSwitchLetters, *p);
-        if (known && known[1] == ':') {
-            return p;
-        }
-    }
-    return nullptr;
 }
 
 // True for a baseline that -wx compares or that a new one is to replace: with "-O old.dat" ahead, the report would be all that is
@@ -93,10 +83,12 @@ void TakeUserCfg(const FileForm &form, Globals *G) {
     }
     PathText name;
     StoreParameter(name, form.name, form.length, 'u', G);
-    if (access(name, R_OK) != 0) {
+    LineReader probe; // a directory or a FIFO is no settings file
+    if (!OpenLines(&probe, name)) {
         ShowHeads(G);
         EndWithError(G, 0, "\n  Error: File name [%s] not found\n         path\\filename required\n", name);
     }
+    CloseLines(&probe);
     CopyText(G->cfg_file, name);
     LoadCfg(G);
 }

@@ -22,6 +22,8 @@ void SetFlags(std::span<const Flag> flags, Globals *G);
 // Sets the flags of the letter's row. False when no row has the letter.
 bool SetRowFlags(std::span<const FlagRow> rows, char letter, Globals *G);
 
+// The letter in an argument like "-cFlist.txt" or "-cF" that takes what follows as its parameter; null when none does.
+const char *LetterWithParameter(const char *argument);
 // Writes a message and ends the process: the end of every wrong switch.
 [[noreturn, gnu::format(printf, 3, 4)]] void EndWithError(Globals *G, int status, const char *fmt, ...);
 // Copies length bytes of a switch's parameter. One that doesn't fit its field ends the process: half a path is another path.

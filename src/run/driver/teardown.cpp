@@ -34,6 +34,8 @@ void FreeGlobals(Globals *G) {
     }
     AbandonReplacement(&G->work_beside);
     RemoveBeside(&G->diff_beside, ".dif");
+    LlistDestroy(&G->diff_names, NameDataFree);
+    FreeIndex(&G->diff_names_taken);
     LlistDestroy(&G->old_work_list, NodeDataFree);
     LlistDestroy(&G->new_work_list, NodeDataFree);
     LlistDestroy(&G->work_result_list, NodeDataFree);

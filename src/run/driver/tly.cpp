@@ -68,11 +68,9 @@ void LocateFile(PathText &path, const char *name, Globals *G) {
 
 // Half a second, or a key: whoever debugs reads the lines above first. A prompt has no place ahead of a document.
 void Pause(Globals *G) {
-    for (int i = 1; i < G->argc; ++i) {
-        if (G->argv[i][0] == '-' && (G->argv[i][1] == 'X' || G->argv[i][1] == 'H')) {
-            usleep(500000);
-            return;
-        }
+    if (IsSwitchGiven(G->argc, G->argv, 'X') || IsSwitchGiven(G->argc, G->argv, 'H')) {
+        usleep(500000);
+        return;
     }
     Message(G, "\n  Press Enter Key To Continue ...\n");
     FlushEarlyMessages(G);
@@ -166,6 +164,7 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
     if (G->work_file_create && HasRecords(G)) {
         G->work_file = CreateWorkFile(G);
         G->work_file_create = G->work_file != nullptr;
+        G->baseline_lacking = !G->work_file;
     }
     if (mode == Mode::kCsv && !G->csv_rows) {
         CSV_Header(gTLYOUT, G);
@@ -195,7 +194,7 @@ void EndProgress(const Globals *G) {
     }
 }
 
-void ProjectHeading(const Globals *G) {
+void ProjectHeading(Globals *G) {
     char files[16];
     FormatText(files, "%d", G->project_files);
     LineText plain;
@@ -210,7 +209,10 @@ void ProjectHeading(const Globals *G) {
         Center_HTML(plain, marked);
         break;
     case Mode::kXml: break;
-    case Mode::kCsv: Put("\nProject,%s,Files", files); break;
+    case Mode::kCsv:
+        Put("\nProject,%s,Files", files);
+        G->heading_open = 1;
+        break;
     case Mode::kText:
         DashRule();
         Center(plain);
@@ -242,7 +244,7 @@ void ProjectReports(Globals *G) {
             ShowTotalDirSummary(G);
         }
         if (G->file_summary) {
-            Put("\n");
+            BeginBlock(G);
             ShowTotalSummary(G, 1, 1);
         }
         EntityReports(G);
@@ -252,6 +254,7 @@ void ProjectReports(Globals *G) {
     }
     if (G->verbose_metrics) {
         ShowVerbose(G, 1);
+        G->heading_open = 0; // its rule has begun with a line feed
     }
     if (G->memory_metrics) {
         ShowMemorySummary(G);
@@ -261,7 +264,7 @@ void ProjectReports(Globals *G) {
     }
     if (G->have_files || G->totals_summary) {
         if (OutputMode(G) == Mode::kCsv) {
-            Put("\n");
+            BeginBlock(G);
         }
         ShowFileSummary(G);
     }
@@ -275,6 +278,7 @@ int HasTotals(const Globals *G) {
 void EndReport(ProcessTimer *timer, Globals *G) {
     if (G->csv_rows) { // its lines are the whole report
         SetTotal(G);
+        CloseWorkFile(G);
         EndCsvElements(G);
         return;
     }
@@ -320,7 +324,7 @@ int tly(int argc, char **argv) {
     EndProgress(G);
     EndReport(&timer, G);
 
-    const int status = FinishOutput(G->quality_notices ? G->notice_count : 0);
+    const int status = FinishOutput(G->baseline_lacking ? 1 : G->quality_notices ? G->notice_count : 0);
     if (G->show_progress) {
         fprintf(stderr, "  TLY Processed - %d Files\n", G->files_processed);
     }
