@@ -18,6 +18,7 @@ struct StateBench {
     std::unique_ptr<Globals, void (*)(Globals *)> owner{static_cast<Globals *>(calloc(1, sizeof(Globals))), FreeGlobals};
     Globals *G = owner.get();
 
+    StateBench() { G->teardown = FreeGlobals; }
     void SetMode(Mode mode) const {
         G->html_mode = mode == Mode::kHtml;
         G->csv_mode = mode == Mode::kCsv;
