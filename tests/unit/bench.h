@@ -9,6 +9,10 @@
 #include <string>
 #include <unistd.h>
 
+#include "analysis/parse_line.h"
+#include "analysis/roll_up.h"
+#include "config/languages.h"
+#include "files/source_reader.h"
 #include "run/driver/teardown.h"
 #include "run/globals.h"
 #include "run/mode.h"
@@ -86,3 +90,78 @@ inline bool WellFormed(const std::string &xml) {
     }
     return open.empty();
 }
+
+constexpr int kNone = -1; // no language at all
+
+// A state record at the head of a source, functions and classes wanted, reports as short as they can be.
+struct SourceBench : StateBench {
+    explicit SourceBench(int language = kCpp) {
+        G->file_name = "bench";
+        G->tab_width = 2;
+        G->head_written = G->totals_only = 1;
+        G->function_metrics = G->object_metrics = 1;
+        G->cyclo_function_call = G->cyclo_if = G->cyclo_case = 1;
+        G->max_cyclo = G->max_interface = G->max_return_points = G->max_scope_depth = 100;
+        Begin(language);
+    }
+
+    // Behind the source in hand: the next one.
+    void Begin(int language) const {
+        ResetState(G);
+        G->recording_lines = 1;
+        G->is_c = language == kC;
+        G->is_cpp = language == kCpp;
+        G->is_java = language == kJava;
+        G->is_cs = language == kCs;
+        G->is_other = language == kOther;
+    }
+
+    // Scans the text, as a run does a file. Returns one letter per line, that of its type: "." for a line without one, "!" for a
+    // piece that is too long.
+    std::string Feed(const std::string &text) const {
+        const TempDir dir;
+        WriteText(dir / "source", text);
+        const auto reader = std::make_unique<SourceReader>();
+        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), 0));
+        std::string letters;
+        int length;
+        for (Piece piece; (piece = NextPiece(reader.get(), G->line_buffer, &length)) != Piece::kEnd;) {
+            if (piece == Piece::kLine) {
+                ParseLine(length, ++G->file_line_no, G);
+                letters += G->line_letter ? G->line_letter : '.';
+            } else {
+                letters += '!';
+            }
+        }
+        CloseSource(reader.get());
+        return letters;
+    }
+
+    // One line per function: "f(int a) template<T> l3".
+    std::string Functions() const {
+        std::string dump;
+        for (const NodeData *f : Records<NodeData>(G->function_list)) {
+            dump += f->name + std::string(f->parameters ? f->parameters : "") +
+                    (f->template_line ? std::string(" ") + f->template_line : "") + " l" + std::to_string(f->loc) + "\n";
+        }
+        return dump;
+    }
+
+    // One line per class and interface: "struct nested A::B template<T> : C,D 2 d123 m001 l3": parents, data and methods (public,
+    // protected, private), lines of code.
+    std::string Classes() const {
+        std::string dump;
+        for (const Llist *list : {&G->class_list, &G->interface_list}) {
+            for (const NodeData *node : Records<NodeData>(*list)) {
+                const auto behind = [](const char *lead, const char *text) { return text ? lead + std::string(text) : ""; };
+                char figures[128];
+                snprintf(figures, sizeof figures, "%.0d d%d%d%d m%d%d%d l%d\n", node->parents, node->public_data,
+                         node->protected_data, node->private_data, node->public_methods, node->protected_methods,
+                         node->private_methods, node->loc);
+                dump += std::string(node->is_struct ? "struct " : "") + (node->nesting ? "nested " : "") + node->name +
+                        behind(" ", node->template_line) + behind(" : ", node->inherit_line) + (node->parents ? " " : "") + figures;
+            }
+        }
+        return dump;
+    }
+};

@@ -5,57 +5,19 @@
 #include "analysis/class.h"
 #include "analysis/entities.h"
 #include "analysis/namespaces.h"
-#include "analysis/parse_line.h"
-#include "analysis/roll_up.h"
 
 namespace {
 
-enum Language { kC, kCpp, kCs, kJava };
-
-struct Bench : StateBench {
-    explicit Bench(Language language = kCpp) {
-        G->tab_width = 2;
-        G->file_name = "bench";
-        G->head_written = 1;
-        G->object_metrics = 1;
-        G->function_metrics = 1;
+struct Bench : SourceBench {
+    explicit Bench(int language = kCpp)
+        : SourceBench(language) {
+        G->totals_only = 0;
         G->function_metrics_implied = 1;
-        G->max_scope_depth = 100;
-        ResetState(G);
-        G->is_c = language == kC;
-        G->is_cpp = language == kCpp;
-        G->is_cs = language == kCs;
-        G->is_java = language == kJava;
     }
 
-    // Scans the text line by line; returns what it writes.
-    std::string Feed(const std::string &text) {
-        return Written([&] {
-            for (size_t begin = 0; begin < text.size();) {
-                const size_t end = std::min(text.find('\n', begin), text.size() - 1) + 1;
-                memset(G->line_buffer, 0, sizeof G->line_buffer);
-                memcpy(G->line_buffer, text.data() + begin, end - begin);
-                ParseLine(static_cast<int>(end - begin), ++G->file_line_no, G);
-                begin = end;
-            }
-        });
-    }
-
-    static std::string Behind(const char *lead, const char *text) { return text ? lead + std::string(text) : ""; }
-
-    // One line per record: "struct nested A::B template<T> : C,D 2 d123 m001 l3".
-    std::string Classes() const {
-        std::string dump;
-        for (const Llist *list : {&G->class_list, &G->interface_list}) {
-            for (const NodeData *node : Records<NodeData>(*list)) {
-                char text[512];
-                snprintf(text, sizeof text, "%.0d d%d%d%d m%d%d%d l%d\n", node->parents, node->public_data, node->protected_data,
-                         node->private_data, node->public_methods, node->protected_methods, node->private_methods, node->loc);
-                dump += std::string(node->is_struct ? "struct " : "") + (node->nesting ? "nested " : "") + node->name +
-                        Behind(" ", node->template_line) + Behind(" : ", node->inherit_line) + (node->parents ? " " : "") + text;
-            }
-        }
-        return dump;
+    // What the scan of a text writes.
+    std::string Feed(const std::string &text) const {
+        return Written([&] { SourceBench::Feed(text); });
     }
 
     std::string Names(const Llist &list) const {
@@ -71,7 +33,7 @@ struct Bench : StateBench {
 
 TEST_CASE("a source leaves its classes with their bases, members and lines") {
     struct {
-        Language language;
+        int language;
         const char *text;
         const char *classes;
     } cases[] = {
@@ -107,7 +69,7 @@ TEST_CASE("a source leaves its classes with their bases, members and lines") {
 
 TEST_CASE("bases are cleaned of what isn't one") {
     struct {
-        Language language;
+        int language;
         const char *text, *bases;
         int multiple;
     } cases[] = {{kCpp, " public A , private B {\n", "A,B", 1},
@@ -158,7 +120,7 @@ TEST_CASE("nesting ends at every brace, deeper than the stack too") {
 
 TEST_CASE("namespaces and packages") {
     struct {
-        Language language;
+        int language;
         const char *text, *names, *written;
     } cases[] = {
         {kCpp, "namespace a { namespace b {\n} }\n", "a a::b",
@@ -201,8 +163,7 @@ TEST_CASE_FIXTURE(Bench, "a class adds to the innermost namespace in its name") 
 TEST_CASE_FIXTURE(Bench, "a name seen again is the same record, in whichever file") {
     G->totals_only = 1;
     Feed("// its own comment\nclass A {\n};\n#define M 1\n");
-    ResetState(G);
-    G->is_cpp = 1;
+    Begin(kCpp);
     G->file_name = "second";
     Feed("\nclass M A : public B {\n};\nstruct { int a; } A;\n");
     CHECK(Names(G->class_list) == "A instance"); // the second name is taken: its figures go to the first record

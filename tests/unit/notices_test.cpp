@@ -2,16 +2,12 @@
 #include "bench.h"
 
 #include "analysis/rules.h"
-#include "analysis/scan.h"
 #include "notices/raise.h"
 
 namespace {
 
 // A state record at line 7 of a file, all notices on and wanted in their long forms.
 struct Bench : StateBench {
-    char line[256] = {}; // line[0] stays NUL: what stands in front of a line
-    Scan scan{};
-
     Bench() {
         G->head_written = 1;
         G->file_name = "a&b.cpp";
@@ -22,16 +18,6 @@ struct Bench : StateBench {
         std::fill(std::begin(G->notice_enabled), std::end(G->notice_enabled), 1);
     }
     void Short() { G->notice_short_format = G->notices_by_file = G->totals_notice_summary = 1; }
-    // Puts a line in hand, its number 7, the character in hand the first at.
-    Scan &At(const char *text, char at) {
-        CopyText(std::span(line).subspan(1), text);
-        scan = {};
-        scan.line = line + 1;
-        scan.number = 7;
-        scan.length = static_cast<int>(strcspn(text, "\n"));
-        scan.index = static_cast<int>(strchr(text, at) - text);
-        return scan;
-    }
 };
 
 // The numbers of the list, in order.
@@ -144,80 +130,63 @@ TEST_CASE_FIXTURE(Bench, "steps in front of a name: the short form first outside
 
 TEST_CASE("assigned literals, on the line of the sign and behind it") {
     const struct {
-        const char *line;
-        int Globals::*flag; // set beside the assignment
+        int language;
+        std::string source;
         int raised;
     } cases[] = {
         // clang-format off
-        {"x = 5;\n", nullptr, 1}, {"x = 0;\n", nullptr, 0}, {"x = 0.0;\n", nullptr, 0}, {"x = 0;\n", &Globals::zero_is_literal, 1},
-        {"x = a + 5;\n", nullptr, 0}, {"x = 5;\n", &Globals::const_flag, 0}, {"x = 5;\n", &Globals::enum_flag, 0},
-        {"x = /* five */5;\n", nullptr, 1}, {"x = (int) 5;\n", nullptr, 1}, {"x = (int) y;\n", nullptr, 0},
-        {"x = (int) 5;\n", &Globals::virtual_flag, 0}, {"x = static_cast<int>(5);\n", &Globals::is_cpp, 1},
-        {"x = static_cast<int>(5);\n", nullptr, 0},
+        {kC, "x = 5;\n", 1}, {kC, "x = 0;\n", 0}, {kC, "x = 0.0;\n", 0}, {kC, "x = a + 5;\n", 0}, {kC, "const int x = 5;\n", 0},
+        {kC, "enum E { x = 5, y };\n", 0}, {kC, "x = /* five */5;\n", 1}, {kC, "x = (int) 5;\n", 1}, {kC, "x = (int) y;\n", 0},
+        {kC, "const int x = (int) 5;\n", 1}, {kCpp, "class A { virtual int f() = 5; };\n", 0}, {kC, "x = y(5;\n", 0},
+        {kCpp, "class A { virtual int f() = (int) 5; };\n", 0}, {kCpp, "x = static_cast<int>(5);\n", 1},
+        {kC, "x = static_cast<int>(5);\n", 0}, {kCpp, "x = a > b;\n", 0}, {kC, "x = // five\n\n// five\n5;\n", 1},
         // clang-format on
     };
     for (const auto &c : cases) {
-        CAPTURE(std::string(c.line));
-        Bench bench;
-        if (c.flag) {
-            bench.G->*c.flag = 1;
+        CAPTURE(c.source);
+        std::string split = c.source;
+        split.replace(split.find("= ") + 1, 1, "\n");
+        for (const std::string &source : {c.source, split}) {
+            const SourceBench bench(c.language);
+            bench.G->notice_enabled[50] = 1;
+            bench.Feed(source);
+            CHECK(bench.G->notice_cnt[50] == c.raised);
         }
-        Written([&] { CheckAssignedLiteral(bench.At(c.line, '='), bench.G); });
-        CHECK(bench.G->notice_cnt[50] == c.raised);
-        CHECK(bench.G->scope_pending_line == 0);
-
-        bench.G->notice_cnt[50] = 0; // the same value on the line behind "x ="
-        bench.G->assignment_flag = 1;
-        bench.G->scope_pending_line = 6;
-        const char *value = strchr(c.line, '=') + 2;
-        Written([&] { CheckPending(bench.At(value, value[strspn(value, "/* five")]), bench.G); });
-        CHECK(bench.G->notice_cnt[50] == c.raised);
     }
-    Bench bench;
-    CheckAssignedLiteral(bench.At("x = // five\n", '='), bench.G);
-    CHECK(bench.G->scope_pending_line == 7);
+    const SourceBench bench;
+    bench.G->notice_enabled[50] = bench.G->zero_is_literal = 1;
+    bench.Feed("x = 0;\n");
+    CHECK(bench.G->notice_cnt[50] == 1);
 }
 
-TEST_CASE("what is waited for, and what ends the waiting") {
+TEST_CASE("bodies without braces") {
     const struct {
-        int kind, since, depth; // scope_kind, scope_pending_line, function_scope
-        const char *line;
-        char at;
-        int raised, still; // scope_kind afterwards
+        std::string source; // of a function
+        int raised;
     } cases[] = {
         // clang-format off
-        {4, 6, 1, "b();\n", 'b', 1, 0}, {4, 7, 1, "b();\n", 'b', 0, 4}, {4, 6, 0, "b();\n", 'b', 0, 4}, {0, 6, 1, "b();\n", 'b', 0, 0},
-        {4, 6, 1, "b ( ) {\n", 'b', 0, 4}, {4, 6, 1, "b(); /* { */\n", 'b', 1, 0}, {1, 6, 1, "if (a)\n", 'i', 1, 0},
-        {2, 6, 1, "if (a)\n", 'i', 0, 0}, {2, 6, 1, "x = diff; if\n", 'x', 0, 0}, {2, 6, 1, "x = diff;\n", 'x', 1, 0},
-        {2, 6, 1, "*p = 1; if (a)\n", 'p', 0, 0}, // nothing is tested at a star
-        {3, 6, 1, "b();\n", 'b', 0, 3}, // the condition is open, see below
+        {"if (a)\nb();\n", 1}, {"if (a) b();\n", 1}, {"if (a) {\n}\n", 0}, {"if (a)\n{\n}\n", 0}, {"if (a)\nwhile (b) {\n}\n", 0},
+        {"if (a)\nb(); /* { */\n", 1}, {"if (a\n&& b) {\n}\n", 0}, {"if (a\n&& b)\nc();\n", 1},
+        {"do\nif (a)\n{\n}\nwhile (b);\n", 1}, {"do {\n} while (a) ;\n", 0}, {"do b(); while (a);\n", 1},
+        {"else\nif (a) {\n}\n", 0}, {"else\nx = diff; if (a) {\n}\n", 0}, {"else\nx = diff;\n", 1}, {"else if (a) {\n}\n", 0},
+        {"else b();\n", 1}, {"else {\n}\n", 0}, {"else\n/* a */ if (a) {\n}\n", 0},
+        {"else\n*p = 1; if (a) {\n}\n", 0}, // nothing is tested at a star
+        {"for (;;) {\n}\n", 0}, {"for (;;) ;\n", 1}, {"for (;;\n) {\n}\n", 0}, {"while (a)\nb();\n", 1},
+        {"while (f(a)\n) {\n}\n", 0}, {"while (f(a))\n{\n}\n", 0}, {"f(a)\n;\n", 0},
         // clang-format on
     };
     for (const auto &c : cases) {
-        CAPTURE(std::string(c.line));
-        Bench bench;
-        bench.G->scope_kind = c.kind;
-        bench.G->scope_pending_line = c.since;
-        bench.G->function_scope = c.depth;
-        bench.G->open_paren = c.kind == 3;
-        Written([&] { CheckPending(bench.At(c.line, c.at), bench.G); });
+        CAPTURE(c.source);
+        const SourceBench bench(kC);
+        bench.G->notice_enabled[22] = 1;
+        bench.Feed("void f() {\n" + c.source + "}\n");
         CHECK(bench.G->notice_cnt[22] == c.raised);
-        CHECK(bench.G->scope_kind == c.still);
+        CHECK(bench.G->scope_kind == 0);
     }
-    const struct {
-        int kind, paren;
-        const char *line;
-        int pending, still;
-    } closers[] = {{3, 0, "for (;;) {\n", 0, 0},  {5, 0, "} while (a) ;\n", 0, 0}, {3, 0, "for (;;) ;\n", 7, 3},
-                   {5, 1, "while (f(a)\n", 0, 5}, {5, 0, "while (a)\n", 7, 5},     {0, 0, "f(a)\n", 0, 0}};
-    for (const auto &c : closers) {
-        Bench bench;
-        bench.G->scope_kind = c.kind;
-        bench.G->local_paren = c.paren;
-        CheckBodyBehindParen(bench.At(c.line, ')'), bench.G);
-        CHECK(bench.G->scope_pending_line == c.pending);
-        CHECK(bench.G->scope_kind == c.still);
-    }
+    const SourceBench bench(kC);
+    bench.G->notice_enabled[22] = 1;
+    bench.Feed("if (a)\nb();\n"); // at file level nothing is bound
+    CHECK(bench.G->notice_cnt[22] == 0);
 }
 
 TEST_CASE_FIXTURE(Bench, "the ends of functions and classes raise in their order") {

@@ -1,45 +1,11 @@
 // The line scanner: what each line is taken for, and what it counts, across lines and languages.
 #include "bench.h"
 
-#include "analysis/parse_line.h"
-#include "analysis/roll_up.h"
-#include "files/source_reader.h"
-
 namespace {
 
-// A state record on which texts are scanned as files of a language.
-struct Bench : StateBench {
-    Bench() {
-        G->is_c = 1;
-        G->tab_width = 2;
-        G->diff_ignore_blank = 0;
-        G->work_deterministic = 1;
-        G->file_name = "bench";
-        ResetState(G);
-    }
-
-    // Feeds the text through a real file, as a run does. Returns one letter per line that ParseLine saw, "." for a line without
-    // one.
-    std::string Scan(const std::string &text) {
-        const TempDir dir;
-        WriteText(dir / "source", text);
-        std::string letters;
-        auto reader = std::make_unique<SourceReader>();
-        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), 0));
-        int length;
-        for (Piece piece; (piece = NextPiece(reader.get(), G->line_buffer, &length)) != Piece::kEnd;) {
-            if (piece == Piece::kTooLong) {
-                letters += '!';
-                continue;
-            }
-            ++G->file_line_no;
-            const std::string shown = Written([&] { ParseLine(length, G->file_line_no, G); });
-            const size_t row = shown.find(" |  ");
-            letters += row != std::string::npos ? shown[row + 4] : '.';
-        }
-        CloseSource(reader.get());
-        return letters;
-    }
+struct Bench : SourceBench {
+    Bench()
+        : SourceBench(kC) {}
 };
 
 } // namespace
@@ -64,7 +30,7 @@ TEST_CASE("every line gets the letter of what is on it") {
                  {"int a; // no line end", "g"}};
     for (const auto &c : cases) {
         CAPTURE(c.text);
-        CHECK(Bench().Scan(c.text) == c.letters);
+        CHECK(Bench().Feed(c.text) == c.letters);
     }
 }
 
@@ -85,7 +51,7 @@ TEST_CASE("statements and keywords count only as code") {
     for (const auto &c : cases) {
         CAPTURE(c.text);
         Bench bench;
-        bench.Scan(c.text);
+        bench.Feed(c.text);
         CHECK(bench.G->semicolon_count - bench.G->for_count == c.lloc);
         CHECK(bench.G->open_braces - bench.G->closebrace_count == c.braces);
         CHECK(bench.G->string_count == c.strings);
@@ -93,19 +59,18 @@ TEST_CASE("statements and keywords count only as code") {
 }
 
 TEST_CASE_FIXTURE(Bench, "files of the other language have lines and literals, no constructs") {
-    G->is_c = 0;
-    G->is_other = 1;
-    CHECK(Scan("a; { for (;;)\n{\n/* ; */\n\"/*\"\n#region don't\nx // c\n") == "LLCLLL");
+    Begin(kOther);
+    CHECK(Feed("a; { for (;;)\n{\n/* ; */\n\"/*\"\n#region don't\nx // c\n") == "LLCLLL");
     CHECK(G->semicolon_count + G->open_braces + G->just_brace_count == 0);
 }
 
 TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without line ends") {
-    Scan(" a\tb \"c d\t\" // e f\r\n" + std::string(40, ' ') + std::string(20, '\t') + "x\n#region a b c\n");
+    Feed(" a\tb \"c d\t\" // e f\r\n" + std::string(40, ' ') + std::string(20, '\t') + "x\n#region a b c\n");
     CHECK(G->file_white == 6 + 4 + 40 + 40);
     CHECK(G->file_chars == 18 + 61 + 13);
     Bench tabs;
     tabs.G->notice_enabled[30] = 1;
-    tabs.Scan("# \tpragma A \"b \\\n\t\t\\\n\t\\\n \"\tc\n"); // only the last tab is a notice: it is no literal's, no "#"'s
+    tabs.Feed("# \tpragma A \"b \\\n\t\t\\\n\t\\\n \"\tc\n"); // only the last tab is a notice: it is no literal's, no "#"'s
     CHECK(tabs.G->file_white == 3 + 4 + 2 + 3);
     CHECK(tabs.G->notice_cnt[30] == 1);
 }
@@ -124,13 +89,13 @@ TEST_CASE("pieces, NULs and what stands behind the last line end") {
     };
     for (const auto &c : cases) {
         CAPTURE(c.text);
-        CHECK(Bench().Scan(c.text) == c.letters);
+        CHECK(Bench().Feed(c.text) == c.letters);
     }
     std::string big;
     for (int i = 0; i < 40000; ++i) {
         big += std::string(i % 37, ' ') + "x;\n"; // lines across the borders of blocks
     }
-    CHECK(Bench().Scan(big) == std::string(40000, 'G'));
+    CHECK(Bench().Feed(big) == std::string(40000, 'G'));
 }
 
 TEST_CASE("behind a file exactly its own state is gone") {
