@@ -190,7 +190,7 @@ TEST_CASE_FIXTURE(Bench, "a scope that doesn't fit is dropped, the name stays") 
 }
 
 TEST_CASE("heads, tails and members in the modes of a report") {
-    const char *text = "template<class T> class Long_name : public B<T> {\n  struct In { int a; };\n};\n";
+    const char *text = "template<class T> class Long_name : public B<T> {\n  struct In { int a; };\n  void f(int a);\n};\n";
     struct {
         int html, csv, notices;
         const char *written;
@@ -208,6 +208,7 @@ TEST_CASE("heads, tails and members in the modes of a report") {
         {0, 0, 1, "\n  Class: Long_name\n  Attributes"},
         {0, 0, 1, "Nested Struct End Line: 2"},
         {0, 0, 0, "  Class Data Public     :     2 | struct In { int a; };\n"},
+        {0, 0, 0, "  Class Method Private  :     3 | Long_name::f(int a)\n"},
     };
     for (const auto &c : cases) {
         CAPTURE(std::string(c.written));

@@ -308,6 +308,7 @@ TEST_CASE_FIXTURE(Bench, "languages of files") {
     CHECK(valid_ext("CS", "c, cs\tjava", 0, G) == 1);
     CHECK(valid_ext("CS", "c, cs\tjava", 1, G) == 0);
     CHECK(valid_ext("jav", "c,cs,java", 0, G) == 0);
+    CHECK(valid_ext("csx", "c,cs,java", 0, G) == 0);
     CHECK(valid_ext("", "c,,cs", 0, G) == 0);
     CHECK(valid_ext(nullptr, "c", 0, G) == 0);
     G->validate_extensions = 0;

@@ -110,6 +110,7 @@ TEST_CASE("statements with a body, initialisers and switches") {
         {"do{ do /* a", "do_count scope_kind scope_pending_line"},
         {"else // b", "else_count local_else scope_kind:2 scope_pending_line"},
         {"break; break ;", "break_count:2 local_break:2 break_flag #44:2 #56"},
+        {"break", "break_count local_break #44"},
         {"break;default:break", "default_count break_count local_default local_break #44"}, // no break behind ":"
         {"{ switch(a) {default", "switch_count default_count local_switch local_default"},
         {"enum /* a */ color { RED", "enum_count enum_flag"},
@@ -199,6 +200,7 @@ TEST_CASE("directives") {
 TEST_CASE("helpers on source text") {
     CHECK(NextChar("a /* b */ \t{") == '{');
     CHECK(NextChar("a // b") == '\n');
+    CHECK(NextChar("") == '\0');
     CHECK(NextChar("a /* b \r\n") == '\n');
     CHECK(FindCodeChar(" /* { */ // {\n", '{') == 0);
     CHECK(FindCodeChar(" /* { */ {\n", '{') == 1);

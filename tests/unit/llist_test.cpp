@@ -4,6 +4,7 @@
 #include <random>
 
 #include "run/compare.h"
+#include "run/name_index.h"
 
 namespace {
 
@@ -173,4 +174,46 @@ TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
     CHECK(position("/doc", CompareName_Node_NoCase) == "/Doc");
     CHECK(LlistSearch(&dirs, nullptr, CompareName_Node_Case) == nullptr);
     LlistDestroy(&dirs, NodeDataFree);
+}
+
+TEST_CASE("names index: what is in is found, whatever has gone") {
+    struct Named {
+        char *name;
+        std::string text;
+        bool in;
+    };
+    std::vector<Named> all;
+    for (int i = 0; i < 300; ++i) {
+        all.push_back({nullptr, "name" + std::to_string(i), false});
+    }
+    all.push_back({nullptr, "ndtxb", false}); // two names of one hash
+    all.push_back({nullptr, "nelff", false});
+    NameIndex index{};
+    unsigned seed = 1;
+    for (int round = 0; round < 6000; ++round) {
+        seed = seed * 1664525 + 1013904223;
+        Named &named = all[seed / 65536 % all.size()];
+        named.name = named.text.data();
+        if (named.in) {
+            UnindexName(&index, &named);
+        } else {
+            CHECK(IndexName(&index, &named));
+        }
+        named.in = !named.in;
+        if (round % 50 == 0) {
+            size_t in = 0;
+            for (const Named &each : all) {
+                in += each.in;
+                REQUIRE(FindIndexed(&index, each.text.c_str()) == (each.in ? &each : nullptr));
+            }
+            CHECK(index.count == in);
+        }
+    }
+    Named &first = all.front(), again = first;
+    again.name = again.text.data();
+    CHECK((first.in || IndexName(&index, &first)));
+    CHECK(IndexName(&index, &again)); // the first of a name stays
+    UnindexName(&index, &again);
+    CHECK(FindIndexed(&index, "name0") == &first);
+    FreeIndex(&index);
 }

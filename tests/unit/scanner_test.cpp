@@ -1,6 +1,8 @@
 // The line scanner: what each line is taken for, and what it counts, across lines and languages.
 #include "bench.h"
 
+#include <climits>
+
 namespace {
 
 struct Bench : SourceBench {
@@ -18,7 +20,7 @@ TEST_CASE("every line gets the letter of what is on it") {
                  {"/* a\nb */ z\n", "Cl"},
                  {"/**/\n", "C"},
                  {"} else {\n);\n(\n) /* c */ ; // d\n", "LNNn"},
-                 {"{ x\n}}\n", "LL"},
+                 {"{ x\n}}\n\v{\n", "LLL"},
                  {"\"'\" x /* c\n*/\n", "lC"},
                  {"// a \\\nb\nc\n", "CCL"},
                  {"// a \\ \t\nb \\\n\nc\n", "CCCL"}, // blank, but inside the comment,
@@ -47,6 +49,7 @@ TEST_CASE("statements and keywords count only as code") {
         {"{ { }\n", 0, 1, 0},
         {"} } {\n", 0, 1, 0}, // a "}" too many is forgotten
         {"\"a\" \"b\\\"c\" \"d\n", 0, 0, 2},
+        {"@\"\\\"; \"@\"\\\";\n", 2, 0, 3}, // the backslash of @"\" escapes nothing
     };
     for (const auto &c : cases) {
         CAPTURE(c.text);
@@ -126,4 +129,12 @@ TEST_CASE_FIXTURE(Bench, "lines that are no effective ones and function points a
     SetTotal(G);
     CHECK(G->language_sums[kCGroup].eloc == 21);
     CHECK(G->fp_loc + G->fp_eloc + G->fp_lloc == doctest::Approx(4.5));
+    const Bench large;
+    large.G->file_chars = INT_MAX - 2; // more than an int counts
+    large.Feed("int a;\n");
+    CHECK(large.G->file_chars == INT_MAX);
+    AddTotal(large.G);
+    large.G->file_chars = 1;
+    AddTotal(large.G);
+    CHECK(large.G->total.file_chars == INT_MAX);
 }
