@@ -151,6 +151,7 @@ constexpr Row kHeads[] = {
     {kCpp, "template <class T,\n class U> U f(T t) {\n}\n", "f(T t) template<T,U> l2\n"},
     {kCpp, "template <class T>\nT f(T t) {\n}\ntemplate class A<T>;\nint g() {\n}\n", "f(T t) template<T> l2\ng() l2\n"},
     {kCpp, "class /* one\n*/\nA {\n};\n", "A d000 m000 l2\n"},
+    {kCpp, "class A :\n public B { int a;\n int b;\n};\n", "A : B 1 d002 m000 l3\n"},
     {kCpp, "class\nA\n{\n};\nclass // b\nB {\n};\n", "A d000 m000 l2\nB d000 m000 l2\n"},
     {kCpp, "class A; class B {\n};\n", "B d000 m000 l2\n"},
     {kCpp, "class A {\n class B\n ;\n int a;\n};\n", "A d000 m000 l0\n"},
