@@ -104,6 +104,7 @@ constexpr Row kCloseBrace[] = {
     {kC, "typedef enum { e } E\nint f() {\n}\n", "f() l2\n"},
     {kC, "struct A { int a; }\nint f() {\n}\nstruct B { int b; } c;\n", "f() l2\nstruct A d100 m000 l1\nstruct B d100 m000 l1\n"},
     {kJava, "class A {\n static {\n  a(1);\n }\n int f() {\n }\n}\n", "A.f() l2\nA d000 m001 l7\n"},
+    {kCs, "class A {\n static\n {\n  struct B b;\n }\n static {\n  struct B b;\n }\n}\n", "A d000 m000 l9\n"},
     {kJava, "class A {\n static { if (a) { } }\n int f() {\n }\n}\n", "A.f() l2\nA d000 m001 l5\n"},
     {kJava, "class A {\n static\n {\n  a(1);\n }\n int f() {\n }\n}\n", "A.f() l2\nA d000 m001 l8\n"},
     // a function: what was seen of it, and of its head, is no part of the next one
