@@ -42,7 +42,8 @@ void CheckRows(std::span<const Row> rows) {
 constexpr Row kSemicolon[] = {
     // a candidate: a declaration of old style parameters keeps it, a declaration in a class doesn't
     {kC, "int f(a, b)\n int a;\n{\n}\n", "f(a, b) Non-ANSI Parameter Construct l2\n#10"},
-    {kC, "int f(int n; int a[n],\n int b)\n{\n}\n", "f(int n; int a[n],) Non-ANSI Parameter Construct l2\n#10"}, // nothing is gathered behind it
+    // nothing is gathered behind it
+    {kC, "int f(int n; int a[n],\n int b)\n{\n}\n", "f(int n; int a[n],) Non-ANSI Parameter Construct l2\n#10"},
     {kCpp, "class A {\n void f() const;\n struct B { int c; };\n};\n", "A d001 m001 l4\nstruct nested A::B d100 m000 l1\n"},
     // a member: method or data, with its commas
     {kCpp, "class A {\n bool operator<(A);\n int a, b;\n int c;\n};\n", "A d003 m001 l5\n"},
@@ -52,7 +53,8 @@ constexpr Row kSemicolon[] = {
     {kCpp, "class A {\n class B;\n int a;\n};\n", "A d001 m000 l4\n"},
     {kCpp, "class A {\n typedef int T;\n enum E { e };\n int a;\n};\n", "A d001 m000 l5\n"},
     {kCpp, "class A {\npublic:\n int *a;\n int b;\n const int c;\n int d;\n};\n", "A d400 m000 l7\n#34#35#35#35"},
-    {kCs, "class A {\n public event B b;\n public int c;\n public delegate void D();\n public int d;\n}\n", "A d300 m100 l6\n#35#35"},
+    {kCs, "class A {\n public event B b;\n public int c;\n public delegate void D();\n public int d;\n}\n",
+     "A d300 m100 l6\n#35#35"},
     {kCs, "class A {\n static int a; int b;\n}\n", "A d002 m000 l3\n"},
     // what keeps a "(" from being a head
     {kC, "int a = b;\nint f() {\n}\n", "f() l2\n"},
@@ -118,7 +120,8 @@ constexpr Row kCloseBrace[] = {
     {kCs, "class A {\n [X(a = b)]\n void f() {\n }\n void g() {\n }\n}\n", "A.f() l2\nA.g() l2\nA d000 m001 l7\n"},
     // a class: what was seen of it is no part of the one around it, nor of the next one
     {kCpp, "class A : B {\n int a;\n void f();\n};\nclass C {\n};\n", "A : B 1 d001 m001 l4\nC d000 m000 l2\n"},
-    {kCpp, "class A : B {\n class C {\n public:\n  int c;\n };\n int a;\n};\n", "A : B 1 d002 m000 l7\nnested A::C d100 m000 l4\n#35"},
+    {kCpp, "class A : B {\n class C {\n public:\n  int c;\n };\n int a;\n};\n",
+     "A : B 1 d002 m000 l7\nnested A::C d100 m000 l4\n#35"},
     {kCpp, "struct A {\n class B { int b; };\n int a;\n};\n", "struct A d200 m000 l4\nstruct nested A::B d001 m000 l1\n"},
     {kJava, "class A {\n class B { int b = c[0] }\n void f();\n}\n", "A d000 m001 l4\nnested A.B d000 m000 l1\n"},
     {kCs, "class A {\n class B { virtual int b { } }\n int a = 5;\n}\n", "A d001 m000 l4\nnested A.B d000 m000 l1\n#37#50"},
@@ -135,7 +138,9 @@ constexpr Row kCloseParen[] = {
     {kJava, "class A {\n @Foo(1) void f() {\n }\n}\n", "A.f() l2\nA d000 m001 l4\n"},
     {kCpp, "void f() {\n}\ncatch (int) { }\nint g() {\n}\n", "f() l2\ng() l2\n"},
     {kC, "void f(int a, enum\n E b)\n{\n if (a) {\n }\n}\n", "f(int a, enum E b) l4\n"},
-    {kCpp, "class A {\n int a = ( class B { int b; };\n );\n DECLARE(x) (y) {\n }\n};\n", "A::x(y) l2\nA d002 m001 l6\nnested A::B d001 m000 l1\n"}, // forgotten at the second parenthesis
+    // forgotten at the second parenthesis
+    {kCpp, "class A {\n int a = ( class B { int b; };\n );\n DECLARE(x) (y) {\n }\n};\n",
+     "A::x(y) l2\nA d002 m001 l6\nnested A::B d001 m000 l1\n"},
     {kC, "int f();\nint g() {\n}\n", "g() l2\n"}, // a prototype
     {kC, "int f(int a)\n;\nint g() {\n}\n", "f(int a) Non-ANSI Parameter Construct l2\n#10"}, // none that it can see
     {kC, "void f() {\n if (a) b = c;\n while (a) b = c;\n}\n", "f() l4\n#22#22"},
@@ -158,7 +163,8 @@ constexpr Row kHeads[] = {
     {kCpp, "class A {\n class B\n ;\n int a;\n};\n", "A d000 m000 l0\n"},
     {kCs, "void f() {\n interface I {\n }\n}\ninterface J;\ninterface K {\n}\n", "f() l4\nK d000 m000 l2\n"},
     {kCpp, "#define API(x)\nnamespace a API (1) {\nint f() {\n}\n}\n", "a::f() l2\n"},
-    {kCpp, "namespace n {\n}\nclass A { class B {\n void n::f() {\n }\n}; };\n", "n::f() l2\nA d001 m000 l4\nnested A::B d000 m001 l4\n"},
+    {kCpp, "namespace n {\n}\nclass A { class B {\n void n::f() {\n }\n}; };\n",
+     "n::f() l2\nA d001 m000 l4\nnested A::B d000 m001 l4\n"},
     {kCpp, "class A {\n friend struct B;\n struct C c;\n};\n", "A d002 m000 l4\n#15"},
     {kJava, "class A {\n void f() static {\n }\n}\n", "A.f() l2\nA d000 m000 l4\n"},
     {kCs, "[x\nclass A {\n int a;\n}\n", "A d000 m000 l3\n"},
