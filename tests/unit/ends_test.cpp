@@ -137,7 +137,7 @@ constexpr Row kCloseBrace[] = {
 constexpr Row kCloseParen[] = {
     {kJava, "class A {\n @Foo(1) void f() {\n }\n}\n", "A.f() l2\nA d000 m001 l4\n"},
     {kCpp, "void f() {\n}\ncatch (int) { }\nint g() {\n}\n", "f() l2\ng() l2\n"},
-    {kC, "void f(int a, enum\n E b)\n{\n if (a) {\n }\n}\n", "f(int a, enum E b) l4\n"},
+    {kC, "void f(int a, enum\n E b)\n{\n {\n }\n}\n", "f(int a, enum E b) l4\n"},
     // forgotten at the second parenthesis
     {kCpp, "class A {\n int a = ( class B { int b; };\n );\n DECLARE(x) (y) {\n }\n};\n",
      "A::x(y) l2\nA d002 m001 l6\nnested A::B d001 m000 l1\n"},
@@ -192,8 +192,9 @@ TEST_CASE("what ends at a closing parenthesis") {
 
 TEST_CASE("texts over lines, up to their ends") {
     CheckRows(kHeads);
-    // Parameters that don't fit are left away: those of their first line stay.
-    const std::string first = "(" + std::string(1500, 'a') + ",",
-                      source = "int f" + first + "\n" + std::string(1000, 'b') + ", c\n)\n{\n}\n";
-    CHECK(Left({kC, source.c_str(), ""}) == "f" + first + ") l2\n");
+    // Parameters that don't fit are left away, line by line.
+    const std::string first = "(" + std::string(1500, 'a') + ",", head = "int f" + first + "\n";
+    const std::string more = head + std::string(1000, 'b') + ", c\n)\n{\n}\n", most = head + std::string(544, 'b') + "\n)\n{\n}\n";
+    CHECK(Left({kC, more.c_str(), ""}) == "f" + first + ") l2\n");
+    CHECK(Left({kC, most.c_str(), ""}) == "f" + first + std::string(544, 'b') + ") l2\n");
 }
