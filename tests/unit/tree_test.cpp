@@ -81,6 +81,8 @@ TEST_CASE("every class finds its place") {
         {"A:A", "A0 A1"},                      // below itself
         {"A:B B:A", "B0 A1 B2 A3"},            // a circle ends
         {"A:B B:A,Z", "Z0 B1 A2 B3 A4"},
+        // a parent below its own name takes nobody
+        {"B:A C:F D:C A:A,D", "F0 C1 D2 A3 A4 B4"},
     };
     for (const auto &c : kCases) {
         CAPTURE(c.classes);
