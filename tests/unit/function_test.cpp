@@ -8,17 +8,10 @@
 
 namespace {
 
-struct Bench : StateBench {
-    explicit Bench(const char *language = "C++") {
-        ResetState(G);
-        const std::string name = language;
-        G->is_c = name == "C";
-        G->is_cpp = name == "C++";
-        G->is_java = name == "Java";
-        G->is_cs = name == "C#";
-        G->head_written = G->function_metrics = G->wrap_long_names = G->totals_only = 1;
-        G->cyclo_function_call = G->cyclo_if = G->cyclo_case = 1;
-        G->max_cyclo = G->max_interface = G->max_return_points = 100;
+struct Bench : SourceBench {
+    explicit Bench(int language = kCpp)
+        : SourceBench(language) {
+        G->wrap_long_names = 1;
         G->file_name = "/a b.cpp";
         CopyText(G->html_function_color, "F");
         CopyText(G->html_function_parameter_color, "P");
@@ -47,22 +40,23 @@ struct Bench : StateBench {
 TEST_CASE("the name in front of a parenthesis") {
     // clang-format off
     struct {
-        const char *language, *line, *name; // null: no candidate
+        int language;
+        const char *line, *name; // null: no candidate
     } cases[] = {
-        {"C", "int f$(void)\n", "f"},                        {"C", "f /* name */ $(int a)\n", "f"},
-        {"C", "a&f$(b)\n", "f"},                             {"C", "int f \t\r$\n", "f"}, // its "(" comes on the next line
-        {"C", "int $(*name(int a))(char b)\n", "name"},      {"C", "void $( * fp)(int);\n", "fp"},
-        {"C", "void $(**fp)(int);\n", "fp"},                 {"C", "y = $(*p);\n", nullptr},
-        {"C", "while $(x)\n", nullptr},                      {"C", "f>$(x)\n", nullptr},
-        {"C", "operator$(x)\n", "operator"},                 {"C++", "B A<T, int*>::f$(x)\n", "A<T,int*>::f"},
-        {"C", "foo EXPORT $(int a)\n", nullptr},             {"C", "EXPORT foo EXPORT$\n", "foo"},
-        {"C++", "A ::f$(x)\n", "A::f"},                      {"C++", "void A:: f$(x)\n", "A::f"},
-        {"C++", "A :: ~A$()\n", "A::~A"},                    {"C++", "f<A<B>, C>$(x)\n", "f<A<B>,C>"},
-        {"C++", "A A::operator ()$(int x)\n", "A::operator ()"},
-        {"C++", "const A &A::operator =$(const A&)\n", "A::operator ="},
-        {"C++", "B<T> A<T, U> ::operator+$(const A&)\n", "A<T,U>::operator+"},
-        {"C++", "void *operator /* c */ new []$(size_t n)\n", "operator new[]"},
-        {"C#", "void IFoo.Bar$(int x)\n", "IFoo.Bar"},       {"C#", "a[0]b$(x)\n", nullptr},
+        {kC, "int f$(void)\n", "f"},                        {kC, "f /* name */ $(int a)\n", "f"},
+        {kC, "a&f$(b)\n", "f"},                             {kC, "int f \t\r$\n", "f"}, // its "(" comes on the next line
+        {kC, "int $(*name(int a))(char b)\n", "name"},      {kC, "void $( * fp)(int);\n", "fp"},
+        {kC, "void $(**fp)(int);\n", "fp"},                 {kC, "y = $(*p);\n", nullptr},
+        {kC, "while $(x)\n", nullptr},                      {kC, "f>$(x)\n", nullptr},
+        {kC, "operator$(x)\n", "operator"},                 {kCpp, "B A<T, int*>::f$(x)\n", "A<T,int*>::f"},
+        {kC, "foo EXPORT $(int a)\n", nullptr},             {kC, "EXPORT foo EXPORT$\n", "foo"},
+        {kCpp, "A ::f$(x)\n", "A::f"},                      {kCpp, "void A:: f$(x)\n", "A::f"},
+        {kCpp, "A :: ~A$()\n", "A::~A"},                    {kCpp, "f<A<B>, C>$(x)\n", "f<A<B>,C>"},
+        {kCpp, "A A::operator ()$(int x)\n", "A::operator ()"},
+        {kCpp, "const A &A::operator =$(const A&)\n", "A::operator ="},
+        {kCpp, "B<T> A<T, U> ::operator+$(const A&)\n", "A<T,U>::operator+"},
+        {kCpp, "void *operator /* c */ new []$(size_t n)\n", "operator new[]"},
+        {kCs, "void IFoo.Bar$(int x)\n", "IFoo.Bar"},       {kCs, "a[0]b$(x)\n", nullptr},
     };
     // clang-format on
     for (const auto &c : cases) {
@@ -77,11 +71,12 @@ TEST_CASE("the name in front of a parenthesis") {
 
 TEST_CASE("a name takes its namespace or its class") {
     struct {
-        const char *language, *space, *classname, *line, *name;
+        int language;
+        const char *space, *classname, *line, *name;
     } cases[] = {
-        {"C++", "n", "", "f$(", "n::f"},        {"C++", "n", "", "n::f$(", "n::f"}, {"C++", "n", "", "A::f$(", "n::A::f"},
-        {"C++", "n", "n::A", "f$(", "n::A::f"}, {"C#", "n", "n.A", "f$(", "n.A.f"}, {"Java", "n.m", "", "f$(", "n.m.f"},
-        {"C++", " x", "A", "f$(", "f"},
+        {kCpp, "n", "", "f$(", "n::f"},        {kCpp, "n", "", "n::f$(", "n::f"}, {kCpp, "n", "", "A::f$(", "n::A::f"},
+        {kCpp, "n", "n::A", "f$(", "n::A::f"}, {kCs, "n", "n.A", "f$(", "n.A.f"}, {kJava, "n.m", "", "f$(", "n.m.f"},
+        {kCpp, " x", "A", "f$(", "f"},
     };
     for (const auto &c : cases) {
         CAPTURE(std::string(c.line));

@@ -1,27 +1,15 @@
 // The class tree: where classes find their place, whatever their order, and that no shape of a project is too much.
-#include <doctest/doctest.h>
+#include "bench.h"
 
 #include <algorithm>
-#include <memory>
-#include <string>
 
 #include "analysis/entities.h"
-#include "analysis/roll_up.h"
-#include "run/driver/teardown.h"
-#include "run/globals.h"
 #include "tree/class_tree.h"
 #include "tree/tree_nodes.h"
 
 namespace {
 
-struct FreeRecord {
-    void operator()(Globals *G) const { FreeGlobals(G); }
-};
-
-struct Bench {
-    std::unique_ptr<Globals, FreeRecord> record{static_cast<Globals *>(calloc(1, sizeof(Globals)))};
-    Globals *G = record.get();
-
+struct Bench : StateBench {
     void Add(const std::string &name, const std::string &parents) {
         AddClassRecord(name.c_str(), parents.empty() ? nullptr : parents.c_str(), nullptr, 1, 0, 0, 0, G);
     }
