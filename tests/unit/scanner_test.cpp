@@ -3,6 +3,8 @@
 
 #include <climits>
 
+#include "analysis/line_code.h"
+
 namespace {
 
 struct Bench : SourceBench {
@@ -137,4 +139,14 @@ TEST_CASE_FIXTURE(Bench, "lines that are no effective ones and function points a
     large.G->file_chars = 1;
     AddTotal(large.G);
     CHECK(large.G->total.file_chars == INT_MAX);
+}
+
+TEST_CASE_FIXTURE(Bench, "the code of a line: which bytes count, each divided by its place") {
+    const std::pair<const char *, double> codes[] = {
+        {"\x1f!\n", 33}, {"\v!", 11 + 33.0 / 2}, {"\x80!", 33}, {" !", 32 + 33.0 / 2}, {"", 0}};
+    for (const auto &[line, code] : codes) {
+        CHECK(LineCode(line, G) == code);
+    }
+    G->diff_ignore_white = 1;
+    CHECK(LineCode(" !\t", G) == 33);
 }
