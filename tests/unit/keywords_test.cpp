@@ -201,6 +201,8 @@ TEST_CASE("helpers on source text") {
     CHECK(NextChar("a /* b */ \t{") == '{');
     CHECK(NextChar("a // b") == '\n');
     CHECK(NextChar("") == '\0');
+    CHECK(NextChar("a {// b") == '{');
+    CHECK(NextChar("a / b") == '/');
     CHECK(NextChar("a /* b \r\n") == '\n');
     CHECK(FindCodeChar(" /* { */ // {\n", '{') == 0);
     CHECK(FindCodeChar(" /* { */ {\n", '{') == 1);

@@ -159,6 +159,20 @@ TEST_CASE("assigned literals, on the line of the sign and behind it") {
     CHECK(bench.G->notice_cnt[50] == 1);
 }
 
+TEST_CASE("comments that say that a case goes on") {
+    for (const std::string comment : {"// fall through", "/* drop through */", "// we fall thru", "// drop thru"}) {
+        for (const char *instead : {"", "s", " "}) { // neither "falls through" nor "fall  through"
+            CAPTURE(comment + instead);
+            const SourceBench bench(kC);
+            bench.G->notice_enabled[14] = 1;
+            std::string told = comment;
+            bench.Feed("void f() {\nswitch (a) {\ncase 1: " + told.insert(told.find(" thr"), instead) +
+                       "\ncase 2: break;\ndefault: ;\n}\n}\n");
+            CHECK(bench.G->notice_cnt[14] == (*instead != '\0'));
+        }
+    }
+}
+
 TEST_CASE("bodies without braces") {
     const struct {
         std::string source; // of a function
