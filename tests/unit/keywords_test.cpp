@@ -210,8 +210,13 @@ TEST_CASE("helpers on source text") {
     struct {
         const char *line, *name, *code, *raw; // "-" for null
     } tokens[] = {
-        {" \tab:c d\n", "ab", "ab", "ab:c"}, {"({5;\n", "-", "5", "-"}, {"// a\n", "-", "-", "-"},
-        {"/* a */b c", "b", "b", "b"},       {"\r a\n", "-", "-", "a"}, {"", "-", "", "-"},
+        {" \tab:c d\n", "ab", "ab", "ab:c"},
+        {"({5;\n", "-", "5", "-"},
+        {"// a\n", "-", "-", "-"},
+        {"/* a */b c", "b", "b", "b"},
+        {"/**/b", "b", "b", "b"},
+        {"\r a\n", "-", "-", "a"},
+        {"", "-", "", "-"},
     };
     for (const auto &t : tokens) {
         CAPTURE(t.line);
