@@ -242,9 +242,9 @@ void OpenClass(Scan &scan, Globals *G) {
         return;
     }
     if (is_struct) {
-        AnnounceClass(53, "struct", G);
+        AnnounceClass(kNoticeBareStruct, "struct", G);
     } else {
-        AnnounceClass(52, "class", G);
+        AnnounceClass(kNoticeBareClass, "class", G);
     }
 }
 
@@ -264,7 +264,7 @@ void OpenInterface(Scan &scan, Globals *G) {
             return;
         }
     }
-    AnnounceClass(54, "interface", G);
+    AnnounceClass(kNoticeBareInterface, "interface", G);
 }
 
 void CloseClass(Scan &scan, Globals *G) {

@@ -147,7 +147,7 @@ void CountTwice(const Scan &scan, char c, Globals *G) {
 
 void NoteStep(const Scan &scan, char c, Globals *G) {
     if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) { // --x
-        NoticePreStep(c == '-' ? 6 : 7, G);
+        NoticePreStep(c == '-' ? kNoticePreDecrement : kNoticePreIncrement, G);
     }
 }
 
@@ -176,7 +176,7 @@ void ScanCode(Scan &scan, Globals *G) {
         }
         switch (found) {
         case kPassed: continue;
-        case kTab: NoticeAtLine(30, G); continue;
+        case kTab: NoticeAtLine(kNoticeTab, G); continue;
         case kOperator: break;
         case kWord: {
             const int behind = EndOfWord(line, i);

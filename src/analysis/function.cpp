@@ -168,7 +168,7 @@ void OpenFunction(Scan &scan, Globals *G) {
     G->virtual_flag = 0;
     ShowHead(scan, G);
     if (G->comment_pending == 0) {
-        EmitNoComment(51, "function", G);
+        EmitNoComment(kNoticeBareFunction, "function", G);
     }
     TakeSnapshots(G);
     G->comment_pending = 0;

@@ -94,7 +94,7 @@ void OnNamespace(Scan &scan, int end, Globals *G) {
         return;
     }
     if (G->using_flag) { // using namespace std;
-        NoticeAtLine(32, G);
+        NoticeAtLine(kNoticeUsingNamespace, G);
         return;
     }
     LineText token;

@@ -4,6 +4,8 @@
 // nothing.
 #pragma once
 
+#include "run/notice_numbers.h"
+
 struct Globals;
 
 // The steps that all notices share: is n on, is there no skip region; count it; print it in the short form where one is wanted.
