@@ -10,12 +10,12 @@
 #include <cstdint>
 #include <string_view>
 
-#include "analysis/char_tests.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "run/globals.h"
+#include "run/text.h"
 
 namespace {
 
@@ -227,7 +227,7 @@ int IsClosed(const Keyword &keyword, const char *line, int index, int *counter) 
     case kTermin: return KeywordTermin(line, index, counter, keyword.closers[0], '\n');
     case kSet: closed = IsInSet(keyword.closers, p); break;
     case kName: closed = *p != '_'; break;
-    case kOpName: closed = IsBlankOrTab(*p) || IsLineEnd(*p) || is_operator(*p); break;
+    case kOpName: closed = IsSpace(*p) || is_operator(*p); break;
     case kNoTest: break;
     }
     *counter += closed;

@@ -12,6 +12,7 @@
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "run/percent.h"
 
 namespace {
 
@@ -54,7 +55,7 @@ void TestLiteral(const char *text, char first, Globals *G) {
 // An if, or a word that ends in it, as in "else" and "if (b)" on two lines.
 int HoldsIf(const char *line) {
     for (const char *p = line; (p = strstr(p, "if")) != nullptr; p += 2) {
-        if (p[2] == '(' || IsBlankOrTab(p[2]) || IsLineEnd(p[2])) {
+        if (p[2] == '(' || IsSpace(p[2])) {
             return 1;
         }
     }
@@ -69,10 +70,6 @@ int MayBeFirstCode(const Scan &scan) {
         --i;
     }
     return i < 0 || scan.line[i] <= ' ' || strchr("/*\"'", scan.line[i]) != nullptr;
-}
-
-float Percent(int part, int whole) {
-    return static_cast<float>(part) / static_cast<float>(whole) * 100.0F;
 }
 
 // The name without its class: behind the last ":" of Tree::Walk, behind the last "." of Tree.Walk, in C# without its <T>.

@@ -216,8 +216,7 @@ const char *ScopeWord(int kind) {
     return kWords[kind >= 1 && kind <= 5 ? kind : 0];
 }
 
-const char *GetNoticeStr(int n, const Globals *G) {
-    static char filled[80];
+const char *GetNoticeStr(int n, Globals *G) {
     if (n < 1 || n > kNotices) {
         if (const Udqn *rule = get_udqn_ptr(n, &G->udqn_list)) {
             return rule->summary ? rule->summary : "";
@@ -230,9 +229,10 @@ const char *GetNoticeStr(int n, const Globals *G) {
     }
     const int ahead = static_cast<int>(hole - row.text);
     if (row.limit.count) {
-        FormatText(filled, "%.*s%d%s", ahead, row.text, G->*row.limit.count, hole + strlen("%d"));
+        FormatText(G->notice_text, "%.*s%d%s", ahead, row.text, G->*row.limit.count, hole + strlen("%d"));
     } else {
-        FormatText(filled, "%.*s%.1f%%%s", ahead, row.text, static_cast<double>(G->*row.limit.percent), hole + strlen("%.1f%%"));
+        FormatText(G->notice_text, "%.*s%.1f%%%s", ahead, row.text, static_cast<double>(G->*row.limit.percent),
+                   hole + strlen("%.1f%%"));
     }
-    return filled;
+    return G->notice_text;
 }

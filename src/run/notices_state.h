@@ -17,6 +17,7 @@ struct KeptNoticeText {
 };
 
 struct NoticeRun {
+    char notice_text[80];                      // the answer of GetNoticeStr
     int notice_cnt[kNoticeSlots];              // entry n: how often notice n was raised
     Llist notice_list;                         // NameData: the notices of the notice summary, in order; empty in runs without one
     KeptNoticeText marked_texts[kNoticeSlots]; // entry n: of notice n

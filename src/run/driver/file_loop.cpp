@@ -21,6 +21,7 @@
 #include "report/project/totals.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/percent.h"
 #include "run/progress.h"
 #include "tools/decharacter.h"
 #include "tools/listing.h"
@@ -154,10 +155,6 @@ void WarnOfOpenFunction(Globals *G) {
                          Shown{G->html_notice_color});
     }
     EmitFunction(G);
-}
-
-float Percent(int part, int whole) {
-    return whole > 0 ? static_cast<float>(part) / static_cast<float>(whole) * 100.0F : 0.0F;
 }
 
 void RaiseBelow(int n, float measured, float limit, Globals *G) {
@@ -309,7 +306,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
 } // namespace
 
 void ProcessFiles(Globals *G) {
-    static SourceReader reader;
+    SourceReader reader;
     for (FileData *file : Records<FileData>(G->file_list)) {
         ProcessFile(file, &reader, G);
     }
