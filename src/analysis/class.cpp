@@ -18,6 +18,7 @@
 #include "report/state_line.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "run/percent.h"
 
 namespace {
 
@@ -149,11 +150,8 @@ EntityFigures MeasureClass(const Globals *G) {
     if (figures.blanks <= 0) { // both percentages are 0 then
         return figures;
     }
-    figures.blank_pct = static_cast<float>(figures.blanks) / static_cast<float>(figures.lines) * 100.0F;
-    const int chars = G->file_chars - G->class_start_chars;
-    if (chars > 0) {
-        figures.white_pct = static_cast<float>(WhiteSoFar(G) - G->class_start_white) / static_cast<float>(chars) * 100.0F;
-    }
+    figures.blank_pct = Percent(figures.blanks, figures.lines);
+    figures.white_pct = Percent(WhiteSoFar(G) - G->class_start_white, G->file_chars - G->class_start_chars);
     return figures;
 }
 
@@ -212,6 +210,28 @@ void LeaveClasses(Globals *G) {
     G->function_scope = 0;
 }
 
+// The class around the one that has ended is in hand again.
+void PopNestedClass(Globals *G) {
+    if (G->class_index <= kNestingLimit) {
+        const int max = G->class_loc_max_file;
+        const int min = G->class_loc_min_file;
+        static_cast<ClassBody &>(*G) = G->class_stack[G->class_index - 1];
+        G->class_loc_max_file += max;
+        G->class_loc_min_file += min;
+    } else { // the body around it wasn't saved; only its own "{" is known to be open
+        ClearText(G->classname);
+        G->class_scope = 1;
+    }
+    G->class_flag = 1;
+    G->class_pending = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+    G->attr_flag = 0;
+    G->method_flag = 0;
+    G->virtual_flag = 0;
+    --G->class_index;
+}
+
 } // namespace
 
 void OpenClass(Scan &scan, Globals *G) {
@@ -242,9 +262,9 @@ void OpenClass(Scan &scan, Globals *G) {
         return;
     }
     if (is_struct) {
-        AnnounceClass(53, "struct", G);
+        AnnounceClass(kNoticeBareStruct, "struct", G);
     } else {
-        AnnounceClass(52, "class", G);
+        AnnounceClass(kNoticeBareClass, "class", G);
     }
 }
 
@@ -264,7 +284,7 @@ void OpenInterface(Scan &scan, Globals *G) {
             return;
         }
     }
-    AnnounceClass(54, "interface", G);
+    AnnounceClass(kNoticeBareInterface, "interface", G);
 }
 
 void CloseClass(Scan &scan, Globals *G) {
@@ -287,12 +307,10 @@ void CloseClass(Scan &scan, Globals *G) {
     }
 }
 
-int PushNestedClass(Globals *G) {
+void PushNestedClass(Globals *G) {
     if (++G->class_index <= kNestingLimit) {
         G->class_nested_flag = 1;
-        SavedClass &saved = G->class_stack[G->class_index - 1];
-        saved.body = *G;
-        saved.function_scope = G->function_scope;
+        G->class_stack[G->class_index - 1] = *G;
     }
     const int struct_flag = G->struct_flag; // a class inside a struct is told as a struct
     const int struct_pending = G->struct_pending;
@@ -307,33 +325,6 @@ int PushNestedClass(Globals *G) {
     G->func_template = 0;
     G->function_scope = 0;
     G->local_paren = 0;
-    return G->class_index;
-}
-
-int PopNestedClass(Globals *G) {
-    if (G->class_index < 1) {
-        G->class_index = 0;
-        Message(G, "\n  Error: Nested Class indexing\n");
-        return 0;
-    }
-    if (G->class_index <= kNestingLimit) {
-        const int max = G->class_loc_max_file;
-        const int min = G->class_loc_min_file;
-        static_cast<ClassBody &>(*G) = G->class_stack[G->class_index - 1].body;
-        G->class_loc_max_file += max;
-        G->class_loc_min_file += min;
-    } else { // the body around it wasn't saved; only its own "{" is known to be open
-        ClearText(G->classname);
-        G->class_scope = 1;
-    }
-    G->class_flag = 1;
-    G->class_pending = 0;
-    G->function_scope = 0;
-    G->local_paren = 0;
-    G->attr_flag = 0;
-    G->method_flag = 0;
-    G->virtual_flag = 0;
-    return --G->class_index;
 }
 
 void Add_Class2Class(const LineCounts &lines, Globals *G) {

@@ -21,9 +21,8 @@ void OpenClass(Scan &scan, Globals *G);
 void OpenInterface(Scan &scan, Globals *G);
 // The open class ends at the "}" in hand.
 void CloseClass(Scan &scan, Globals *G);
-// Put the class in hand aside for one inside it, and take it back. The new class_index.
-int PushNestedClass(Globals *G);
-int PopNestedClass(Globals *G);
+// Puts the class in hand aside for one inside it. Its end takes it back.
+void PushNestedClass(Globals *G);
 // Adds the figures of the closing class to its record.
 void Add_Class2Class(const LineCounts &lines, Globals *G);
 

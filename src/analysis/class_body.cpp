@@ -35,7 +35,7 @@ constexpr Section kSections[] = {
     {.access = &ClassScope::access_protected,
      .methods = &ClassScope::cls_prot_methods,
      .data = &ClassScope::cls_prot_data,
-     .data_notice = 36,
+     .data_notice = kNoticeProtectedData,
      .method_line = {
          .text = "  Class Method Protected:%6d | %s%s\n",
          .html = "  <i>Class Method Protected:%6d | %s%s</i>\n",
@@ -48,7 +48,7 @@ constexpr Section kSections[] = {
     {.access = &ClassScope::access_public,
      .methods = &ClassScope::cls_pub_methods,
      .data = &ClassScope::cls_pub_data,
-     .data_notice = 35,
+     .data_notice = kNoticePublicData,
      .method_line = {
          .text = "  Class Method Public   :%6d | %s%s\n",
          .html = "  <i>Class Method Public   :%6d | %s%s</i>\n",
@@ -107,6 +107,6 @@ void ClassAttribute(const char *line, Globals *G) {
         CountData(*section, line, G);
     }
     if (G->star_flag) {
-        NoticeAtLine(34, G);
+        NoticeAtLine(kNoticeClassPointer, G);
     }
 }

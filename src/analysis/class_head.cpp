@@ -60,7 +60,7 @@ const char *BehindLast(const char *name, char separator) {
 void AppendEnclosing(int in_namespace, Globals *G) {
     const int stored = std::min(G->class_index, kNestingLimit);
     for (int i = 0; i < stored; ++i) {
-        const char *outer = G->class_stack[i].body.classname;
+        const char *outer = G->class_stack[i].classname;
         const char *colon = BehindLast(outer, ':');
         const char *dot = BehindLast(outer, '.');
         if (in_namespace ? colon != nullptr : G->is_cpp) {

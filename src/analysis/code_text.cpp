@@ -9,10 +9,6 @@ namespace {
 
 constexpr int kLongestLine = 2048;
 
-int IsWordChar(char c) {
-    return IsLetterOrDigit(c) || c == '_';
-}
-
 // p stands on the "/" of a comment that opens; behind it, or at the LF or NUL that it doesn't close ahead of.
 const char *BehindComment(const char *p) {
     for (p += 2; *p && *p != '\n'; ++p) {
@@ -110,14 +106,14 @@ int FindCodeChar(const char *p, char ch) {
 }
 
 int eatWS(int index, const char *line) {
-    while (IsBlankOrTab(line[index]) || IsLineEnd(line[index])) {
+    while (IsSpace(line[index])) {
         ++index;
     }
     return index;
 }
 
 int eatNotWS(int index, const char *line) {
-    while (line[index] && !IsBlankOrTab(line[index]) && !IsLineEnd(line[index])) {
+    while (line[index] && !IsSpace(line[index])) {
         ++index;
     }
     return index;

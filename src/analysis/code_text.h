@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "analysis/char_tests.h"
+#include "run/text.h"
 
 // The next code character behind p: blanks, tabs and /* */ comments are skipped. LF ahead of a // comment; LF, CR or NUL at the
 // line's end, also inside a comment that doesn't close.

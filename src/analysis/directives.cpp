@@ -1,19 +1,17 @@
 // Preprocessor lines. Conditional code isn't evaluated: all branches are scanned as code, and so is the text of a macro.
-#include "analysis/char_tests.h"
 #include "analysis/entities.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
 #include "report/state_line.h"
+#include "run/char_tests.h"
 #include "run/globals.h"
 
 namespace {
 
-LineText mname; // name of the macro whose #define was read last
-
 int IsWord(const char *text, const char *word) {
     const size_t length = strlen(word);
     const char *behind = text + length;
-    return strncmp(text, word, length) == 0 && (IsBlankOrTab(*behind) || IsLineEnd(*behind) || OpensComment(behind));
+    return strncmp(text, word, length) == 0 && (IsSpace(*behind) || OpensComment(behind));
 }
 
 // text stands behind the word define.
@@ -22,17 +20,17 @@ void Define(const char *text, Globals *G) {
     G->define_flag = 1;
     text = Ltrim(text);
     const size_t length = strcspn(text, " \t(\n\r");
-    CopyPart(mname, text, length);
+    CopyPart(G->mname, text, length);
     if (text[length] == '(') { // #define MAX(a, b) ...
         G->macro_flag = 1;
         if (G->macro_metrics && G->quality_notices) {
-            MacroBegin(mname, G);
+            MacroBegin(G->mname, G);
         } else if (G->macro_metrics) {
-            EmitMacro(mname, G);
+            EmitMacro(G->mname, G);
         }
     }
     ++G->macro_count;
-    AddMacro(mname, G->file_line_no, G);
+    AddMacro(G->mname, G->file_line_no, G);
 }
 
 } // namespace
@@ -68,6 +66,6 @@ void OnHash(Scan &scan, Globals *G) {
 void EndMacroRegion(Globals *G) {
     G->macro_flag = 0;
     if (G->macro_metrics && G->quality_notices) {
-        MacroEnd(mname, G);
+        MacroEnd(G->mname, G);
     }
 }

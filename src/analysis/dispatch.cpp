@@ -4,11 +4,11 @@
 // makes the line code.
 #include <array>
 
-#include "analysis/char_tests.h"
 #include "analysis/keywords.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
+#include "run/char_tests.h"
 #include "run/globals.h"
 
 namespace {
@@ -44,17 +44,13 @@ enum CharClass : unsigned char {
     kDot,
 };
 
-constexpr bool IsWordChar(int c) {
-    return IsLetterOrDigit(static_cast<char>(c)) || c == '_';
-}
-
 using ClassTable = std::array<CharClass, 256>;
 
 // Files of the other language have comments and literals, and no construct.
 constexpr ClassTable kLiteralClasses = [] {
     ClassTable classes{};
     for (int c = 33; c < 128; ++c) {
-        classes[c] = IsWordChar(c) ? kWord : kOperator;
+        classes[c] = IsWordChar(static_cast<char>(c)) ? kWord : kOperator;
     }
     classes['/'] = kSlash;
     classes['"'] = kQuote;
@@ -147,7 +143,7 @@ void CountTwice(const Scan &scan, char c, Globals *G) {
 
 void NoteStep(const Scan &scan, char c, Globals *G) {
     if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) { // --x
-        NoticePreStep(c == '-' ? 6 : 7, G);
+        NoticePreStep(c == '-' ? kNoticePreDecrement : kNoticePreIncrement, G);
     }
 }
 
@@ -176,7 +172,7 @@ void ScanCode(Scan &scan, Globals *G) {
         }
         switch (found) {
         case kPassed: continue;
-        case kTab: NoticeAtLine(30, G); continue;
+        case kTab: NoticeAtLine(kNoticeTab, G); continue;
         case kOperator: break;
         case kWord: {
             const int behind = EndOfWord(line, i);

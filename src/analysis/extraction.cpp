@@ -8,8 +8,6 @@
 
 namespace {
 
-LineText databuff; // the answer of ExtractString and ExtractComment
-
 void Append(ExtractedText &kept, const char *text, int count) {
     const int room = static_cast<int>(sizeof kept.estring) - 1 - kept.esi;
     count = std::clamp(count, 0, room);
@@ -59,25 +57,24 @@ void ShowExtractedComment(int line_number, const Globals *G) {
     ShowExtracted(G->comment_doc_mode ? ExtractComment(text) : ExtractString(text), line_number, G);
 }
 
-const char *ExtractString(const char *text) {
-    CopyText(databuff, text);
-    size_t length = strlen(databuff);
-    while (length > 0 && !IsLetterOrDigit(databuff[length - 1])) {
+const char *ExtractString(char *text) {
+    size_t length = strlen(text);
+    while (length > 0 && !IsLetterOrDigit(text[length - 1])) {
         --length;
     }
-    while (length > 1 && databuff[length - 2] == '\\' && databuff[length - 1] == 'n') {
+    while (length > 1 && text[length - 2] == '\\' && text[length - 1] == 'n') {
         length -= 2;
     }
-    databuff[length] = '\0';
+    text[length] = '\0';
 
-    const char *first = databuff;
+    const char *first = text;
     while (*first && !IsLetterOrDigit(*first)) {
         ++first;
     }
-    if (*first == 'n' && first > databuff && first[-1] == '\\') {
+    if (*first == 'n' && first > text && first[-1] == '\\') {
         ++first;
     } else if (*first) {
-        first = BeginOfConversion(databuff, first);
+        first = BeginOfConversion(text, first);
     }
     while (IsBlankOrTab(*first) || *first == '\n') {
         ++first;
@@ -85,8 +82,7 @@ const char *ExtractString(const char *text) {
     return first;
 }
 
-const char *ExtractComment(const char *text) {
-    CopyText(databuff, text);
-    Rtrim(databuff);
-    return databuff;
+const char *ExtractComment(char *text) {
+    Rtrim(text);
+    return text;
 }

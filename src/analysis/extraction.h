@@ -15,7 +15,7 @@ void ExtractCommentSpan(const char *text, int count, Globals *G);
 void ShowExtractedComment(int line_number, const Globals *G);
 
 // The text from its first letter or digit to its last one, and without escaped line feeds around it; a "%" in front of it stays.
-// In a static buffer that is valid until the next call.
-const char *ExtractString(const char *text);
-// The text without white space behind it. The same static buffer.
-const char *ExtractComment(const char *text);
+// Cut in place; the answer points into the text.
+const char *ExtractString(char *text);
+// The text without white space behind it, cut in place.
+const char *ExtractComment(char *text);

@@ -17,6 +17,7 @@
 #include "run/compare.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "run/percent.h"
 
 namespace {
 
@@ -55,12 +56,8 @@ EntityFigures Measure(const Globals *G) {
     f.lines = G->file_line_no + 1 - G->func_start_line;
     const int total = f.loc + f.blanks + f.comments;
     const int chars = G->file_chars - G->func_start_chars;
-    if (chars > 0) {
-        f.white_pct = static_cast<float>(WhiteSoFar(G) - G->func_start_white) / static_cast<float>(chars) * 100.0F;
-    }
-    if (f.blanks > 0) {
-        f.blank_pct = static_cast<float>(f.blanks) / static_cast<float>(total) * 100.0F;
-    }
+    f.white_pct = Percent(WhiteSoFar(G) - G->func_start_white, chars);
+    f.blank_pct = Percent(f.blanks, total);
     if (total == 0) {
         f.loc = 1;
     }
@@ -142,7 +139,7 @@ int CutToClass(char *name, const Globals *G) {
 
 // The body at a depth of nesting; null for one that no stack holds.
 const ClassBody *BodyAt(int depth, const Globals *G) {
-    return depth == G->class_index ? G : depth < kNestingLimit ? &G->class_stack[depth].body : nullptr;
+    return depth == G->class_index ? G : depth < kNestingLimit ? &G->class_stack[depth] : nullptr;
 }
 
 // The record that a method counts for at a depth of nesting: of an interface by its own name, of a class by the method's, cut to
@@ -168,7 +165,7 @@ void OpenFunction(Scan &scan, Globals *G) {
     G->virtual_flag = 0;
     ShowHead(scan, G);
     if (G->comment_pending == 0) {
-        EmitNoComment(51, "function", G);
+        EmitNoComment(kNoticeBareFunction, "function", G);
     }
     TakeSnapshots(G);
     G->comment_pending = 0;

@@ -48,10 +48,10 @@ int IsDeclaration(const Scan &scan, int begin) {
 // Two in a row with no case between them are a trick.
 void OnBreak(Scan &, int, Globals *G) {
     if (G->break_flag == 1) {
-        NoticeAtLine(56, G);
+        NoticeAtLine(kNoticeBreakBreak, G);
     }
     G->break_flag = 1;
-    NoticeAtLine(44, G);
+    NoticeAtLine(kNoticeBreak, G);
 }
 
 void OnDo(Scan &scan, int end, Globals *G) {
@@ -94,7 +94,7 @@ void OnWhile(Scan &scan, int, Globals *G) {
 }
 
 void OnGoto(Scan &, int, Globals *G) {
-    NoticeAtLine(9, G);
+    NoticeAtLine(kNoticeGoto, G);
     G->local_return += G->goto_is_return != 0;
 }
 
@@ -177,7 +177,7 @@ void OnVoid(Scan &scan, int end, Globals *G) {
         G->local_void_param = 1;
     }
     if (Behind(scan, end) == '*') {
-        NoticeAtLine(26, G);
+        NoticeAtLine(kNoticeVoidStar, G);
     }
 }
 

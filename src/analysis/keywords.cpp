@@ -10,12 +10,12 @@
 #include <cstdint>
 #include <string_view>
 
-#include "analysis/char_tests.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "run/globals.h"
+#include "run/text.h"
 
 namespace {
 
@@ -86,14 +86,14 @@ constexpr Keyword kKeywords[] = {
     {"asm",              kSet,    " \n\t{\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
     {"bool",             kSet,    " \n\t\r#",     kAnsi,          nullptr,               nullptr,            nullptr},
     {"break",            kSet,    " \t;#",        kAll,           &File::break_count,    &Fn::local_break,   OnBreak},
-    {"break",            kTermin, ";",            kAll,           &File::break_count,    &Fn::local_break,   Notice<44>},
+    {"break",            kTermin, ";",            kAll,           &File::break_count,    &Fn::local_break,   Notice<kNoticeBreak>},
     {"calloc",           kTermin, "(",            kAll,           &File::alloc_count,    nullptr,            nullptr},
     {"case",             kSet,    " \n:\t\r(#",   kAll,           &File::case_count,     &Fn::local_case,    Clear<&Scope::break_flag>},
     {"catch",            kSet,    " (\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Set<&Scope::catch_flag>},
     {"class",            kSet,    " \n\t\r#",     kAnsi|kNotC,    nullptr,               nullptr,            OnClass},
     {"const",            kSet,    " \n\t(\r#",    kAll,           &File::const_count,    nullptr,            Set<&Scope::const_flag>},
     {"const_cast",       kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
-    {"continue",         kSet,    " ;\t#",        kAll,           nullptr,               nullptr,            Notice<43>},
+    {"continue",         kSet,    " ;\t#",        kAll,           nullptr,               nullptr,            Notice<kNoticeContinue>},
     {"default",          kSet,    " :\t#",        kAll,           &File::default_count,  &Fn::local_default, Clear<&Scope::break_flag>},
     {"default",          kTermin, ":",            kAll,           &File::default_count,  &Fn::local_default, nullptr},
     {"delegate",         kSet,    " ([\n\t\r/",   kCs,            nullptr,               nullptr,            Set<&Scope::delegate_flag>},
@@ -129,7 +129,7 @@ constexpr Keyword kKeywords[] = {
     {"private",          kSet,    " :\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Access<0, 0, 1>},
     {"protected",        kSet,    " :\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Access<0, 1, 0>},
     {"public",           kSet,    " :\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Access<1, 0, 0>},
-    {"realloc",          kSet,    "( \t#",        kAll,           nullptr,               nullptr,            Notice<8>},
+    {"realloc",          kSet,    "( \t#",        kAll,           nullptr,               nullptr,            Notice<kNoticeRealloc>},
     {"reinterpret_cast", kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
     {"return",           kSet,    " \t;#",        kAll,           nullptr,               nullptr,            OnReturn},
     {"return",           kTermin, "(",            kAll,           &File::return_count,   &Fn::local_return,  nullptr},
@@ -144,7 +144,7 @@ constexpr Keyword kKeywords[] = {
     {"this",             kSet,    " \r;\n\t)#",   kAnsi,          nullptr,               nullptr,            nullptr},
     {"throw",            kSet,    " \n\t#",       kAnsi|kC,       nullptr,               &Fn::local_return,  nullptr},
     {"true",             kSet,    " ;\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
-    {"try",              kSet,    " {\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Notice<38>},
+    {"try",              kSet,    " {\n\t\r#",    kAnsi|kNotC,    nullptr,               nullptr,            Notice<kNoticeTry>},
     {"typedef",          kSet,    " \n\t\r#",     kAll,           &File::typedef_count,  nullptr,            Set<&Scope::typedef_flag>},
     {"typeid",           kSet,    " (\n\t#",      kAnsi,          nullptr,               nullptr,            nullptr},
     {"union",            kTermin, "{",            kAll,           &File::union_count,    nullptr,            nullptr},
@@ -227,7 +227,7 @@ int IsClosed(const Keyword &keyword, const char *line, int index, int *counter) 
     case kTermin: return KeywordTermin(line, index, counter, keyword.closers[0], '\n');
     case kSet: closed = IsInSet(keyword.closers, p); break;
     case kName: closed = *p != '_'; break;
-    case kOpName: closed = IsBlankOrTab(*p) || IsLineEnd(*p) || is_operator(*p); break;
+    case kOpName: closed = IsSpace(*p) || is_operator(*p); break;
     case kNoTest: break;
     }
     *counter += closed;

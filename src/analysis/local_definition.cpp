@@ -22,12 +22,10 @@ namespace {
 enum Finding { kOpen, kNamed, kDefined };
 
 // Behind white space and comments; at the end of the text where the rest of the line is a comment.
-const char *SkipSpace(const char *p) {
+const char *SkipSpaceAndComments(const char *p) {
     for (;;) {
-        while (IsBlankOrTab(*p) || IsLineEnd(*p)) {
-            ++p;
-        }
-        if (p[0] != '/' || (p[1] != '/' && p[1] != '*')) {
+        p = SkipSpace(p);
+        if (!OpensComment(p)) {
             return p;
         }
         const char *end = p[1] == '*' ? strstr(p + 2, "*/") : nullptr;
@@ -35,8 +33,8 @@ const char *SkipSpace(const char *p) {
     }
 }
 
-bool IsWordCharacter(char c) {
-    return IsLetterOrDigit(c) || c == '_' || c == '$' || c < 0; // a name may hold any letter of UTF-8
+bool IsNameCharacter(char c) {
+    return IsWordChar(c) || c == '$' || c < 0; // a name may hold any letter of UTF-8
 }
 
 // Behind the partner of the bracket that is open: (packed), [[nodiscard]], <int>. At the end of the text without one.
@@ -56,7 +54,7 @@ const char *EnterGroup(LocalHeading &heading, const char *p, char closer) {
 
 // Behind the bases there is a body, or nothing was meant.
 Finding ReadBases(const char *p) {
-    for (p = SkipSpace(p); *p; p = SkipSpace(p + 1)) {
+    for (p = SkipSpaceAndComments(p); *p; p = SkipSpaceAndComments(p + 1)) {
         if (*p == '{' || *p == ';') {
             return *p == '{' ? kDefined : kNamed;
         }
@@ -67,7 +65,7 @@ Finding ReadBases(const char *p) {
 const char *ReadWord(LocalHeading &heading, const char *p, const Globals *G) {
     LineText word;
     const char *begin = p;
-    while (IsWordCharacter(*p)) {
+    while (IsNameCharacter(*p)) {
         ++p;
     }
     CopyPart(word, begin, p - begin);
@@ -84,7 +82,7 @@ const char *ReadWord(LocalHeading &heading, const char *p, const Globals *G) {
 // Goes on with a heading up to where it is known what it is, or to the end of the line.
 Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
     p = SkipGroup(heading, p);
-    for (p = SkipSpace(p); *p; p = SkipSpace(p)) {
+    for (p = SkipSpaceAndComments(p); *p; p = SkipSpaceAndComments(p)) {
         if (heading.in_bases) {
             return ReadBases(p);
         }
@@ -104,7 +102,7 @@ Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
             heading.names = 0;
             heading.behind_macro = 0;
             p = EnterGroup(heading, p, ')');
-        } else if (IsWordCharacter(*p)) {
+        } else if (IsNameCharacter(*p)) {
             p = ReadWord(heading, p, G);
             if (heading.names > 1) {
                 return kNamed;
@@ -149,7 +147,7 @@ void ContinueLocalHeading(const char *line, Globals *G) {
         const char *end = strstr(line, "*/");
         line = end ? end + 2 : line + strlen(line);
     }
-    if (G->preproc_flag || G->cpp_comment || *SkipSpace(line) == '#') {
+    if (G->preproc_flag || G->cpp_comment || *SkipSpaceAndComments(line) == '#') {
         return;
     }
     LocalHeading heading = G->local_heading;

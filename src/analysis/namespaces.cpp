@@ -87,6 +87,38 @@ void AddFigures(NodeData *sum, const NodeData *record) {
     sum->percent += record->percent;
 }
 
+// Puts the scope in hand aside for one inside it.
+void PushNestedNamespace(Globals *G) {
+    if (++G->namespace_index <= kNestingLimit) {
+        SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
+        CopyText(saved.namespace_name, G->namespace_name);
+        saved.namespace_scope = G->namespace_scope;
+    }
+    ClearText(G->namespace_name);
+    G->namespace_flag = 1;
+    G->namespace_scope = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+}
+
+void PopNestedNamespace(Globals *G) {
+    if (G->namespace_index <= kNestingLimit) {
+        const SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
+        CopyText(G->namespace_name, saved.namespace_name);
+        G->namespace_scope = saved.namespace_scope;
+    } else { // the scope around it wasn't saved: its name is what is left of this one's, and its own "{" is known to be open
+        CutLastPart(G->namespace_name);
+        G->namespace_scope = 1;
+    }
+    G->namespace_flag = 1;
+    G->namespacebeg_flag = 0;
+    G->struct_flag = 0;
+    G->struct_pending = 0;
+    G->function_scope = 0;
+    G->local_paren = 0;
+    --G->namespace_index;
+}
+
 } // namespace
 
 void OnNamespace(Scan &scan, int end, Globals *G) {
@@ -94,7 +126,7 @@ void OnNamespace(Scan &scan, int end, Globals *G) {
         return;
     }
     if (G->using_flag) { // using namespace std;
-        NoticeAtLine(32, G);
+        NoticeAtLine(kNoticeUsingNamespace, G);
         return;
     }
     LineText token;
@@ -157,45 +189,6 @@ void CloseNamespace(Globals *G) {
     if (G->namespace_index > 0) {
         PopNestedNamespace(G);
     }
-}
-
-int PushNestedNamespace(Globals *G) {
-    if (++G->namespace_index <= kNestingLimit) {
-        G->namespace_nested_flag = 1;
-        SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
-        CopyText(saved.namespace_name, G->namespace_name);
-        saved.namespace_scope = G->namespace_scope;
-        saved.function_scope = G->function_scope;
-    }
-    ClearText(G->namespace_name);
-    G->namespace_flag = 1;
-    G->namespace_scope = 0;
-    G->function_scope = 0;
-    G->local_paren = 0;
-    return G->namespace_index;
-}
-
-int PopNestedNamespace(Globals *G) {
-    if (G->namespace_index < 1) {
-        G->namespace_index = 0;
-        Message(G, "\n  Error: Nested Class indexing\n");
-        return 0;
-    }
-    if (G->namespace_index <= kNestingLimit) {
-        const SavedNamespace &saved = G->namespace_stack[G->namespace_index - 1];
-        CopyText(G->namespace_name, saved.namespace_name);
-        G->namespace_scope = saved.namespace_scope;
-    } else { // the scope around it wasn't saved: its name is what is left of this one's, and its own "{" is known to be open
-        CutLastPart(G->namespace_name);
-        G->namespace_scope = 1;
-    }
-    G->namespace_flag = 1;
-    G->namespacebeg_flag = 0;
-    G->struct_flag = 0;
-    G->struct_pending = 0;
-    G->function_scope = 0;
-    G->local_paren = 0;
-    return --G->namespace_index;
 }
 
 void Add_Class2namespace(const NodeData *record, int only_count, Globals *G) {

@@ -12,8 +12,5 @@ void OnPackage(Scan &scan, int end, Globals *G);
 void EmitNamespace(Globals *G, int begin);
 // The "}" in hand ends the open namespace.
 void CloseNamespace(Globals *G);
-// Put the scope in hand aside for one inside it, and take it back. The new namespace_index.
-int PushNestedNamespace(Globals *G);
-int PopNestedNamespace(Globals *G);
 // Adds a class record's figures to the innermost namespace in its name; with only_count just raises its class count.
 void Add_Class2namespace(const NodeData *record, int only_count, Globals *G);

@@ -18,7 +18,7 @@ int IsBehindMacro(const Scan &scan, const Globals *G) {
         --end;
     }
     int begin = end;
-    while (IsLetterOrDigit(scan.line[begin - 1]) || scan.line[begin - 1] == '_') {
+    while (IsWordChar(scan.line[begin - 1])) {
         --begin;
     }
     LineText word;

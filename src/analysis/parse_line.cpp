@@ -110,7 +110,7 @@ White CountWhiteOf(const Scan &scan, int end) {
 void RaiseTabs(const Scan &scan, int begin, Globals *G) {
     for (int i = begin; i < scan.index; ++i) {
         if (scan.line[i] == '\t') {
-            NoticeAtLine(30, G);
+            NoticeAtLine(kNoticeTab, G);
         }
     }
 }

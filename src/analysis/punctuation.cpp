@@ -151,9 +151,9 @@ void OnAssign(Scan &scan, Globals *G) {
         AssignOutsideFunction(scan, G);
     }
     if (G->if_flag) {
-        NoticeAtLine(4, G);
+        NoticeAtLine(kNoticeIfAssignment, G);
     } else if (G->while_flag) {
-        NoticeAtLine(5, G);
+        NoticeAtLine(kNoticeWhileAssignment, G);
     }
 }
 
@@ -219,7 +219,7 @@ void OnQuestion(Scan &scan, Globals *G) {
     }
     ++G->local_inline_if;
     if (!G->macro_flag) {
-        NoticeAtLine(23, G);
+        NoticeAtLine(kNoticeTernary, G);
     }
 }
 
@@ -229,6 +229,6 @@ void OnDot(Scan &scan, Globals *G) {
     const char before = dot[-1];
     if (dot[1] == '.' && dot[2] == '.' && (IsBlankOrTab(before) || before == ',' || before == '(') &&
         (IsBlankOrTab(dot[3]) || dot[3] == ')') && G->quality_notices && !G->catch_flag) {
-        NoticeAtLine(3, G);
+        NoticeAtLine(kNoticeEllipsis, G);
     }
 }

@@ -12,6 +12,7 @@
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "run/percent.h"
 
 namespace {
 
@@ -25,8 +26,8 @@ void EmitNumericAssignment(const char *text, Globals *G) {
     if (strtod(token, nullptr) == 0.0 && G->zero_is_literal != 1) {
         return;
     }
-    if (Raise(50, G)) {
-        WriteRowText(50, G->file_line_no, G);
+    if (Raise(kNoticeLiteral, G)) {
+        WriteRowText(kNoticeLiteral, G->file_line_no, G);
     }
 }
 
@@ -54,7 +55,7 @@ void TestLiteral(const char *text, char first, Globals *G) {
 // An if, or a word that ends in it, as in "else" and "if (b)" on two lines.
 int HoldsIf(const char *line) {
     for (const char *p = line; (p = strstr(p, "if")) != nullptr; p += 2) {
-        if (p[2] == '(' || IsBlankOrTab(p[2]) || IsLineEnd(p[2])) {
+        if (p[2] == '(' || IsSpace(p[2])) {
             return 1;
         }
     }
@@ -69,10 +70,6 @@ int MayBeFirstCode(const Scan &scan) {
         --i;
     }
     return i < 0 || scan.line[i] <= ' ' || strchr("/*\"'", scan.line[i]) != nullptr;
-}
-
-float Percent(int part, int whole) {
-    return static_cast<float>(part) / static_cast<float>(whole) * 100.0F;
 }
 
 // The name without its class: behind the last ":" of Tree::Walk, behind the last "." of Tree.Walk, in C# without its <T>.
@@ -93,7 +90,7 @@ void NoticeOfName(Globals *G) {
 
 void NoticesOfSwitches(Globals *G) {
     if (G->local_switch > G->local_default) {
-        NoticeAtLine(13, G);
+        NoticeAtLine(kNoticeNoDefault, G);
     }
     if (G->debug) {
         Message(G, "*** Debug: local_default         = %d\n", G->local_default);
@@ -172,19 +169,19 @@ void CheckBodyBehindParen(const Scan &scan, Globals *G) {
 void NoticesBeforeSums(const EntityFigures &figures, Globals *G) {
     NoticeOfName(G);
     if (G->kr_flag) {
-        NoticeAtLine(10, G);
+        NoticeAtLine(kNoticeOldStyleHead, G);
     }
     if (G->local_bracket != 0) {
-        NoticeAtLine(11, G);
+        NoticeAtLine(kNoticeBrackets, G);
     }
     if (G->local_paren != 0) {
-        NoticeAtLine(12, G);
+        NoticeAtLine(kNoticeParentheses, G);
     }
     NoticesOfSwitches(G);
     if (figures.loc > G->min_func_loc_content) {
-        NoticeOfComments(17, "Function", figures, G->min_func_comment_pct, G);
-        NoticeBelow(46, "Function", figures.blank_pct, G->min_func_blank_pct, G);
-        NoticeBelow(16, "Function", figures.white_pct, G->min_func_white_pct, G);
+        NoticeOfComments(kNoticeFunctionComments, "Function", figures, G->min_func_comment_pct, G);
+        NoticeBelow(kNoticeBlank, "Function", figures.blank_pct, G->min_func_blank_pct, G);
+        NoticeBelow(kNoticeWhite, "Function", figures.white_pct, G->min_func_white_pct, G);
     }
     if (figures.eloc > G->max_func_eloc) {
         NoticeFuncEloc(G);
@@ -199,7 +196,7 @@ void NoticesOfLimits(const EntityFigures &figures, Globals *G) {
         Notice_Interface_Limit(G->local_params, G);
     }
     if (G->local_params <= 0 && !G->local_void_param) {
-        NoticeAtLine(49, G);
+        NoticeAtLine(kNoticeNoParameters, G);
     }
     if (figures.lloc <= G->min_func_eloc) {
         Notice_MinFuncLloc(figures.lloc, G);
@@ -212,12 +209,12 @@ void NoticesOfClass(const EntityFigures &figures, Globals *G) {
     }
     const char *kind = G->struct_flag ? "Struct" : "Class";
     if (figures.loc > G->min_class_loc_content) {
-        NoticeOfComments(31, kind, figures, G->min_class_comment_pct, G);
-        NoticeBelow(16, kind, figures.white_pct, G->min_func_white_pct, G);
-        NoticeBelow(46, kind, figures.blank_pct, G->min_func_blank_pct, G);
+        NoticeOfComments(kNoticeClassComments, kind, figures, G->min_class_comment_pct, G);
+        NoticeBelow(kNoticeWhite, kind, figures.white_pct, G->min_func_white_pct, G);
+        NoticeBelow(kNoticeBlank, kind, figures.blank_pct, G->min_func_blank_pct, G);
     }
     if (G->virtual_class && !G->virtual_dtor) {
-        NoticeAtLine(37, G);
+        NoticeAtLine(kNoticeVirtualDestructor, G);
     }
     if (G->cls_pub_methods + G->cls_prot_methods + G->cls_priv_methods > G->max_class_methods) {
         EmitClassFunctionNotice(G->struct_flag ? "struct" : "class", G);
@@ -226,13 +223,13 @@ void NoticesOfClass(const EntityFigures &figures, Globals *G) {
 
 // friend class Tree;  the recogniser of function names reads the name, which then is no candidate
 void EmitFriendClassNotice(const char *line, int index, Globals *G) {
-    if (CountNotice(15, G)) {
+    if (CountNotice(kNoticeFriendClass, G)) {
         const int in_place = PrintsInPlace(G) && !G->catch_flag;
         if (in_place) {
             GetFunction(line, index, G);
         }
-        if (PrintNotice(15, in_place, G)) {
-            WriteLong(15, G->file_line_no, G, kFriendClass, Shown{G->funcname});
+        if (PrintNotice(kNoticeFriendClass, in_place, G)) {
+            WriteLong(kNoticeFriendClass, G->file_line_no, G, kFriendClass, Shown{G->funcname});
         }
     }
     G->funcname_flag = 0;

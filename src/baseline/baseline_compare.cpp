@@ -90,7 +90,7 @@ const char *TextOr(const char *text) {
     return text ? text : "";
 }
 
-void ShowPairProgress(const NodeData *older, const NodeData *newer, const Globals *G) {
+void ShowPairProgress(const NodeData *older, const NodeData *newer, Globals *G) {
     if (G->progress_by_name) {
         fprintf(stderr, "  + %s vs %s\n", TextOr(older->diff_file), TextOr(newer->diff_file));
     } else {

@@ -59,9 +59,8 @@ void WorkDiffDataPathName(Globals *G) {
     if (G->diff_beside.has_beside) {
         return;
     }
-    const char *slash = strrchr(G->work_file_name, '/');
     FormatText(G->diff_data_path, "%s.dif", G->work_file_name);
-    FormatText(G->diff_data_rel_path, "%s.dif", slash ? slash + 1 : G->work_file_name);
+    FormatText(G->diff_data_rel_path, "%s.dif", FileName(G->work_file_name));
     if (!BeginDirectory(G->diff_data_path, &G->diff_beside)) {
         Message(G,
                 "  Directory Create Error: %s\n"

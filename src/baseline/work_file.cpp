@@ -14,6 +14,7 @@
 #include "report/names.h"
 #include "run/globals.h"
 #include "run/program_files.h"
+#include "run/same_file.h"
 
 namespace {
 
@@ -21,19 +22,9 @@ constexpr const char *kLatest = "workfile.dat"; // a copy of the baseline made l
 constexpr int kNameWidth = 52;                  // of the work file's name in the report, and where it goes on
 constexpr int kNameIndent = 22;
 
-int Clamp(int64_t value) {
-    return static_cast<int>(std::clamp<int64_t>(value, INT_MIN, INT_MAX));
-}
-
 // A path of the settings: one that begins like a path. Anything else means the current directory.
 bool IsPath(const char *path) {
     return IsLetterOrDigit(*path) || *path == '.' || *path == '/';
-}
-
-void AppendSlash(std::span<char> path) {
-    if (path[strlen(path.data()) - 1] != '/') {
-        AppendChar(path, '/');
-    }
 }
 
 // WorkFile_11182026.dat: one a day.
@@ -47,16 +38,11 @@ void NameByDate(Globals *G) {
     ClearText(G->work_file_name);
     if (IsPath(G->work_file_path) || *G->work_file_path == '\\') {
         CopyText(G->work_file_name, G->work_file_path);
-        AppendSlash(G->work_file_name);
+        EndWithSlash(G->work_file_name);
     }
     char name[64];
     FormatText(name, "WorkFile_%s.dat", date);
     AppendText(G->work_file_name, name);
-}
-
-bool IsSameFile(const char *a, const char *b) {
-    struct stat one, other;
-    return stat(a, &one) == 0 && stat(b, &other) == 0 && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
 void TellOfWorkFile(Globals *G) {
@@ -125,7 +111,7 @@ void CopyLatest(Globals *G) {
     PathText latest = "";
     if (IsPath(G->work_file_path)) {
         CopyText(latest, G->work_file_path);
-        AppendSlash(latest);
+        EndWithSlash(latest);
     }
     AppendText(latest, kLatest);
     if (IsReport(latest, G)) {
@@ -138,14 +124,24 @@ void CopyLatest(Globals *G) {
 
 } // namespace
 
-WorkMetrics MetricsOf(const NodeData *file) {
+int ClampToInt(int64_t number) {
+    return static_cast<int>(std::clamp<int64_t>(number, INT_MIN, INT_MAX));
+}
+
+// The metrics that are lines; the others are 0.
+static WorkMetrics LineMetrics(const LineCounts &lines) {
     WorkMetrics metrics{};
-    metrics.of[kWorkLoc] = file->loc;
-    metrics.of[kWorkEloc] = file->eloc;
-    metrics.of[kWorkLloc] = file->lloc;
-    metrics.of[kWorkComments] = file->comments;
-    metrics.of[kWorkBlanks] = file->blanks;
-    metrics.of[kWorkLines] = file->lines;
+    metrics.of[kWorkLoc] = lines.loc;
+    metrics.of[kWorkEloc] = lines.eloc;
+    metrics.of[kWorkLloc] = lines.lloc;
+    metrics.of[kWorkComments] = lines.comments;
+    metrics.of[kWorkBlanks] = lines.blanks;
+    metrics.of[kWorkLines] = lines.lines;
+    return metrics;
+}
+
+WorkMetrics MetricsOf(const NodeData *file) {
+    WorkMetrics metrics = LineMetrics(*file);
     metrics.of[kWorkFunctions] = file->public_data;
     metrics.of[kWorkCyclo] = file->cyclo;
     metrics.of[kWorkInterface] = file->protected_methods;
@@ -158,7 +154,7 @@ WorkMetrics MetricsOf(const NodeData *file) {
 int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int state, float diff_pct, int hidden,
                 const char *diff_file, Llist *list, Globals *G) {
     int of[kWorkMetrics];
-    std::transform(std::begin(metrics.of), std::end(metrics.of), of, Clamp);
+    std::transform(std::begin(metrics.of), std::end(metrics.of), of, ClampToInt);
     constexpr int kSortNot = 0;
     NodeData record{};
     static_cast<LineCounts &>(record) = {of[kWorkLoc],      of[kWorkEloc],   of[kWorkLloc],
@@ -197,7 +193,7 @@ void WorkLine(FILE *stream, const char *name, long date, const WorkMetrics &metr
         std::replace(text.begin(), text.end(), '\n', ' ');
         return text;
     };
-    const auto of = [&metrics](WorkMetric metric) { return Clamp(metrics.of[metric]); };
+    const auto of = [&metrics](WorkMetric metric) { return ClampToInt(metrics.of[metric]); };
     fprintf(stream, "%s| %ld %d %d %d %d %d %d %d %d %d %d %d %s\n", in_one_line(name).c_str(), date, of(kWorkSize), of(kWorkLoc),
             of(kWorkEloc), of(kWorkComments), of(kWorkBlanks), of(kWorkLines), of(kWorkLloc), of(kWorkCyclo), of(kWorkNotices),
             of(kWorkInterface), of(kWorkFunctions), in_one_line(diff_name ? diff_name : "").c_str());
@@ -212,13 +208,7 @@ void WriteWorkRecord(const FileData *file, Globals *G) {
         G->baseline_lacking = 1;
         return;
     }
-    WorkMetrics metrics{};
-    metrics.of[kWorkLoc] = file->loc;
-    metrics.of[kWorkEloc] = file->eloc;
-    metrics.of[kWorkLloc] = file->lloc;
-    metrics.of[kWorkComments] = file->comments;
-    metrics.of[kWorkBlanks] = file->blanks;
-    metrics.of[kWorkLines] = file->lines;
+    WorkMetrics metrics = LineMetrics(*file);
     metrics.of[kWorkFunctions] = file->functions;
     metrics.of[kWorkCyclo] = file->cyclo;
     metrics.of[kWorkInterface] = int64_t{file->params} + file->returns;

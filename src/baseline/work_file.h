@@ -17,6 +17,8 @@ struct Globals;
 enum WorkState { kStateUnprocessed, kStateEqual, kStateModified, kStateDifferent, kStateRemoved, kStateNew, kStateProcessed };
 inline constexpr int kHidden = 117; // NodeData.nesting of a record that a filter hides
 
+// A number cut to what a record holds.
+int ClampToInt(int64_t number);
 // The metrics of a work list's record.
 WorkMetrics MetricsOf(const NodeData *file);
 // Adds a record of a source file behind the list's tail; LlistSort by name puts the list in order once it is whole. diff_file may

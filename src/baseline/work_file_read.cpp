@@ -21,28 +21,13 @@ enum { kTitle, kRemark, kVersion, kTime, kBlank, kWhite, kHeadLines };
 constexpr WorkMetric kInRecord[kNumbers - 1] = {kWorkSize, kWorkLoc,   kWorkEloc,    kWorkComments,  kWorkBlanks,   kWorkLines,
                                                 kWorkLloc, kWorkCyclo, kWorkNotices, kWorkInterface, kWorkFunctions};
 
-bool IsSpace(char c) {
-    return IsBlankOrTab(c) || IsLineEnd(c);
-}
-
-const char *SkipSpace(const char *text) {
-    while (IsSpace(*text)) {
-        ++text;
-    }
-    return text;
-}
-
-int64_t Clamp32(long number) {
-    return std::clamp<long>(number, INT_MIN, INT_MAX);
-}
-
 // Reads twelve numbers, each between white space. Returns what stands behind them; null if they aren't all there: then those that
 // are have been read.
 const char *ReadNumbers(const char *text, int64_t *numbers) {
     for (int i = 0; i < kNumbers; ++i) {
         const char *begin = SkipSpace(text);
         char *end;
-        numbers[i] = Clamp32(strtol(begin, &end, 10));
+        numbers[i] = ClampToInt(strtol(begin, &end, 10));
         if (begin == text || end == begin || !IsSpace(*end)) {
             return nullptr;
         }
@@ -129,7 +114,7 @@ void CheckVersion(const char *path, const char *line, Globals *G) {
 // "Ignore Blank Lines: 1"; 0 for a line that isn't this one.
 int SettingOf(const char *line, const char *key) {
     const size_t length = strlen(key);
-    return strncmp(line, key, length) == 0 ? static_cast<int>(Clamp32(strtol(line + length, nullptr, 10))) : 0;
+    return strncmp(line, key, length) == 0 ? ClampToInt(strtol(line + length, nullptr, 10)) : 0;
 }
 
 void ReadHead(FILE *file, const char *path, int64_t *time_out, int *ignore_blank_out, int *ignore_white_out, Globals *G) {
@@ -147,7 +132,7 @@ void ReadHead(FILE *file, const char *path, int64_t *time_out, int *ignore_blank
 
 int ReadRecords(FILE *file, const char *path, Llist *list, Globals *G) {
     LineText line;
-    static WorkRecord record; // large for the stack
+    WorkRecord record;
     int number = kHeadLines;
     for (Row row; (row = ReadRow(file, line)) != Row::kEnd;) {
         ++number;
@@ -201,8 +186,7 @@ int ParseWorkLine(const char *line, WorkRecord *out) {
     for (int i = 1; i < kNumbers; ++i) {
         out->metrics.of[kInRecord[i - 1]] = numbers[i];
     }
-    out->metrics.of[kWorkTotalComplexity] =
-        std::clamp<int64_t>(out->metrics.of[kWorkCyclo] + out->metrics.of[kWorkInterface], INT_MIN, INT_MAX);
+    out->metrics.of[kWorkTotalComplexity] = ClampToInt(out->metrics.of[kWorkCyclo] + out->metrics.of[kWorkInterface]);
     if (rest) {
         CopyPart(out->diff_name, rest, strcspn(rest, "\r\n"));
     }

@@ -243,7 +243,7 @@ void DefaultSettings(Globals *G) {
             CopyText(row.field.text(*G), row.text);
         }
     }
-    G->treat_c_headers_as_cpp = G->notice_enabled[25];
+    G->treat_c_headers_as_cpp = G->notice_enabled[kTreatHeadersAsCpp];
 }
 
 int LoadCfg(Globals *G) {
@@ -263,7 +263,7 @@ int LoadCfg(Globals *G) {
     }
     const bool read_whole = !ferror(reader.file);
     CloseLines(&reader);
-    G->treat_c_headers_as_cpp = G->notice_enabled[25];
+    G->treat_c_headers_as_cpp = G->notice_enabled[kTreatHeadersAsCpp];
     // A file that was read in part only isn't rewritten: the rest of its values would be lost.
     if (read_whole && strcasecmp(G->cfg_version, G->version) != 0) {
         SaveCfg(G);

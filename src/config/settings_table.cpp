@@ -125,7 +125,7 @@ constexpr Setting kSettings[] = {
     Comment("\n# When analyzing *.h files, treat header files as\n"
             "# both C and C++.  If you use separate extensions for C++ and\n"
             "# C header files, then set this option to No.\n"),
-    Flag("Treat C headers as C++",                   notice<25>, kYes),
+    Flag("Treat C headers as C++",                   notice<kTreatHeadersAsCpp>, kYes),
     Comment("\n# Do not process files whose path contains one of the words of the\n"
             "# pattern filter.  The words are separated by commas and are not\n"
             "# wild cards.\n"),
@@ -583,7 +583,7 @@ constexpr Setting kSettings[] = {
     ReadOnly(Flag("Force use of linear lookahead algorithm", at<&S::force_lla>, kNo)),
     ReadOnly(Flag("Use LLA for files > LCS file size", at<&S::lla_for_big_files>, kNo)),
     ReadOnly(Plain("Allowable source code extensions", at<&S::extension_list>, "c,cc,cpp,cxx,C,CC,h,hh,H,hxx,java,jav,cs")),
-    ReadOnly(Flag("Quality Notice 25",               notice<25>, kYes)),
+    ReadOnly(Flag("Quality Notice 25",               notice<kTreatHeadersAsCpp>, kYes)),
     ReadOnly(TypedText(SettingType::kDeprecated, "Include cyclo complexity in work files", {}, "")),
 };
 // clang-format on

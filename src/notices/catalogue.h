@@ -3,7 +3,7 @@
 
 #include "run/config_state.h"
 
-inline constexpr int kNotices = 58;
+inline constexpr int kNotices = kNoticeSlots - 1;
 
 // What a long form shows of the notice's place, between its number and its text.
 enum NoticePlace : char {

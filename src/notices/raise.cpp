@@ -41,9 +41,9 @@ int NoticesArePrinted(const Globals *G) {
 }
 
 void CountTabNotices(int count, Globals *G) {
-    if (G->notice_enabled[30] && !G->skip_quality_active) {
+    if (G->notice_enabled[kNoticeTab] && !G->skip_quality_active) {
         G->notice_count += count;
-        G->notice_cnt[30] += count;
+        G->notice_cnt[kNoticeTab] += count;
     }
 }
 
@@ -68,7 +68,7 @@ static void ShortForm(const char *file, int given, int line, int n, const char *
 }
 
 void EmitNotice(const char *file, int line, int n, Globals *G) {
-    const int bare_body = n == 22 && G->function_metrics;
+    const int bare_body = n == kNoticeBareBody && G->function_metrics;
     const int shown_line = bare_body ? G->scope_line : line;
     if (G->notices_by_file || G->notices_by_file_tn) {
         char text[80];

@@ -4,6 +4,8 @@
 // nothing.
 #pragma once
 
+#include "run/notice_numbers.h"
+
 struct Globals;
 
 // The steps that all notices share: is n on, is there no skip region; count it; print it in the short form where one is wanted.
@@ -15,7 +17,7 @@ void EmitNotice(const char *file, int line, int n, Globals *G);
 void RememberNotice(const char *file, int line, int n, Globals *G);
 // The short text of a notice, with the limits of the settings; "Unsupported" for a number that nothing explains. It is
 // valid until the next call.
-const char *GetNoticeStr(int n, const Globals *G);
+const char *GetNoticeStr(int n, Globals *G);
 
 // A notice whose only value is the line in hand: 3, 4, 5, 8 to 13, 23, 26, 30, 32, 34 to 38, 43, 44, 49, 56, 57, 58. Guards that
 // belong to the notice (44: no switch open; 34: no struct, no assignment; 35, 36: ...; 49: no destructor) are tested here.

@@ -82,8 +82,8 @@ void RaiseLimit(int n, const LongText<int, int> &text, int value, int limit, Glo
 }
 
 void RaiseWithinFunction(const char *word, int line, Globals *G) {
-    if (CountNotice(33, G) && PrintNotice(33, PrintsInPlace(G), line, G)) {
-        WriteLong(33, line, G, kWithinFunction, word, word);
+    if (CountNotice(kNoticeWithinFunction, G) && PrintNotice(kNoticeWithinFunction, PrintsInPlace(G), line, G)) {
+        WriteLong(kNoticeWithinFunction, line, G, kWithinFunction, word, word);
     }
 }
 
@@ -91,55 +91,55 @@ void RaiseWithinFunction(const char *word, int line, Globals *G) {
 
 void EmitFunctionNameNotice(const char *name, Globals *G) {
     const int length = static_cast<int>(strlen(name));
-    if (length <= G->max_func_name_len || !Raise(2, G)) {
+    if (length <= G->max_func_name_len || !Raise(kNoticeFunctionName, G)) {
         return;
     }
     LineText wrapped;
     AdjNameLength(name, wrapped, 62, 12, G);
-    WriteLong(2, G->file_line_no, G, kFunctionName, Shown{wrapped}, length, G->max_func_name_len);
+    WriteLong(kNoticeFunctionName, G->file_line_no, G, kFunctionName, Shown{wrapped}, length, G->max_func_name_len);
 }
 
 void EmitCaseBreakNotice(Globals *G) {
-    if (!Raise(14, G)) {
+    if (!Raise(kNoticeCaseBreak, G)) {
         return;
     }
     const int cases = G->local_case;
     const int ends = G->local_break + G->fall_through;
     if (G->default_in_case_break) {
-        WriteLong(14, G->file_line_no, G, kLabelsAndBreaks, cases, G->local_default, cases + G->local_default, G->local_break,
-                  G->fall_through, ends);
+        WriteLong(kNoticeCaseBreak, G->file_line_no, G, kLabelsAndBreaks, cases, G->local_default, cases + G->local_default,
+                  G->local_break, G->fall_through, ends);
     } else {
-        WriteLong(14, G->file_line_no, G, kCasesAndBreaks, cases, cases, G->local_break, G->fall_through, ends);
+        WriteLong(kNoticeCaseBreak, G->file_line_no, G, kCasesAndBreaks, cases, cases, G->local_break, G->fall_through, ends);
     }
 }
 
 void NoticeContent(int n, const char *kind, float measured, float limit, Globals *G) {
     if (Raise(n, G)) {
-        const auto &text = n == 16 ? kWhite : n == 46 ? kBlankLines : kComments;
+        const auto &text = n == kNoticeWhite ? kWhite : n == kNoticeBlank ? kBlankLines : kComments;
         WriteLong(n, G->file_line_no, G, text, kind, static_cast<double>(measured), static_cast<double>(limit));
     }
 }
 
 void NoticeFuncEloc(Globals *G) {
-    if (Raise(18, G)) {
-        WriteLong(18, G->file_line_no, G, kFunctionEloc, G->max_func_eloc);
+    if (Raise(kNoticeFunctionEloc, G)) {
+        WriteLong(kNoticeFunctionEloc, G->file_line_no, G, kFunctionEloc, G->max_func_eloc);
     }
 }
 
 void Notice_Return_Limit(int value, Globals *G) {
-    RaiseLimit(27, kReturns, value, G->max_return_points, G);
+    RaiseLimit(kNoticeReturns, kReturns, value, G->max_return_points, G);
 }
 
 void Notice_Logical_Limit(int value, Globals *G) {
-    RaiseLimit(28, kCyclo, value, G->max_cyclo, G);
+    RaiseLimit(kNoticeCyclo, kCyclo, value, G->max_cyclo, G);
 }
 
 void Notice_Interface_Limit(int value, Globals *G) {
-    RaiseLimit(29, kParameters, value, G->max_interface, G);
+    RaiseLimit(kNoticeParameters, kParameters, value, G->max_interface, G);
 }
 
 void Notice_MinFuncLloc(int value, Globals *G) {
-    RaiseLimit(48, kFewStatements, value, G->min_func_eloc, G);
+    RaiseLimit(kNoticeFewStatements, kFewStatements, value, G->min_func_eloc, G);
 }
 
 void EmitStructWithinFunction(int line, Globals *G) {
@@ -151,14 +151,14 @@ void EmitClassWithinFunction(int line, Globals *G) {
 }
 
 void EmitClassFunctionNotice(const char *word, Globals *G) {
-    if (Raise(39, G)) {
-        WriteLong(39, G->file_line_no, G, kMethods, word, G->max_class_methods);
+    if (Raise(kNoticeClassMethods, G)) {
+        WriteLong(kNoticeClassMethods, G->file_line_no, G, kMethods, word, G->max_class_methods);
     }
 }
 
 void EmitMultipleInheritanceNotice(const char *classname, Globals *G) {
-    if (Raise(42, G)) {
-        WriteLong(42, G->file_line_no, G, kMultipleInheritance, Shown{classname});
+    if (Raise(kNoticeMultipleInheritance, G)) {
+        WriteLong(kNoticeMultipleInheritance, G->file_line_no, G, kMultipleInheritance, Shown{classname});
     }
 }
 

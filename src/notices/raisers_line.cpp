@@ -12,15 +12,15 @@ namespace {
 // What a notice is about beside its place: 1 if it holds here.
 int IsMeant(int n, const Globals *G) {
     switch (n) {
-    case 3: return G->quality_notices && !G->catch_flag; // catch (...) takes everything, it is no argument list
-    case 23: return !G->macro_flag;
-    case 34: return !G->struct_flag && !G->assignment_flag;
-    case 35:
+    case kNoticeEllipsis: return G->quality_notices && !G->catch_flag; // catch (...) takes everything, it is no argument list
+    case kNoticeTernary: return !G->macro_flag;
+    case kNoticeClassPointer: return !G->struct_flag && !G->assignment_flag;
+    case kNoticePublicData:
         return !G->struct_flag && !G->enum_flag && !(G->event_flag && G->ignore_public_event) &&
                !(G->const_flag && G->ignore_public_const) && !(G->delegate_flag && G->ignore_public_delegate);
-    case 36: return !G->struct_flag;
-    case 44: return G->switch_depth == 0;
-    case 49: return strchr(G->funcname, '~') == nullptr;
+    case kNoticeProtectedData: return !G->struct_flag;
+    case kNoticeBreak: return G->switch_depth == 0;
+    case kNoticeNoParameters: return strchr(G->funcname, '~') == nullptr;
     default: return 1;
     }
 }
@@ -88,8 +88,8 @@ void NoticeAtLine(int n, Globals *G) {
 }
 
 void EmitLineLengthNotice(int length, Globals *G) {
-    if (Raise(1, G)) {
-        WriteLong(1, G->file_line_no, G, kLineLength, length, G->max_line_length);
+    if (Raise(kNoticeLineLength, G)) {
+        WriteLong(kNoticeLineLength, G->file_line_no, G, kLineLength, length, G->max_line_length);
     }
 }
 
@@ -100,7 +100,7 @@ void NoticePreStep(int n, Globals *G) {
     }
     if (G->macro_flag && PrintsInPlace(G)) {
         if (PrintNotice(n, 1, G)) {
-            WriteText(n, G->file_line_no, n == 6 ? kMacroDecrement : kMacroIncrement, nullptr, G);
+            WriteText(n, G->file_line_no, n == kNoticePreDecrement ? kMacroDecrement : kMacroIncrement, nullptr, G);
         }
     } else if (G->notices_by_file) {
         PrintNotice(n, 0, G);
@@ -111,12 +111,12 @@ void NoticePreStep(int n, Globals *G) {
 
 void NoticeStray(char closer, Globals *G) {
     const Mode mode = OutputMode(G);
-    if (!G->notice_enabled[12] || !PrintsInPlace(G) || mode == Mode::kCsv || mode == Mode::kXml) {
+    if (!G->notice_enabled[kNoticeParentheses] || !PrintsInPlace(G) || mode == Mode::kCsv || mode == Mode::kXml) {
         return;
     }
     ++G->notice_count; // also in a skip region: from here on the counts of the file are repaired ones
-    ++G->notice_cnt[12];
-    if (!PrintNotice(12, 1, G)) {
+    ++G->notice_cnt[kNoticeParentheses];
+    if (!PrintNotice(kNoticeParentheses, 1, G)) {
         return;
     }
     WriteStrayHead(G);
@@ -134,40 +134,42 @@ void NoticeStray(char closer, Globals *G) {
 }
 
 void EmitScopeError(Globals *G) {
-    if (G->function_metrics && CountNotice(22, G) && PrintNotice(22, PrintsInPlace(G) && !G->macro_flag, G)) {
+    if (G->function_metrics && CountNotice(kNoticeBareBody, G) &&
+        PrintNotice(kNoticeBareBody, PrintsInPlace(G) && !G->macro_flag, G)) {
         const char *word = ScopeWord(G->scope_kind);
-        WriteLong(22, G->scope_line, G, kBareBody, word, word);
+        WriteLong(kNoticeBareBody, G->scope_line, G, kBareBody, word, word);
     }
     static_cast<BodyWatch &>(*G) = BodyWatch{};
 }
 
 void CPP_Symbol(int line, const char *word, Globals *G) {
-    if (!G->error_flag && Raise(24, G)) { // #error needs a class here
-        WriteLong(24, line, G, kCppWord, Shown{word});
+    if (!G->error_flag && Raise(kNoticeCppWord, G)) { // #error needs a class here
+        WriteLong(kNoticeCppWord, line, G, kCppWord, Shown{word});
     }
 }
 
 void EmitScopeNotice(Globals *G) {
-    if (G->function_metrics && CountNotice(55, G) && PrintNotice(55, PrintsInPlace(G) && !G->macro_flag, G)) {
-        WriteLong(55, G->file_line_no, G, kScopeDepth, G->function_scope, G->max_scope_depth);
+    if (G->function_metrics && CountNotice(kNoticeScopeDepth, G) &&
+        PrintNotice(kNoticeScopeDepth, PrintsInPlace(G) && !G->macro_flag, G)) {
+        WriteLong(kNoticeScopeDepth, G->file_line_no, G, kScopeDepth, G->function_scope, G->max_scope_depth);
     }
 }
 
 void NoticeFilePercent(int n, float measured, float limit, Globals *G) {
     if (Raise(n, G)) {
-        const auto &text = n == 19 ? kFileWhite : n == 20 ? kFileComments : kFileBlank;
+        const auto &text = n == kNoticeFileWhite ? kFileWhite : n == kNoticeFileComments ? kFileComments : kFileBlank;
         WriteLong(n, G->file_line_no, G, text, static_cast<double>(measured), static_cast<double>(limit));
     }
 }
 
 void NoticeKeyString(Globals *G) {
-    if (Raise(21, G)) {
-        WriteLong(21, G->file_line_no, G, kKeyString, "tly.cfg", Shown{G->key_string});
+    if (Raise(kNoticeKeyString, G)) {
+        WriteLong(kNoticeKeyString, G->file_line_no, G, kKeyString, "tly.cfg", Shown{G->key_string});
     }
 }
 
 void EmitNewDelNotice(Globals *G) {
-    if (Raise(45, G)) {
-        WriteRowText(45, G->file_line_no, G);
+    if (Raise(kNoticeNewDelete, G)) {
+        WriteRowText(kNoticeNewDelete, G->file_line_no, G);
     }
 }

@@ -33,9 +33,9 @@ void RaiseAt(int n, const char *file, int line, const LongText<int> &text, int l
 } // namespace
 
 void EmitInheritanceDepthNotice(const char *file, int line, Globals *G) {
-    RaiseAt(40, file, line, kDepth, G->max_inheritance_depth, G);
+    RaiseAt(kNoticeInheritanceDepth, file, line, kDepth, G->max_inheritance_depth, G);
 }
 
 void EmitNumberOfChildrenNotice(const char *file, int line, Globals *G) {
-    RaiseAt(41, file, line, kChildren, G->max_derived_children, G);
+    RaiseAt(kNoticeChildren, file, line, kChildren, G->max_derived_children, G);
 }

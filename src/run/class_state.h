@@ -55,15 +55,10 @@ struct ClassState : ClassBody, ClassHead {
     int attr_line;                           // line of the last function end in notice mode: no data member is counted on it
 };
 
-struct SavedClass {
-    ClassBody body;
-    int function_scope;
-};
-
 // Kept from file to file.
 struct ClassRun {
-    SavedClass class_stack[kNestingLimit]; // the enclosing classes, from index 0
-    int class_nested_flag;                 // a class has nested somewhere in the run
-    int class_loc_max, class_loc_min;      // class LOC of the project
-    int class_lang_seen;                   // a language with classes was seen
+    ClassBody class_stack[kNestingLimit]; // the enclosing classes, from index 0
+    int class_nested_flag;                // a class has nested somewhere in the run
+    int class_loc_max, class_loc_min;     // class LOC of the project
+    int class_lang_seen;                  // a language with classes was seen
 };

@@ -2,6 +2,7 @@
 // A comment names the setting's unit and its use; the keys and defaults stand in settings_table.cpp.
 #pragma once
 
+#include "run/notice_numbers.h"
 #include "run/text.h"
 
 struct Ulpi;
@@ -72,9 +73,9 @@ struct CyclomaticSettings {
 };
 
 struct NoticeSettings {
-    int notice_enabled[59]; // entry n for notice n; entry 25 is "Treat C headers as C++"
-    PathText udqn_file;     // user defined notices
-    PathText udqn_setting;  // the value udqn_file was made of: what a settings file holds
+    int notice_enabled[kNoticeSlots]; // entry n for notice n
+    PathText udqn_file;               // user defined notices
+    PathText udqn_setting;            // the value udqn_file was made of: what a settings file holds
     int reorder_notice_line;
     int max_line_length;   // characters
     int max_func_name_len; // characters

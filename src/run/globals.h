@@ -65,5 +65,6 @@ struct Globals : RunSwitches,
     FileCounters total;               // the project: the same shape as one file
     FunctionPointValues total_points; // the project's function points
     LineCounts language_sums[kLanguageGroups];
+    FileProgress progress;
     int project_files; // files of all languages, once the totals are set
 };

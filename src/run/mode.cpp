@@ -13,6 +13,7 @@
 
 #include "run/encode.h"
 #include "run/globals.h"
+#include "run/same_file.h"
 
 FILE *gTLYOUT = stdout;
 FILE *gTLYIN = stdin;
@@ -121,7 +122,7 @@ void FlushEarlyMessages(Globals *G) {
 bool IsReport(const char *path, const Globals *G) {
     struct stat report, file;
     return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(path, &file) == 0 &&
-           file.st_dev == report.st_dev && file.st_ino == report.st_ino;
+           IsSameFile(file, report);
 }
 
 int FinishOutput(int status) {

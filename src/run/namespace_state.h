@@ -8,7 +8,6 @@
 struct SavedNamespace {
     LineText namespace_name;
     int namespace_scope;
-    int function_scope;
 };
 
 struct NamespaceState {
@@ -21,5 +20,4 @@ struct NamespaceState {
 struct NamespaceRun {
     LineText namespace_name; // full name of the current scope; means something while namespace_flag is set
     SavedNamespace namespace_stack[kNestingLimit];
-    int namespace_nested_flag; // a namespace has been pushed
 };

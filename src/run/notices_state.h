@@ -2,6 +2,7 @@
 #pragma once
 
 #include "run/llist.h"
+#include "run/notice_numbers.h"
 
 // What a long form fills in ahead of its own values: nothing, the line, or the file and the line.
 enum HeadValues : char { kNoHead, kHeadLine, kHeadFileLine };
@@ -16,7 +17,8 @@ struct KeptNoticeText {
 };
 
 struct NoticeRun {
-    int notice_cnt[59];              // entry n: how often notice n was raised
-    Llist notice_list;               // NameData: the notices of the notice summary, in order; empty in runs without one
-    KeptNoticeText marked_texts[59]; // entry n: of notice n
+    char notice_text[80];                      // the answer of GetNoticeStr
+    int notice_cnt[kNoticeSlots];              // entry n: how often notice n was raised
+    Llist notice_list;                         // NameData: the notices of the notice summary, in order; empty in runs without one
+    KeptNoticeText marked_texts[kNoticeSlots]; // entry n: of notice n
 };

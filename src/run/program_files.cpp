@@ -30,9 +30,7 @@ void LoadHome(PathText &home, const char *variable, Globals *G) {
         return;
     }
     CopyText(home, value);
-    if (home[strlen(home) - 1] != '/') {
-        AppendChar(home, '/');
-    }
+    EndWithSlash(home);
 }
 
 // The first directory of PATH that holds the marker, with a trailing "/"; empty when there is none.

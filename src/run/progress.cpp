@@ -14,10 +14,9 @@ void BeginProgress(int files, const Globals *G) {
     }
 }
 
-// The counters last for the run, which goes through files or through pairs of them, and once.
-void CountProgress(int files, const Globals *G) {
-    static int counter;
-    static int processed;
+// A run goes through files or through pairs of them, and once.
+void CountProgress(int files, Globals *G) {
+    auto &[counter, processed] = G->progress;
     ++counter;
     if (counter % G->progress_interval == 0) {
         fputc('.', stderr);

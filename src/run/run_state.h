@@ -41,6 +41,12 @@ struct ProgramPaths {
     const char *SYSTEMPATH; // value of PATH; null when unset
 };
 
+// Files that the dots on stderr stand for.
+struct FileProgress {
+    int counter;   // since the latest percentage
+    int processed; // told by that percentage
+};
+
 struct OutputModes {
     int html_mode;          // -H
     int csv_mode;           // -C, -A

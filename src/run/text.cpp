@@ -45,7 +45,7 @@ int FormatText(std::span<char> dst, const char *fmt, ...) {
 
 void Rtrim(char *text) {
     size_t length = strlen(text);
-    while (length > 0 && (IsBlankOrTab(text[length - 1]) || IsLineEnd(text[length - 1]))) {
+    while (length > 0 && IsSpace(text[length - 1])) {
         --length;
     }
     text[length] = '\0';
@@ -56,6 +56,25 @@ const char *Ltrim(const char *text) {
         ++text;
     }
     return text;
+}
+
+const char *SkipSpace(const char *text) {
+    while (IsSpace(*text)) {
+        ++text;
+    }
+    return text;
+}
+
+const char *FileName(const char *path) {
+    const char *slash = strrchr(path, '/');
+    return slash ? slash + 1 : path;
+}
+
+void EndWithSlash(std::span<char> path) {
+    const size_t length = strlen(path.data());
+    if (length > 0 && path[length - 1] != '/') {
+        AppendChar(path, '/');
+    }
 }
 
 char *CopyOnHeap(const char *text) {

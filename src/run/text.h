@@ -2,12 +2,13 @@
 //
 // An array converts to std::span by itself, so no call states a size. Every verb keeps the text NUL terminated inside its array.
 // Cut and drop are different verbs because they are different rules: a copy is cut to fit, an append that doesn't fit is dropped
-// whole. Byte tests are here too: they read a byte as signed, in the C locale, so that a byte with the high bit set is negative and
-// is no letter, no printable character and no white space.
+// whole.
 #pragma once
 
 #include <cstddef>
 #include <span>
+
+#include "run/char_tests.h"
 
 using LineText = char[2048]; // a source line, a name, a title
 using PathText = char[1024]; // a path of the program's own files
@@ -29,21 +30,11 @@ void ClearText(std::span<char> dst);
 void Rtrim(char *text);
 // Returns text behind its leading blanks and tabs.
 const char *Ltrim(const char *text);
+// Returns text behind its leading blanks, tabs and line ends.
+const char *SkipSpace(const char *text);
+// The last part of a path: what stands behind its last "/".
+const char *FileName(const char *path);
+// Ends a path with a "/", unless it ends in one or is empty; one that doesn't fit is dropped.
+void EndWithSlash(std::span<char> path);
 // A private copy on the heap, freed with free(); null for a null text or when memory is out.
 char *CopyOnHeap(const char *text);
-
-constexpr bool IsLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-constexpr bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-constexpr bool IsLetterOrDigit(char c) {
-    return IsLetter(c) || IsDigit(c);
-}
-constexpr bool IsBlankOrTab(char c) {
-    return c == ' ' || c == '\t';
-}
-constexpr bool IsLineEnd(char c) {
-    return c == '\n' || c == '\r';
-}

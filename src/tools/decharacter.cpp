@@ -15,6 +15,7 @@
 #include "run/globals.h"
 #include "run/mode.h"
 #include "run/replacement.h"
+#include "run/same_file.h"
 
 namespace {
 
@@ -145,7 +146,7 @@ int Walk(SourceReader *source, FILE *out, Rewriting *work, const Globals *G) {
 // Whether the file at path still is the source that was opened, as it was then: an editor may have saved it meanwhile.
 bool IsStill(const char *path, const struct stat &source) {
     struct stat now;
-    return stat(path, &now) == 0 && now.st_dev == source.st_dev && now.st_ino == source.st_ino && now.st_size == source.st_size &&
+    return stat(path, &now) == 0 && IsSameFile(now, source) && now.st_size == source.st_size &&
            now.st_mtim.tv_sec == source.st_mtim.tv_sec && now.st_mtim.tv_nsec == source.st_mtim.tv_nsec;
 }
 
@@ -159,18 +160,13 @@ bool HasOwner(FILE *stream, const struct stat &source) {
     return made.st_uid == source.st_uid && made.st_gid == source.st_gid;
 }
 
-const char *LastPart(const char *path) {
-    const char *slash = strrchr(path, '/');
-    return slash ? slash + 1 : path;
-}
-
 // The file beside the source as the user would call it: in the directory that he named, unless a link leads out of it.
 std::string BesideName(const char *name, const char *beside) {
     struct stat status;
     if (lstat(name, &status) == 0 && S_ISLNK(status.st_mode)) {
         return beside;
     }
-    return std::string(name, LastPart(name) - name) + LastPart(beside);
+    return std::string(name, FileName(name) - name) + FileName(beside);
 }
 
 int FailToUpdate(const char *name, Globals *G) {

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <string>
 
-#include "analysis/char_tests.h"
 #include "analysis/class.h"
 #include "report/figures.h"
 #include "report/forms.h"
 #include "report/lines.h"
 #include "report/names.h"
+#include "run/char_tests.h"
 #include "run/encode.h"
 #include "run/globals.h"
 

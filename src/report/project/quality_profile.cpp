@@ -108,7 +108,7 @@ void ProfileRow(int number, int count, double percent, const char *text, const G
     }
 }
 
-void ProfileRows(int total, const Globals *G) {
+void ProfileRows(int total, Globals *G) {
     for (int n = 1; n <= kNotices; ++n) {
         if (G->notice_cnt[n] > 0) {
             ProfileRow(n, G->notice_cnt[n], static_cast<double>(G->notice_cnt[n]) / total * 100, GetNoticeStr(n, G), G);

@@ -21,6 +21,7 @@
 #include "report/project/totals.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/percent.h"
 #include "run/progress.h"
 #include "tools/decharacter.h"
 #include "tools/listing.h"
@@ -36,13 +37,13 @@ int Holds(const char *line, const char *token) {
 int FollowSkipTokens(const char *line, Globals *G) {
     if (Holds(line, G->skip_start_token)) {
         G->skip_lines_active = 1;
-        NoticeAtLine(57, G);
+        NoticeAtLine(kNoticeSkipLines, G);
     } else if (Holds(line, G->skip_end_token)) {
         G->skip_lines_active = 0;
         return 1;
     } else if (Holds(line, G->quality_skip_start_token)) {
         G->skip_quality_active = 0; // this notice isn't held back by a region that is open already
-        NoticeAtLine(58, G);
+        NoticeAtLine(kNoticeSkipNotices, G);
         G->skip_quality_active = 1;
     } else if (Holds(line, G->quality_skip_end_token)) {
         G->skip_quality_active = 0;
@@ -156,10 +157,6 @@ void WarnOfOpenFunction(Globals *G) {
     EmitFunction(G);
 }
 
-float Percent(int part, int whole) {
-    return whole > 0 ? static_cast<float>(part) / static_cast<float>(whole) * 100.0F : 0.0F;
-}
-
 void RaiseBelow(int n, float measured, float limit, Globals *G) {
     if (limit > measured) {
         NoticeFilePercent(n, measured, limit, G);
@@ -167,9 +164,9 @@ void RaiseBelow(int n, float measured, float limit, Globals *G) {
 }
 
 void FileNotices(Globals *G) {
-    RaiseBelow(47, Percent(G->file_blank, G->file_loc), G->min_file_blank_pct, G);
-    RaiseBelow(20, Percent(G->file_comments, G->file_loc + G->file_comments), G->min_file_comment_pct, G);
-    RaiseBelow(19, Percent(G->file_white, G->file_chars), G->min_file_white_pct, G);
+    RaiseBelow(kNoticeFileBlank, Percent(G->file_blank, G->file_loc), G->min_file_blank_pct, G);
+    RaiseBelow(kNoticeFileComments, Percent(G->file_comments, G->file_loc + G->file_comments), G->min_file_comment_pct, G);
+    RaiseBelow(kNoticeFileWhite, Percent(G->file_white, G->file_chars), G->min_file_white_pct, G);
     if (G->is_cpp && (G->new_count < 1 ? G->delete_count > 0 : G->new_count != G->delete_count)) {
         EmitNewDelNotice(G);
     }
@@ -309,7 +306,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
 } // namespace
 
 void ProcessFiles(Globals *G) {
-    static SourceReader reader;
+    SourceReader reader;
     for (FileData *file : Records<FileData>(G->file_list)) {
         ProcessFile(file, &reader, G);
     }

@@ -16,23 +16,19 @@
 #include "run/globals.h"
 #include "run/mode.h"
 #include "run/read_lines.h"
+#include "run/same_file.h"
 
 namespace {
-
-bool SameFile(const char *a, const char *b) {
-    struct stat stat_a, stat_b;
-    return stat(a, &stat_a) == 0 && stat(b, &stat_b) == 0 && stat_a.st_dev == stat_b.st_dev && stat_a.st_ino == stat_b.st_ino;
-}
 
 // True for a baseline that -wx compares or that a new one is to replace: with "-O old.dat" ahead, the report would be all that is
 // left of it.
 bool IsBaseline(const char *path, const char *parameter) {
     std::string_view older, newer;
     if (*parameter == 'x' && SplitBaselines(parameter + 1, &older, &newer)) {
-        return SameFile(path, std::string(older).c_str()) || SameFile(path, std::string(newer).c_str());
+        return IsSameFile(path, std::string(older).c_str()) || IsSameFile(path, std::string(newer).c_str());
     }
     const FileForm form = SplitFileForm(parameter);
-    return strcasecmp(form.type, "dat") == 0 && SameFile(path, std::string(form.name, form.length).c_str());
+    return strcasecmp(form.type, "dat") == 0 && IsSameFile(path, std::string(form.name, form.length).c_str());
 }
 
 // True when the run will read this file: a file argument or the list of -F, and for a report also a baseline of -w.
@@ -41,7 +37,7 @@ bool IsInputOfRun(const char *path, bool for_report, const Globals *G) {
     for (int i = 1; i < G->argc; ++i) {
         const char *argument = G->argv[i];
         if (only_files || argument[0] != '-' || argument[1] == '\0') {
-            if (SameFile(path, argument)) {
+            if (IsSameFile(path, argument)) {
                 return true;
             }
         } else if (strcmp(argument, "--") == 0) {
@@ -50,7 +46,7 @@ bool IsInputOfRun(const char *path, bool for_report, const Globals *G) {
             const bool attached = letter[1] != '\0';
             i += attached ? 0 : 1;
             const char *parameter = attached ? letter + 1 : i < G->argc ? G->argv[i] : "";
-            if ((*letter == 'F' && SameFile(path, parameter)) || (for_report && *letter == 'w' && IsBaseline(path, parameter))) {
+            if ((*letter == 'F' && IsSameFile(path, parameter)) || (for_report && *letter == 'w' && IsBaseline(path, parameter))) {
                 return true;
             }
         }

@@ -160,7 +160,7 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
     if (G->file_list_mode) {
         OpenFileList(G);
     }
-    G->treat_c_headers_as_cpp = G->notice_enabled[25];
+    G->treat_c_headers_as_cpp = G->notice_enabled[kTreatHeadersAsCpp];
     if (G->work_file_create && HasRecords(G)) {
         G->work_file = CreateWorkFile(G);
         G->work_file_create = G->work_file != nullptr;
