@@ -12,7 +12,7 @@ struct Row {
 };
 
 // The notices that statements raise; those of whole functions and classes would fill every row.
-constexpr int kNoticesOfStatements[] = {4, 5, 10, 14, 15, 22, 32, 33, 34, 35, 36, 37, 44, 50, 56};
+constexpr int kNoticesOfStatements[] = {4, 5, 10, 11, 14, 15, 22, 32, 33, 34, 35, 36, 37, 44, 50, 56};
 
 std::string Left(const Row &row) {
     const SourceBench bench(row.language);
@@ -87,6 +87,8 @@ constexpr Row kOpenBrace[] = {
     {kCpp, "struct A {\n virtual void f() {\n  a = 5;\n }\n};\n", "A::f() l3\nstruct A d000 m100 l5\n#37#50"},
     {kCpp, "template <class T> class A {\n void f() {\n }\n};\n", "A::f() l2\nA template<T> d000 m001 l4\n"},
     {kCpp, "class A :\n public B\n{\n int a;\n};\nclass C {\n};\n", "A : B 1 d001 m000 l3\nC d000 m000 l2\n"},
+    {kC, "int f(int a[) {\n}\n", "f(int a[) l2\n"}, // a bracket of its head is none of its body
+    {kC, "int f(int a) {\n int b[;\n}\n", "f(int a) l3\n#11"},
     {kC, "void f(int a)\n __attribute__((noreturn))\n{\n}\n", "f(int a) l2\n"},
     {kC, "enum E\n{\n e\n};\nint f() {\n}\n", "f() l2\n"},
     // a linkage block stays at file level

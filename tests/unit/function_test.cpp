@@ -93,6 +93,8 @@ TEST_CASE("a name takes its namespace or its class") {
 TEST_CASE_FIXTURE(Bench, "what an older candidate leaves") {
     Find("DECLARE_IT$(x)\n");
     CHECK(G->macro_like_name == 1);
+    Find("Declare$(x)\n"); // not all upper case
+    CHECK(G->macro_like_name == 0);
     Find("int F$(x)\n"); // not the first token
     CHECK(G->macro_like_name == 0);
     Find("x = 5 %$(x)\n"); // a refused name leaves the flags

@@ -182,7 +182,7 @@ TEST_CASE("bodies without braces") {
         {"if (a)\nb();\n", 1}, {"if (a) b();\n", 1}, {"if (a) {\n}\n", 0}, {"if (a)\n{\n}\n", 0}, {"if (a)\nwhile (b) {\n}\n", 0},
         {"if (a)\nb(); /* { */\n", 1}, {"if (a\n&& b) {\n}\n", 0}, {"if (a\n&& b)\nc();\n", 1},
         {"do\nif (a)\n{\n}\nwhile (b);\n", 1}, {"do {\n} while (a) ;\n", 0}, {"do b(); while (a);\n", 1},
-        {"else\nif (a) {\n}\n", 0}, {"else\nx = diff; if (a) {\n}\n", 0}, {"else\nx = diff;\n", 1}, {"else if (a) {\n}\n", 0},
+        {"else\nif (a) {\n}\n", 0}, {"else\nif\n(a) {\n}\n", 0}, {"else\nx = diff; if (a) {\n}\n", 0}, {"else\nx = diff;\n", 1}, {"else if (a) {\n}\n", 0},
         {"else b();\n", 1}, {"else {\n}\n", 0}, {"else\n/* a */ if (a) {\n}\n", 0},
         {"else\n*p = 1; if (a) {\n}\n", 0}, // nothing is tested at a star
         {"for (;;) {\n}\n", 0}, {"for (;;) ;\n", 1}, {"for (;;\n) {\n}\n", 0}, {"while (a)\nb();\n", 1},

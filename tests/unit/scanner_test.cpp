@@ -78,6 +78,8 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     tabs.Feed("# \tpragma A \"b \\\n\t\t\\\n\t\\\n \"\tc\n"); // only the last tab is a notice: it is no literal's, no "#"'s
     CHECK(tabs.G->file_white == 3 + 4 + 2 + 3);
     CHECK(tabs.G->notice_cnt[30] == 1);
+    tabs.Feed("\"a\tb\"\tc\n");
+    CHECK(tabs.G->notice_cnt[30] == 2);
 }
 
 TEST_CASE("pieces, NULs and what stands behind the last line end") {
