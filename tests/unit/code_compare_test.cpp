@@ -1,4 +1,4 @@
-// Line comparison: the longest common sequence against a full matrix with a plain list, and the decisions of the linear lookahead.
+// Line comparison: the longest common sequence against a full matrix with a plain list.
 #include "bench.h"
 
 #include <climits>
@@ -169,7 +169,6 @@ TEST_CASE("counters and listing are those of the full matrix") {
         bench.CheckAgainst(plain, Written([&] { CompareCodeLCS("f", ListOf(hist), ListOf(pres), bench.G); }));
         bench.G->diff_show_details = 1;
     }
-    CHECK(bench.G->diff_algorithm == 1);
 }
 
 TEST_CASE("rows of many words, and a matrix that keeps only some of its rows") {
@@ -281,43 +280,4 @@ TEST_CASE("debug output") {
     CHECK(compare() == "**** Hlist count 1\n**** Plist count 2\n**** No Increments \n"
                        "\nshow_d2IA 2,3\n0 | 1      1      0      \n1 | 0      0      0      \n" +
                            counts + "0 N0 G0 C0 B0\n");
-    CHECK(Written([&] { CompareCodeLinearLookahead("f", ListOf(pres), ListOf(hist), bench.G); }) ==
-          "  Mod L0 N0 G0 C0 B0 | Eq L1 N0 G0 C0 B0 | Rm L1 N0 G0 C0 B0\n");
-}
-
-TEST_CASE("the decisions of the linear lookahead") {
-    const CompareBench bench;
-    const struct {
-        const char *hist, *pres, *listed;
-    } kCases[] = {
-        {"", "", ""},
-        {"ab", "ab", "10 = L 10 \n20 = L 20 \n"},
-        {"ab", "xb", "10 - L \n+ L 10 \n20 = L 20 \n"},                             // a changed line
-        {"ab", "axyb", "10 = L 10 \n20 - L \n+ L 20 \n+ L 30 \n+ L 40 \n"},         // the last line, too far away
-        {"ab", "axb", "10 = L 10 \n+ L 20 \n20 = L 30 \n"},                         // the last line, one line away
-        {"abc", "axybc", "10 = L 10 \n+ L 20 \n+ L 30 \n20 = L 40 \n30 = L 50 \n"}, // two added lines
-        {"ab", "xyba", "10 - L \n20 - L \n+ L 10 \n+ L 20 \n+ L 30 \n+ L 40 \n"},   // changed places
-        {"aab", "xaxb", "10 - L \n+ L 10 \n20 = L 20 \n+ L 30 \n30 = L 40 \n"},     // the second line is found at the first
-        {"ac", "xa", "+ L 10 \n10 = L 20 \n20 - L \n"},                             // the second line is gone
-        {"axb", "xab", "+ L 10 \n10 = L 20 \n20 - L \n30 = L 30 \n"},               // the second line is in hand
-        {"ab", "", "10 - L \n20 - L \n"},
-        {"", "ab", "+ L 10 \n+ L 20 \n"},
-    };
-    for (const auto &c : kCases) {
-        INFO(std::string(c.hist), " ", std::string(c.pres));
-        Lines hist = Letters(c.hist), pres = Letters(c.pres);
-        const std::string text = Written([&] { CHECK(CompareCodeLinearLookahead("f", ListOf(hist), ListOf(pres), bench.G) == 1); });
-        CHECK(text.starts_with("\n  Linear Lookahead Differential\n  File: f\n"));
-        CHECK(text.ends_with("\n  ------------------------------------\n"));
-        CHECK(bench.Squeezed(text) == std::string(c.listed));
-    }
-    CHECK(bench.G->diff_algorithm == 2);
-
-    // "b" decides for "a" up to 100 lines ahead.
-    for (const int ahead : {100, 101}) {
-        Lines hist = Letters("ab");
-        Lines pres = Letters(("x" + std::string("a") + std::string(ahead - 2, 'y') + "b").c_str());
-        Written([&] { CompareCodeLinearLookahead("f", ListOf(hist), ListOf(pres), bench.G); });
-        CHECK(bench.G->line_counts[kLineRm][kLineL] == (ahead > 100 ? 2 : 1));
-    }
 }

@@ -299,12 +299,6 @@ TEST_CASE_FIXTURE(Bench, "languages of files") {
     CHECK(findUlpi("hh", G) == -1);
     CHECK(findUlpi("hxx", G) == kCppHeader); // behind the new list
 
-    const char *const list[] = {"y", "JAVA", nullptr};
-    CHECK(match_extension("A.java", list, G) == 1);
-    G->names_case_sensitive = 1;
-    CHECK(match_extension("A.java", list, G) == 0);
-    CHECK(match_extension("java", list, G) == 0);
-
     CHECK(valid_ext("CS", "c, cs\tjava", 0, G) == 1);
     CHECK(valid_ext("CS", "c, cs\tjava", 1, G) == 0);
     CHECK(valid_ext("jav", "c,cs,java", 0, G) == 0);
