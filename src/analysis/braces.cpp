@@ -24,7 +24,7 @@ void DebugState(const char *head, int closing, Globals *G) {
 }
 
 // extern "C" {, or a brace behind #ifdef __cplusplus: the code inside stays at file level.
-int IsLinkageBlock(const Scan &scan, const Globals *G) {
+bool IsLinkageBlock(const Scan &scan, const Globals *G) {
     return G->function_scope <= 0 && (strstr(G->prev_code_line, "__cplusplus") || strstr(scan.line, "extern \"C\"") ||
                                       strstr(G->prev_code_line, "extern \"C\""));
 }

@@ -12,8 +12,8 @@ void ClassMethod(Globals *G);
 void ClassAttribute(const char *line, Globals *G);
 // Cleans an inheritance text in place.
 void FormatInheritline(char *text, Globals *G);
-// 1 if a "," occurs and no "<" stands in front of the first one.
-int CheckMultipleInheritance(const char *text);
+// True if a "," occurs and no "<" stands in front of the first one.
+bool CheckMultipleInheritance(const char *text);
 
 // The "{" in hand opens a struct or class (struct_pending tells), or an interface. When its record can't be made: a message, and
 // scan.aborted is set.

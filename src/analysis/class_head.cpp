@@ -148,6 +148,6 @@ void FormatInheritline(char *text, Globals *G) {
     Rtrim(text);
 }
 
-int CheckMultipleInheritance(const char *text) {
+bool CheckMultipleInheritance(const char *text) {
     return text[strcspn(text, ",<")] == ',';
 }

@@ -30,7 +30,7 @@ constexpr TokenKind kNameToken{" \t", " {\t:\r(;)/\n", 0};
 constexpr TokenKind kCodeToken{" \t{(", " {\t:\r(;)/\n", 1};
 constexpr TokenKind kRawToken{" \t\r", " \t\r\n", 0};
 
-int IsOneOf(char c, const char *set) {
+bool IsOneOf(char c, const char *set) {
     return c != '\0' && strchr(set, c) != nullptr;
 }
 
@@ -89,43 +89,36 @@ char NextChar(const char *p) {
     return p[0] == '/' && p[1] == '/' ? '\n' : *p;
 }
 
-int FindCodeChar(const char *p, char ch) {
+bool FindCodeChar(const char *p, char ch) {
     while (*p && !IsLineEnd(*p)) {
         if (OpensComment(p)) {
             if (p[1] == '/') {
-                return 0;
+                return false;
             }
             p = BehindComment(p);
         } else if (*p == ch) {
-            return 1;
+            return true;
         } else {
             ++p;
         }
     }
-    return 0;
+    return false;
 }
 
-int eatWS(int index, const char *line) {
-    while (IsSpace(line[index])) {
-        ++index;
+int OverBlanks(const char *line, int i) {
+    while (i >= 0 && IsBlankOrTab(line[i])) {
+        --i;
     }
-    return index;
+    return i;
 }
 
-int eatNotWS(int index, const char *line) {
-    while (line[index] && !IsSpace(line[index])) {
-        ++index;
-    }
-    return index;
-}
-
-int IsUpperCase(const char *text) {
+bool IsUpperCase(const char *text) {
     for (; *text && *text != '\n'; ++text) {
         if (*text >= 'a' && *text <= 'z') {
-            return 0;
+            return false;
         }
     }
-    return 1;
+    return true;
 }
 
 const char *GetNextToken(const char *line, int index, std::span<char> out) {

@@ -11,13 +11,12 @@
 char NextChar(const char *p);
 // As NextChar, but where it stands. A // comment is told by the pointer to its first "/".
 const char *NextCharAt(const char *p);
-// 1 if ch stands in code from p on, ahead of the line's end, comments stepped over; 0 too when a comment doesn't close.
-int FindCodeChar(const char *p, char ch);
-// The index of the first character at or behind index that is no blank, tab or line end; and of the first that is one.
-int eatWS(int index, const char *line);
-int eatNotWS(int index, const char *line);
-// 1 if the text, up to NUL or LF, holds no lower case letter; an empty text counts.
-int IsUpperCase(const char *text);
+// True if ch stands in code from p on, ahead of the line's end, comments stepped over; false too when a comment doesn't close.
+bool FindCodeChar(const char *p, char ch);
+// True if the text, up to NUL or LF, holds no lower case letter; an empty text counts.
+bool IsUpperCase(const char *text);
+// The index in front of the blanks and tabs that end at i; -1 at the line's begin.
+int OverBlanks(const char *line, int i);
 // The next token from index on, ended by a blank, "{", ":", "(", ";", ")", "/" or a line end, after one comment. Null if it doesn't
 // begin with a letter, "_" or "~", or at a line end or a //; out is then not to be read as a name. GetNextCodeToken also skips "{"
 // and

@@ -4,30 +4,8 @@
 #include <algorithm>
 
 #include "notices/raise.h"
+#include "run/branches.h"
 #include "run/globals.h"
-
-namespace {
-
-struct Branch {
-    int CyclomaticSettings::*included;
-    int FunctionCounters::*counter;
-};
-
-// "default" and "do" are no branches of their own: do { } while (a) counts its while.
-constexpr Branch kBranches[] = {
-    {&CyclomaticSettings::cyclo_while, &FunctionCounters::local_while},
-    {&CyclomaticSettings::cyclo_for, &FunctionCounters::local_for},
-    {&CyclomaticSettings::cyclo_switch, &FunctionCounters::local_switch},
-    {&CyclomaticSettings::cyclo_case, &FunctionCounters::local_case},
-    {&CyclomaticSettings::cyclo_if, &FunctionCounters::local_if},
-    {&CyclomaticSettings::cyclo_else, &FunctionCounters::local_else},
-    {&CyclomaticSettings::cyclo_inline_if, &FunctionCounters::local_inline_if},
-    {&CyclomaticSettings::cyclo_goto, &FunctionCounters::local_goto},
-    {&CyclomaticSettings::cyclo_or, &FunctionCounters::local_or},
-    {&CyclomaticSettings::cyclo_and, &FunctionCounters::local_and},
-};
-
-} // namespace
 
 int GetCycloComplexity(const Globals *G) {
     int cyclo = G->cyclo_function_call ? 1 : 0;

@@ -8,7 +8,7 @@
 
 namespace {
 
-int IsWord(const char *text, const char *word) {
+bool IsWord(const char *text, const char *word) {
     const size_t length = strlen(word);
     const char *behind = text + length;
     return strncmp(text, word, length) == 0 && (IsSpace(*behind) || OpensComment(behind));

@@ -107,21 +107,21 @@ int EndOfWord(const char *line, int index) {
     return index;
 }
 
-// 1 if a comment opens here.
-int OnSlash(Scan &scan, Globals *G) {
+// True if a comment opens here.
+bool OnSlash(Scan &scan, Globals *G) {
     const char next = scan.line[scan.index + 1];
     if (next == '*') {
         G->c_comment = 1;
         G->comment_star_index = scan.index + 1;
         G->comment_start_line = scan.number;
         scan.c_comment_line = 1;
-        return 1;
+        return true;
     }
     if (next == '/' && scan.line[scan.index - 1] != '*') { // the "/" that ends a comment opens none
         G->cpp_comment = 1;
-        return 1;
+        return true;
     }
-    return 0;
+    return false;
 }
 
 // Where the handler gave up, so does the line.
@@ -131,7 +131,7 @@ void Call(void (*handler)(Scan &, Globals *), Scan &scan, int &index, Globals *G
 }
 
 // Something is waited for since an earlier line: the value of an assignment, or the body of an if.
-int IsWaiting(const Scan &scan, const Globals *G) {
+bool IsWaiting(const Scan &scan, const Globals *G) {
     return G->scope_pending_line > 0 && G->scope_pending_line < scan.number;
 }
 

@@ -78,12 +78,12 @@ void RenameClass(NodeData *record, const char *name, Globals *G) {
     IndexName(&G->class_index_by_name, record);
 }
 
-int is_macro(const char *word, const Globals *G) {
+bool is_macro(const char *word, const Globals *G) {
     return *word > ' ' && FindIndexed(&G->macro_index_by_name, word) != nullptr;
 }
 
 void AddMacro(const char *name, int line, Globals *G) {
-    if (AddNameNode(name, line, 0, &G->macro_list, 0, G)) {
+    if (AddNameNode(name, line, 0, &G->macro_list, G)) {
         IndexName(&G->macro_index_by_name, G->macro_list.tail->data);
     }
 }

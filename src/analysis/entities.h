@@ -15,9 +15,9 @@ NodeData *AddInterfaceRecord(const char *name, int line, int nesting, Globals *G
 NodeData *AddNamespaceRecord(const char *name, int line, Globals *G);
 // Gives a class record another name.
 void RenameClass(NodeData *record, const char *name, Globals *G);
-// 1 if word is in macro_list: a word of the macro file or a #define seen so far. A word whose first byte, read as signed, is 32 or
-// less is none.
-int is_macro(const char *word, const Globals *G);
+// True if word is in macro_list: a word of the macro file or a #define seen so far. A word whose first byte, read as signed, is 32
+// or less is none.
+bool is_macro(const char *word, const Globals *G);
 // Enters a #define of the current file.
 void AddMacro(const char *name, int line, Globals *G);
 // Enters the words that macro_list holds: called once, when the macro file has been read.

@@ -121,8 +121,8 @@ void ShowTail(const EntityFigures &f, Globals *G) {
 }
 
 // A::B::f becomes A::B and A::B becomes A; in Java and C# the separator is ".". A template's arguments are no part of a class's
-// name, but for C#. 1 if there was a separator.
-int CutToClass(char *name, const Globals *G) {
+// name, but for C#. True if there was a separator.
+bool CutToClass(char *name, const Globals *G) {
     char *cut = strrchr(name, G->is_java || G->is_cs ? '.' : ':');
     if (cut) {
         cut -= cut > name && cut[-1] == ':';

@@ -97,13 +97,6 @@ int PutTemplatePart(const char *line, int i, BackwardText &name) {
     return i;
 }
 
-int OverBlanks(const char *line, int i) {
-    while (i >= 0 && IsBlankOrTab(line[i])) {
-        --i;
-    }
-    return i;
-}
-
 // The index in front of the comment whose "/" is at i, and of the blanks ahead of it; -1 when it began on an earlier line.
 int OverComment(const char *line, int i) {
     int open = -1;
@@ -189,13 +182,13 @@ void DropCandidate(Globals *G) {
 }
 
 // unsigned (x), while (x): a word of the language stands in front of the parenthesis.
-int IsWordOfLanguage(const char *name) {
+bool IsWordOfLanguage(const char *name) {
     static constexpr const char *kWords[] = {"unsigned", "char",   "short", "int", "long", "float", "double",
                                              "void",     "signed", "while", "if",  "else", "for"};
     return std::any_of(std::begin(kWords), std::end(kWords), [name](const char *word) { return strcmp(word, name) == 0; });
 }
 
-int IsRefused(Globals *G) {
+bool IsRefused(Globals *G) {
     if (!G->assignment_flag && IsWordOfLanguage(G->funcname)) {
         if (G->debug) {
             Message(G,
@@ -206,7 +199,7 @@ int IsRefused(Globals *G) {
                     "           been skipped by TLY.\n\n",
                     G->file_line_no, G->funcname);
         }
-        return 1;
+        return true;
     }
     return G->is_cs && strchr(G->funcname, '[');
 }

@@ -4,13 +4,6 @@
 
 namespace {
 
-int OverBlanks(const char *line, int i) {
-    while (i >= 0 && IsBlankOrTab(line[i])) {
-        --i;
-    }
-    return i;
-}
-
 // The index of the first character of the class whose last one is at i: the A of "const A &A::operator=", and of
 // "B<T> A<T, U>::operator+".
 int BeginOfClass(const char *line, int i) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-int IsOperator(const char *name) {
+bool IsOperator(const char *name) {
     return strcmp(name, "operator") == 0 || strstr(name, "::operator") != nullptr;
 }
 

@@ -39,7 +39,7 @@ void FindBody(BodyKind kind, const Scan &scan, int end, int has_if, Globals *G) 
 }
 
 // The line declares only: "class A;". begin leaves out what can't be behind a keyword, wherever the keyword stands.
-int IsDeclaration(const Scan &scan, int begin) {
+bool IsDeclaration(const Scan &scan, int begin) {
     return strchr(scan.line + begin, ';') && !strchr(scan.line + begin, '{');
 }
 

@@ -214,13 +214,13 @@ unsigned LanguageOf(const Globals *G) {
     return G->is_c ? kC : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
 }
 
-int IsInSet(const char *closers, const char *p) {
+bool IsInSet(const char *closers, const char *p) {
     const char c = *p == '/' && OpensComment(p) && strchr(closers, '#') ? '#' : *p;
     return c != '\0' && (c != '#' || *p == '/') && strchr(closers, c) != nullptr;
 }
 
 // Whether the word is closed at index; then counts it.
-int IsClosed(const Keyword &keyword, const char *line, int index, int *counter) {
+bool IsClosed(const Keyword &keyword, const char *line, int index, int *counter) {
     const char *p = line + index;
     int closed = 1;
     switch (keyword.closing) {
@@ -234,8 +234,8 @@ int IsClosed(const Keyword &keyword, const char *line, int index, int *counter) 
     return closed;
 }
 
-// 1 if the row was the word's.
-int TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
+// True if the row was the word's.
+bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const unsigned language = LanguageOf(G);
     const int complains = (keyword.languages & kAnsi) && language == kC;
     const int acts = (keyword.languages & language) != 0;
@@ -243,7 +243,7 @@ int TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     int uncounted = 0;
     int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
     if (!(complains | acts) || !IsClosed(keyword, scan.line, end, counter)) {
-        return 0;
+        return false;
     }
     if (complains) {
         CPP_Symbol(scan.number, keyword.word.data(), G);
@@ -254,18 +254,18 @@ int TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     if (acts && keyword.action) {
         keyword.action(scan, end, G);
     }
-    return 1;
+    return true;
 }
 
 } // namespace
 
-int KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
+bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
     const char *p = Ltrim(line + index);
     if (*p == '\0' || (*p != term1 && *p != term2 && !IsLineEnd(*p) && !OpensComment(p))) {
-        return 0;
+        return false;
     }
     ++*counter;
-    return 1;
+    return true;
 }
 
 void OnWord(Scan &scan, int end, Globals *G) {

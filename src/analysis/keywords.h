@@ -6,5 +6,5 @@ struct Scan;
 
 // Tests the word of the line from scan.index up to end against the keywords; counts, sets flags and calls recognisers.
 void OnWord(Scan &scan, int end, Globals *G);
-// 1 if a word is closed at index of the line: blanks may stand ahead of the terminator, a line end or a comment; then counts it.
-int KeywordTermin(const char *line, int index, int *counter, char term1, char term2);
+// True if a word is closed at index of the line: blanks may stand ahead of the terminator, a line end or a comment; then counts it.
+bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2);

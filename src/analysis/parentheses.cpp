@@ -12,7 +12,7 @@
 namespace {
 
 // namespace std VISIBLE(default) {
-int IsBehindMacro(const Scan &scan, const Globals *G) {
+bool IsBehindMacro(const Scan &scan, const Globals *G) {
     int end = scan.index;
     while (IsBlankOrTab(scan.line[end - 1])) {
         --end;

@@ -22,36 +22,36 @@
 #include "run/globals.h"
 #include "run/mode.h"
 
-int SingleChar(const char *line, char ch) {
+bool SingleChar(const char *line, char ch) {
     const char *p = Ltrim(line);
     if (*p != ch) {
-        return 0;
+        return false;
     }
     if (p[1] == '\n') { // most of them
-        return 1;
+        return true;
     }
     const char *end = strstr(line, "//");
     if (!end) {
         end = line + strlen(line);
     }
     if (p >= end) {
-        return 0;
+        return false;
     }
     for (++p; p < end && !IsLineEnd(*p); ++p) {
         if (*p == '/' && p + 1 < end && p[1] == '*') {
             const char *close = strstr(p + 2, "*/");
             if (!close || close + 2 > end) {
-                return 1;
+                return true;
             }
             p = close + 1;
         } else if (*p != ' ' && *p != '\t' && *p != ';' && *p != '/') {
-            return 0;
+            return false;
         }
     }
-    return 1;
+    return true;
 }
 
-int IsJust(const Scan &scan, char ch) {
+bool IsJust(const Scan &scan, char ch) {
     return scan.line[scan.first_nonblank] == ch && SingleChar(scan.line, ch);
 }
 
@@ -123,8 +123,8 @@ int CountTabs(const char *text, int length) {
     return tabs;
 }
 
-// Moves index to the next ch, or to the end of the line when there is none. 1 if there is one.
-int LeapTo(Scan &scan, char ch) {
+// Moves index to the next ch, or to the end of the line when there is none. True if there is one.
+bool LeapTo(Scan &scan, char ch) {
     const void *found = memchr(scan.line + scan.index, ch, scan.length - scan.index);
     scan.index = found ? static_cast<int>(static_cast<const char *>(found) - scan.line) : scan.length;
     return found != nullptr;
@@ -261,14 +261,14 @@ int LengthWithoutLineEnd(const char *line, int bytes) {
 }
 
 // A comment that says that a case falls through on purpose: "fall through", "drop thru", ...
-int SpeaksOfFallingThrough(const char *line) {
+bool SpeaksOfFallingThrough(const char *line) {
     for (const char *p = line; (p = strstr(p, " thr")) != nullptr; p += 4) {
         const int verb = p - line >= 4 && (strncmp(p - 4, "fall", 4) == 0 || strncmp(p - 4, "drop", 4) == 0);
         if (verb && (p[4] == 'u' || strncmp(p + 4, "ough", 4) == 0)) {
-            return 1;
+            return true;
         }
     }
-    return 0;
+    return false;
 }
 
 void CountLine(const Scan &scan, int line_has_c_comment, Globals *G) {
@@ -317,7 +317,7 @@ void BeginLine(const Scan &scan, Globals *G) {
 
 } // namespace
 
-int IsEscaped(const Scan &scan) {
+bool IsEscaped(const Scan &scan) {
     int run = 0;
     while (scan.line[scan.index - 1 - run] == '\\') {
         ++run;
@@ -325,7 +325,7 @@ int IsEscaped(const Scan &scan) {
     return run % 2;
 }
 
-int EndsBackslashLiteral(const Scan &scan) {
+bool EndsBackslashLiteral(const Scan &scan) {
     return scan.index >= 3 && memcmp(scan.line + scan.index - 3, "@\"\\", 3) == 0;
 }
 

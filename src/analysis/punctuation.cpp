@@ -180,7 +180,7 @@ void OnGreater(Scan &scan, Globals *G) {
 namespace {
 
 // [DllImport("x")] at file level leaves no function behind.
-int IsAttributeBracket(const Globals *G) {
+bool IsAttributeBracket(const Globals *G) {
     return !G->class_flag && !G->funcname_flag && (G->is_c_header || G->is_cpp || G->is_cs);
 }
 

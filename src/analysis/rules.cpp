@@ -53,18 +53,18 @@ void TestLiteral(const char *text, char first, Globals *G) {
 }
 
 // An if, or a word that ends in it, as in "else" and "if (b)" on two lines.
-int HoldsIf(const char *line) {
+bool HoldsIf(const char *line) {
     for (const char *p = line; (p = strstr(p, "if")) != nullptr; p += 2) {
         if (p[2] == '(' || IsSpace(p[2])) {
-            return 1;
+            return true;
         }
     }
-    return 0;
+    return false;
 }
 
 // 0 if a character for which the check ran stands in front of index for sure: what it told of the whole line still holds. It
 // doesn't run for comments, literals and "*".
-int MayBeFirstCode(const Scan &scan) {
+bool MayBeFirstCode(const Scan &scan) {
     int i = scan.index - 1;
     while (i >= 0 && IsBlankOrTab(scan.line[i])) {
         --i;
@@ -131,11 +131,11 @@ void CheckPending(Scan &scan, Globals *G) {
         G->scope_pending_line = 0;
         return;
     }
-    if (G->scope_kind == 0) {
+    if (G->scope_kind == kNoBody) {
         return;
     }
     if (G->scope_kind == kElse && MayBeFirstCode(scan) && HoldsIf(scan.line)) {
-        G->scope_kind = 0;
+        G->scope_kind = kNoBody;
         G->scope_pending_line = 0;
         return;
     }
@@ -155,12 +155,12 @@ void CheckAssignedLiteral(const Scan &scan, Globals *G) {
 }
 
 void CheckBodyBehindParen(const Scan &scan, Globals *G) {
-    if (G->scope_kind == 0 || G->scope_pending_line != 0) {
+    if (G->scope_kind == kNoBody || G->scope_pending_line != 0) {
         return;
     }
     const char next = NextChar(scan.line + scan.index);
     if (next == '{' || (next == ';' && G->scope_kind == kWhile)) { // do { } while (a);
-        G->scope_kind = 0;
+        G->scope_kind = kNoBody;
     } else if (G->local_paren == G->scope_paren) {
         G->scope_pending_line = scan.number;
     }

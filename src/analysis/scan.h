@@ -54,12 +54,12 @@ void CaptureParams(const Scan &scan, Globals *G);
 // Walks the line in code from scan.index until a comment or literal opens or the line ends.
 void ScanCode(Scan &scan, Globals *G);
 
-// 1 if ch is the only significant character of the line: SingleChar, refused at a glance where it can be.
-int IsJust(const Scan &scan, char ch);
-// 1 if the character at index stands behind an odd run of backslashes.
-int IsEscaped(const Scan &scan);
-// 1 if the quote at index ends the C# literal @"\", whose backslash escapes nothing.
-int EndsBackslashLiteral(const Scan &scan);
+// True if ch is the only significant character of the line: SingleChar, refused at a glance where it can be.
+bool IsJust(const Scan &scan, char ch);
+// True if the character at index stands behind an odd run of backslashes.
+bool IsEscaped(const Scan &scan);
+// True if the quote at index ends the C# literal @"\", whose backslash escapes nothing.
+bool EndsBackslashLiteral(const Scan &scan);
 // Notes for the line's split what the characters from begin up to end are.
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
 

@@ -73,7 +73,7 @@ float ElocPercent(const WorkMetrics &older, const WorkMetrics &difference) {
     return eloc > 0 ? static_cast<float>(difference.of[kWorkEloc]) / eloc * 100.0f : 100.0f;
 }
 
-int IsSkipped(int state, const Globals *G) {
+bool IsSkipped(int state, const Globals *G) {
     switch (state) {
     case kStateEqual: return G->skip_equal;
     case kStateModified: return G->skip_modified;

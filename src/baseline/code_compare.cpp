@@ -10,6 +10,9 @@
 #include "run/globals.h"
 #include "run/mode.h"
 
+namespace {
+
+// Counts a line of a type under '+', '=' or '-'. A type that is none counts nowhere.
 void diffMetric(char operation, char type, Globals *G) {
     int *counts = G->line_counts[operation == '+' ? kLineMod : operation == '=' ? kLineEq : kLineRm];
     switch (type) {
@@ -25,15 +28,18 @@ void diffMetric(char operation, char type, Globals *G) {
     }
 }
 
+// Tells that a comparison is given up: bytes were asked for and aren't there.
+void ComparisonMemoryError(const char *file_name, double bytes, Globals *G) {
+    Message(G, "\n  Error: Memory Allocation LCS Array\n         File - %s\n         Size - %.0f bytes\n", file_name, bytes);
+}
+
+} // namespace
+
 void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G) {
     diffMetric(line.operation, line.type, G);
     if (listing->nodes) {
         AddDiffLine(listing, line);
     }
-}
-
-void ComparisonMemoryError(const char *file_name, double bytes, Globals *G) {
-    Message(G, "\n  Error: Memory Allocation LCS Array\n         File - %s\n         Size - %.0f bytes\n", file_name, bytes);
 }
 
 namespace {
@@ -109,7 +115,6 @@ bool CompareSegments(const char *file_name, DiffLines hist, DiffLines pres, Diff
 } // namespace
 
 int CompareCodeLCS(const char *file_name, const DiffDataList &hist, const DiffDataList &pres, Globals *G) {
-    G->diff_algorithm = 1;
     memset(G->line_counts, 0, sizeof G->line_counts);
     if (G->diff_show_details) {
         SetDiffHeader(file_name, G);

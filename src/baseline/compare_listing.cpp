@@ -100,33 +100,6 @@ int32_t Insert(Node *nodes, int32_t at, int32_t fresh, LineKey by) {
     return Balanced(nodes, at);
 }
 
-void ShowSubtree(const DiffListing &listing, int32_t at, Globals *G) {
-    if (!at) {
-        return;
-    }
-    const Node &node = listing.nodes[at];
-    const int32_t turn = listing.descending ? -1 : 0;
-    ShowSubtree(listing, node.child[0], G);
-    DiffDetailShow({node.key[kHistKey] ^ turn, node.key[kPresKey] ^ turn, node.operation, node.type}, G);
-    ShowSubtree(listing, node.child[1], G);
-}
-
-} // namespace
-
-void AddDiffLine(DiffListing *listing, const DiffLine &line) {
-    const int32_t turn = listing->descending ? -1 : 0;
-    const int32_t fresh = ++listing->count;
-    listing->nodes[fresh] = {{line.hist_line ^ turn, line.pres_line ^ turn}, {}, {}, line.operation, line.type, 0};
-    Update(listing->nodes.get(), fresh);
-    listing->root = Insert(listing->nodes.get(), listing->root, fresh, line.operation == '-' ? kHistKey : kPresKey);
-}
-
-void ShowDiffListing(const DiffListing *listing, Globals *G) {
-    ShowSubtree(*listing, listing->root, G);
-}
-
-namespace {
-
 constexpr Forms<Shown> kHeadFile{
     .text = "  File: %s\n", .html = "", .csv = "File: %s\n", .xml = "  File: %s\n"}; // HTML: with its colour, below
 
@@ -164,40 +137,61 @@ constexpr Forms<Shown> kEquivalent{.text = "       *** File is Equivalent ***\n"
                                    .csv = "       *** File is Equivalent ***\n",
                                    .xml = "       *** File is Equivalent ***\n"};
 
+// Shows one line with -ws if lines of this operation are wanted. Only the numbers that the operation has are shown.
+void ShowDiffLine(const DiffLine &line, Globals *G) {
+    const char operation = line.operation;
+    const int shown = operation == '-' ? G->show_removed_lines : operation == '+' ? G->show_added_lines : G->show_equal_lines;
+    if (!G->diff_show_details || !shown) {
+        return;
+    }
+    const char type_text[] = {line.type, '\0'}; // it comes from a file and may be any byte
+    switch (operation) {
+    case '-':
+        Print(G, kOpenColor, Shown{G->html_removed_code_diff_color});
+        Print(G, kRemoved, line.hist_line, operation, Shown{type_text}, "");
+        break;
+    case '+':
+        Print(G, kOpenColor, Shown{G->html_modified_code_diff_color});
+        Print(G, kAdded, "", operation, Shown{type_text}, line.pres_line);
+        break;
+    default:
+        Print(G, kOpenColor, Shown{G->html_equal_code_diff_color});
+        Print(G, kKept, line.hist_line, operation, Shown{type_text}, line.pres_line);
+        break;
+    }
+    Print(G, kCloseColor);
+}
+
+void ShowSubtree(const DiffListing &listing, int32_t at, Globals *G) {
+    if (!at) {
+        return;
+    }
+    const Node &node = listing.nodes[at];
+    const int32_t turn = listing.descending ? -1 : 0;
+    ShowSubtree(listing, node.child[0], G);
+    ShowDiffLine({node.key[kHistKey] ^ turn, node.key[kPresKey] ^ turn, node.operation, node.type}, G);
+    ShowSubtree(listing, node.child[1], G);
+}
+
 } // namespace
+
+void AddDiffLine(DiffListing *listing, const DiffLine &line) {
+    const int32_t turn = listing->descending ? -1 : 0;
+    const int32_t fresh = ++listing->count;
+    listing->nodes[fresh] = {{line.hist_line ^ turn, line.pres_line ^ turn}, {}, {}, line.operation, line.type, 0};
+    Update(listing->nodes.get(), fresh);
+    listing->root = Insert(listing->nodes.get(), listing->root, fresh, line.operation == '-' ? kHistKey : kPresKey);
+}
+
+void ShowDiffListing(const DiffListing *listing, Globals *G) {
+    ShowSubtree(*listing, listing->root, G);
+}
 
 void SetDiffHeader(const char *file_name, Globals *G) {
     Print(G, kHeadFile, Shown{file_name});
     Print(G, kHtmlHeadFile, Shown{G->html_file_name_color}, Shown{file_name});
     Print(G, kHtmlHeadVersions, Shown{G->html_old_file_diff_color}, Shown{G->html_new_file_diff_color});
     Print(G, kHeadColumns);
-}
-
-void ShowDiffLine(int32_t hist_line, char operation, char type, int32_t pres_line, Globals *G) {
-    const int shown = operation == '-' ? G->show_removed_lines : operation == '+' ? G->show_added_lines : G->show_equal_lines;
-    if (!G->diff_show_details || !shown) {
-        return;
-    }
-    const char type_text[] = {type, '\0'}; // it comes from a file and may be any byte
-    switch (operation) {
-    case '-':
-        Print(G, kOpenColor, Shown{G->html_removed_code_diff_color});
-        Print(G, kRemoved, hist_line, operation, Shown{type_text}, "");
-        break;
-    case '+':
-        Print(G, kOpenColor, Shown{G->html_modified_code_diff_color});
-        Print(G, kAdded, "", operation, Shown{type_text}, pres_line);
-        break;
-    default:
-        Print(G, kOpenColor, Shown{G->html_equal_code_diff_color});
-        Print(G, kKept, hist_line, operation, Shown{type_text}, pres_line);
-        break;
-    }
-    Print(G, kCloseColor);
-}
-
-void DiffDetailShow(const DiffLine &line, Globals *G) {
-    ShowDiffLine(line.hist_line, line.operation, line.type, line.pres_line, G);
 }
 
 void CloseDiffListing(Globals *G) {

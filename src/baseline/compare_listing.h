@@ -34,8 +34,5 @@ void ShowDiffListing(const DiffListing *listing, Globals *G);
 
 // The head of a file's listing.
 void SetDiffHeader(const char *file_name, Globals *G);
-// Shows one line with -ws if lines of this operation are wanted. Only the numbers that the operation has are shown.
-void ShowDiffLine(int32_t hist_line, char operation, char type, int32_t pres_line, Globals *G);
-void DiffDetailShow(const DiffLine &line, Globals *G);
 // Ends a file's listing with a rule; tells of two versions without a difference, from the counters, if equal lines aren't shown.
 void CloseDiffListing(Globals *G);

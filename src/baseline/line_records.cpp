@@ -84,7 +84,7 @@ bool IsTaken(const char *munged, const Globals *G) {
 
 // Enters a name with the number of the last source that bears it; null when memory is out.
 NameData *EnterName(const char *name, Globals *G) {
-    if (!AddNameNode(name, 0, 1, &G->diff_names, 0, G)) {
+    if (!AddNameNode(name, 0, 1, &G->diff_names, G)) {
         return nullptr;
     }
     auto *const entry = Record<NameData>(G->diff_names.tail);

@@ -231,22 +231,12 @@ int findUlpi(const char *extension, const Globals *G) {
     return -1;
 }
 
-int match_extension(const char *name, const char *const *list, Globals *G) {
-    const char *extension = getExtension(name, G);
-    for (; extension && *list; ++list) {
-        if (SameExtension(*list, extension, G->names_case_sensitive)) {
-            return 1;
-        }
-    }
-    return 0;
-}
-
-int valid_ext(const char *extension, const char *list, int case_flag, const Globals *G) {
+bool valid_ext(const char *extension, const char *list, int case_flag, const Globals *G) {
     if (!G->validate_extensions) {
-        return 1;
+        return true;
     }
     if (!extension || !list) {
-        return 0;
+        return false;
     }
     const char *end = list + strnlen(list, kTextLimit);
     const size_t wanted = strlen(extension);
@@ -254,8 +244,8 @@ int valid_ext(const char *extension, const char *list, int case_flag, const Glob
     size_t length;
     while (NextPiece(&list, end, &piece, &length)) {
         if (length == wanted && (case_flag ? strncmp(piece, extension, length) : strncasecmp(piece, extension, length)) == 0) {
-            return 1;
+            return true;
         }
     }
-    return 0;
+    return false;
 }

@@ -35,7 +35,5 @@ const char *getExtension(const char *name, Globals *G);
 int WhichFile(const char *name, Globals *G, int count);
 // The language index of an extension, or -1.
 int findUlpi(const char *extension, const Globals *G);
-// 1 if the name's extension is in the null-ended list.
-int match_extension(const char *name, const char *const *list, Globals *G);
-// 1 if the extension is in the comma separated list, or if extensions aren't validated at all.
-int valid_ext(const char *extension, const char *list, int case_flag, const Globals *G);
+// True if the extension is in the comma separated list, or if extensions aren't validated at all.
+bool valid_ext(const char *extension, const char *list, int case_flag, const Globals *G);

@@ -39,7 +39,7 @@ int LoadMacros(Globals *G) {
             continue;
         }
         Rtrim(line);
-        loaded += AddNameNode(line, 0, 1, &G->macro_list, 0, G);
+        loaded += AddNameNode(line, 0, 1, &G->macro_list, G);
     }
     CloseLines(&reader);
     return loaded;

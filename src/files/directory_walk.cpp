@@ -79,7 +79,7 @@ int AddEntry(const Entry &directory, const char *name, int type, Llist *entries,
         Message(G, "\n  Error: The path is too long and was passed over\n         %s/%s\n", directory.path, name);
         return 1;
     }
-    return AddNameNode(path, directory.depth + 1, type, entries, 0, G);
+    return AddNameNode(path, directory.depth + 1, type, entries, G);
 }
 
 // Reads the names of an open directory. Returns 0, with a message, when it can't be read to its end.
@@ -173,7 +173,7 @@ void PopEntry(Entry *entry, Globals *G) {
 } // namespace
 
 int ReadDir(const char *directory, const char *extensions, Globals *G) {
-    if (!AddNameNode(directory, 0, DT_DIR, &G->dir_stack, 0, G)) {
+    if (!AddNameNode(directory, 0, DT_DIR, &G->dir_stack, G)) {
         Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
         return 0;
     }

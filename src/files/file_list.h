@@ -18,8 +18,8 @@ int AddSourceFile(const char *name, const char *extension, Globals *G);
 // Replaces the environment variables of a -F line ("%NAME%"). Returns out, or line itself when nothing was replaced. An unknown
 // variable gives a message and ends the replacing; one that never ends or doesn't fit gives a message and line itself.
 const char *ExpandEnvarString(const char *line, std::span<char> out, Globals *G);
-// 1 when the pattern filter leaves the name out.
-int FilenamePatternMatch(const char *name, const Globals *G);
+// True when the pattern filter leaves the name out.
+bool FilenamePatternMatch(const char *name, const Globals *G);
 // Converts to upper or lower case in place and returns the text.
 char *ChangeCase(char *text, int upper);
 // Stores the file's modification time and size in G; 0 for both when the file isn't there.

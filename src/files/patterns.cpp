@@ -26,9 +26,9 @@ char *ChangeCase(char *text, int upper) {
 
 // Words are plain substrings, without wild cards: "test" leaves out "src/latest/a.c". Without case only the name is lowered, as
 // BuildFileList has lowered the filter.
-int FilenamePatternMatch(const char *name, const Globals *G) {
+bool FilenamePatternMatch(const char *name, const Globals *G) {
     if (!G->pattern_filter_active) {
-        return 0;
+        return false;
     }
     const std::string_view path(name);
     return AnyWord(G->pattern_filter, ",\t\r\n", [&](std::string_view word) {

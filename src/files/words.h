@@ -4,17 +4,17 @@
 #include <cstring>
 #include <string_view>
 
-// 1 as soon as test(word) holds for a word of text, which is split at any of the separator characters; else 0. Words are never
+// True as soon as test(word) holds for a word of text, which is split at any of the separator characters. Words are never
 // empty.
-template <class Test> int AnyWord(const char *text, const char *separators, Test test) {
+template <class Test> bool AnyWord(const char *text, const char *separators, Test test) {
     const char *word = text + strspn(text, separators);
     while (*word) {
         const size_t length = strcspn(word, separators);
         if (test(std::string_view(word, length))) {
-            return 1;
+            return true;
         }
         word += length;
         word += strspn(word, separators);
     }
-    return 0;
+    return false;
 }

@@ -211,11 +211,6 @@ const NoticeRow &Notice(int n) {
     return kRows[n >= 1 && n <= kNotices ? n : 0];
 }
 
-const char *ScopeWord(int kind) {
-    static constexpr const char *kWords[] = {" ", "do", "else", "for", "if", "while"};
-    return kWords[kind >= 1 && kind <= 5 ? kind : 0];
-}
-
 const char *GetNoticeStr(int n, Globals *G) {
     if (n < 1 || n > kNotices) {
         if (const Udqn *rule = get_udqn_ptr(n, &G->udqn_list)) {

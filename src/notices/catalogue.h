@@ -45,5 +45,3 @@ struct NoticeRow {
 
 // The row of a notice, 1 to 58. Row 0 is for a number that nothing explains.
 const NoticeRow &Notice(int n);
-// The keyword of a scope_kind; a blank for 0.
-const char *ScopeWord(int kind);

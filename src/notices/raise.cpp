@@ -36,7 +36,7 @@ int Raise(int n, Globals *G) {
     return CountNotice(n, G) && PrintNotice(n, PrintsInPlace(G), G);
 }
 
-int NoticesArePrinted(const Globals *G) {
+bool NoticesArePrinted(const Globals *G) {
     return PrintsInPlace(G) || G->notices_by_file;
 }
 
@@ -76,7 +76,7 @@ void EmitNotice(const char *file, int line, int n, Globals *G) {
             ShortForm(file, line, shown_line, n, GetNoticeStr(n, G), G);
         } else {
             const char *quote = OutputMode(G) == Mode::kXml && !G->totals_no_file_names && !G->notice_vs_format ? "" : "'";
-            FormatText(text, "%s%s%s is not bound with scope braces {}", quote, ScopeWord(G->scope_kind), quote);
+            FormatText(text, "%s%s%s is not bound with scope braces {}", quote, kBodyWords[G->scope_kind], quote);
             ShortForm(file, line, shown_line, n, text, G);
         }
     }
@@ -85,6 +85,6 @@ void EmitNotice(const char *file, int line, int n, Globals *G) {
 
 void RememberNotice(const char *file, int line, int n, Globals *G) {
     if (G->totals_all || G->totals_notice_summary) {
-        AddNameNode(file, line, n, &G->notice_list, 0, G);
+        AddNameNode(file, line, n, &G->notice_list, G);
     }
 }

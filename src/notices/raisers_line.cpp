@@ -9,8 +9,8 @@
 
 namespace {
 
-// What a notice is about beside its place: 1 if it holds here.
-int IsMeant(int n, const Globals *G) {
+// What a notice is about beside its place: true if it holds here.
+bool IsMeant(int n, const Globals *G) {
     switch (n) {
     case kNoticeEllipsis: return G->quality_notices && !G->catch_flag; // catch (...) takes everything, it is no argument list
     case kNoticeTernary: return !G->macro_flag;
@@ -21,7 +21,7 @@ int IsMeant(int n, const Globals *G) {
     case kNoticeProtectedData: return !G->struct_flag;
     case kNoticeBreak: return G->switch_depth == 0;
     case kNoticeNoParameters: return strchr(G->funcname, '~') == nullptr;
-    default: return 1;
+    default: return true;
     }
 }
 
@@ -136,7 +136,7 @@ void NoticeStray(char closer, Globals *G) {
 void EmitScopeError(Globals *G) {
     if (G->function_metrics && CountNotice(kNoticeBareBody, G) &&
         PrintNotice(kNoticeBareBody, PrintsInPlace(G) && !G->macro_flag, G)) {
-        const char *word = ScopeWord(G->scope_kind);
+        const char *word = kBodyWords[G->scope_kind];
         WriteLong(kNoticeBareBody, G->scope_line, G, kBareBody, word, word);
     }
     static_cast<BodyWatch &>(*G) = BodyWatch{};

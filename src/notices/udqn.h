@@ -28,8 +28,8 @@ void DropUdqn(UdqnRun *ctx);
 void free_udqn(void *record);
 // Frees all rules, and one under construction.
 void ClearUdqn(Globals *G);
-// 1 if the list has a rule of this id. A null list has none.
-int search_udqn_id(int id, const UdqnList *list);
+// True if the list has a rule of this id. A null list has none.
+bool search_udqn_id(int id, const UdqnList *list);
 // The first rule of this id, or null.
 Udqn *get_udqn_ptr(int id, const UdqnList *list);
 // Lists one rule.
@@ -37,8 +37,8 @@ void UdqnShow(const Udqn *record, Globals *G);
 
 // Runs the rules over the line just scanned (eof 0), or at the end of a file (eof 1).
 void udqn_process(const char *text, int eof, Globals *G);
-// 1 if a rule for the current file looks at the code, the comments or the strings of a line.
-int udqn_needs_split(Globals *G);
+// True if a rule for the current file looks at the code, the comments or the strings of a line.
+bool udqn_needs_split(Globals *G);
 // Matches a text; 0 on a match. The offsets go into the record.
 int pcre_match(const char *text, Udqn *record, Globals *G);
 // The sample test: its outcome goes into result, as text. Returns 0 on a match. A null text with a pattern leaves result empty.

@@ -50,7 +50,7 @@ void ChooseRules(Globals *G) {
     *end = nullptr;
 }
 
-// 1 if all flags of a list are set (wanted 1) or clear (wanted 0). A hole asks for nothing.
+// True if all flags of a list are set (wanted 1) or clear (wanted 0). A hole asks for nothing.
 bool FlagsAre(int wanted, const int *numbers, int count, const Globals *G) {
     return std::all_of(numbers, numbers + count, [=](int n) { return n == 0 || G->udqn_flags[n] == wanted; });
 }
@@ -217,9 +217,9 @@ bool Matches(Udqn *record, const char *subject, Globals *G) {
 
 } // namespace
 
-int udqn_needs_split(Globals *G) {
+bool udqn_needs_split(Globals *G) {
     if (!G->udqn_list.count) {
-        return 0;
+        return false;
     }
     if (!G->udqn_chosen) {
         ChooseRules(G);

@@ -99,7 +99,7 @@ Udqn *get_udqn_ptr(int id, const UdqnList *list) {
     return list && list->capacity ? *FindSlot(id, list) : nullptr;
 }
 
-int search_udqn_id(int id, const UdqnList *list) {
+bool search_udqn_id(int id, const UdqnList *list) {
     return get_udqn_ptr(id, list) != nullptr;
 }
 

@@ -2,6 +2,7 @@
 #include "report/entity_lines.h"
 
 #include "report/forms.h"
+#include "run/branches.h"
 #include "run/globals.h"
 
 constexpr Forms<int, int, int, int> kDataLine{
@@ -25,25 +26,6 @@ constexpr Forms<int, int, double> kClassFuncLine{
     .xml = "<total_classes>%d</total_classes>\n<total_functions>%d</total_functions>\n"
            "<average_methods_per_class>%.2f</average_methods_per_class>\n"};
 
-struct DetailRow {
-    int CyclomaticSettings::*counts; // whether it counts as a branch
-    int FunctionCounters::*counter;
-    const char *label;
-};
-
-constexpr DetailRow kDetails[] = {
-    {&CyclomaticSettings::cyclo_while, &FunctionCounters::local_while, "      Loops while / do        : "},
-    {&CyclomaticSettings::cyclo_for, &FunctionCounters::local_for, "      Loops for / foreach     : "},
-    {&CyclomaticSettings::cyclo_switch, &FunctionCounters::local_switch, "      Selection switch        : "},
-    {&CyclomaticSettings::cyclo_case, &FunctionCounters::local_case, "      Selection case          : "},
-    {&CyclomaticSettings::cyclo_if, &FunctionCounters::local_if, "      Conditional if / else if: "},
-    {&CyclomaticSettings::cyclo_else, &FunctionCounters::local_else, "      Conditional else        : "},
-    {&CyclomaticSettings::cyclo_inline_if, &FunctionCounters::local_inline_if, "      Inlined if-else ( ? : ) : "},
-    {&CyclomaticSettings::cyclo_goto, &FunctionCounters::local_goto, "      goto                    : "},
-    {&CyclomaticSettings::cyclo_or, &FunctionCounters::local_or, "      Logical or ( || )       : "},
-    {&CyclomaticSettings::cyclo_and, &FunctionCounters::local_and, "      Logical and ( && )      : "},
-};
-
 void ComplexDetails(int cyclo, const Globals *G) {
     const Mode mode = OutputMode(G);
     if (!G->complexity_metrics || !G->complexity_detail || cyclo < 2 || mode == Mode::kCsv) {
@@ -55,9 +37,9 @@ void ComplexDetails(int cyclo, const Globals *G) {
     }
     Put(mode == Mode::kHtml ? "    <B>Cyclomatic Complexity Vg Detail</B>\n" : "    Cyclomatic Complexity Vg Detail\n");
     Put("      Function Base           : 1\n");
-    for (const DetailRow &row : kDetails) {
-        if (G->*row.counts && G->*row.counter > 0) {
-            PrintOnly(mode, "%s%-6d\n", Shown{row.label}, G->*row.counter);
+    for (const Branch &branch : kBranches) {
+        if (G->*branch.included && G->*branch.counter > 0) {
+            PrintOnly(mode, "%s%-6d\n", Shown{branch.label}, G->*branch.counter);
         }
     }
 }

@@ -75,7 +75,6 @@ struct BaselineRun {
     Llist work_result_list;                       // NodeData per difference
     int blanks_recorded;                          // both hold the records of blank lines
     int line_counts[kLineOperations][kLineKinds]; // of the last line comparison
-    int diff_algorithm;                           // of the last line comparison: 1 longest common sequence, 2 linear lookahead
     WorkTotals newer_totals, older_totals, diff_totals;
     DiffProfile diff_profile[kDiffStates]; // by state: all records that were shown or passed over
     int diff_cfg_shown;                    // the head names the report's configuration

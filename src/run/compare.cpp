@@ -101,21 +101,6 @@ int CompName_NameData(const void *record, const LlistNode *node, int) {
     return CompareName<NameData>(record, node, 0);
 }
 
-int CompareName_Node_Case(const void *key, const LlistNode *node, int) {
-    const char *name = EntityName(node);
-    return key && name ? strcmp(static_cast<const char *>(key), name) : 1;
-}
-
-int CompareName_Node_NoCase(const void *key, const LlistNode *node, int) {
-    const char *name = EntityName(node);
-    return key && name ? strcasecmp(static_cast<const char *>(key), name) : 1;
-}
-
-int ListCompPartName(const void *key, const LlistNode *node, int) {
-    const char *name = EntityName(node);
-    return key && name && strstr(name, static_cast<const char *>(key)) ? 0 : -1;
-}
-
 int IsInName_NodeType(const void *key, const LlistNode *node, int) {
     const char *text = static_cast<const char *>(key);
     const char *name = EntityName(node);

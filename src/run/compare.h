@@ -26,10 +26,7 @@ int CompName_FileData(const void *record, const LlistNode *node, int descending)
 int CompName_NodeData(const void *record, const LlistNode *node, int descending);
 int CompName_NameData(const void *record, const LlistNode *node, int descending);
 
-// Searches; the key is a text, 0 is a match. IsInName_NodeType: the entry is the key or a directory above it.
-int CompareName_Node_Case(const void *key, const LlistNode *node, int descending);
-int CompareName_Node_NoCase(const void *key, const LlistNode *node, int descending);
-int ListCompPartName(const void *key, const LlistNode *node, int descending);
+// A search; the key is a text, 0 is a match: the entry is the key or a directory above it.
 int IsInName_NodeType(const void *key, const LlistNode *node, int descending);
 
 // The comparator of a sort key (-k); null for a key that keeps the order of arrival.

@@ -58,8 +58,7 @@ struct BaselineSettings {
     int relative_work_files;
     int work_seconds_per_hour, work_hours_per_shift, work_shifts_per_day, work_days_per_week;
     int work_hours_per_man_day, work_hours_per_man_week, work_hours_per_man_month, work_hours_per_man_year;
-    int force_lla;         // always use linear lookahead
-    int lla_for_big_files; // use linear lookahead above max_lcs_file_lines
+    int force_lla, lla_for_big_files; // kept for older files: lines are always compared by their longest common sequence
 };
 
 struct FunctionPointFactors {

@@ -58,34 +58,6 @@ LlistNode *LlistAdd(Llist *list, void *record, LlistCompare compare, Globals *G)
     return node;
 }
 
-LlistNode *LlistInsert(Llist *list, LlistNode *node, void *record, int after, Globals *G) {
-    if (!list || (!node && list->head)) {
-        return nullptr;
-    }
-    LlistNode *added = NewNode(record, G);
-    if (added) {
-        LlistNode *neighbour = list->head ? node : nullptr;
-        Link(list, added, neighbour && after ? neighbour->next : neighbour);
-    }
-    return added;
-}
-
-int LlistAddUnique(Llist *list, void *record, LlistCompare compare, Globals *G) {
-    if (!list || !record || (list->head && !compare)) {
-        return 0;
-    }
-    LlistNode *successor = list->head ? FirstNotAhead(list, record, compare, G->sort_descending) : nullptr;
-    if (successor && compare(record, successor, G->sort_descending) == 0) {
-        return 0;
-    }
-    LlistNode *node = NewNode(record, G);
-    if (!node) {
-        return 0;
-    }
-    Link(list, node, successor);
-    return 1;
-}
-
 void LlistConcatenate(Llist *a, Llist *b) {
     if (!b->head) {
         return;
@@ -105,14 +77,6 @@ LlistNode *LlistSearch(const Llist *list, const void *key, LlistCompare compare)
     return node;
 }
 
-LlistNode *LlistGet(const Llist *list, int position) {
-    LlistNode *node = list ? list->head : nullptr;
-    for (; node && position > 1; --position) {
-        node = node->next;
-    }
-    return node;
-}
-
 void LlistShow(const Llist *list, void (*show)(void *record, Globals *G), Globals *G) {
     for (LlistNode *node = list->head; node; node = node->next) {
         show(node->data, G);
@@ -122,18 +86,6 @@ void LlistShow(const Llist *list, void (*show)(void *record, Globals *G), Global
 void LlistDetachNode(Llist *list, LlistNode *node) {
     Unlink(list, node);
     free(node);
-}
-
-void LlistRemoveNodeByData(Llist *list, const void *key, LlistCompare compare, LlistFree free_record) {
-    LlistNode *node = LlistSearch(list, key, compare);
-    if (!node) {
-        return;
-    }
-    if (free_record) {
-        free_record(node->data);
-    }
-    free(node->data);
-    LlistDetachNode(list, node);
 }
 
 void LlistRemoveNodeInList(Llist *list, LlistNode *node, LlistFree free_record) {

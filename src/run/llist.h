@@ -29,25 +29,14 @@ using LlistFree = void (*)(void *record);
 // the record added last stands first. The direction is G's sort_descending. Returns the new node; null, with a message where memory
 // is out, when the record is null or couldn't be added: the caller then still owns the record.
 LlistNode *LlistAdd(Llist *list, void *record, LlistCompare compare, Globals *G);
-// Adds record next to node (behind it if after isn't 0); on an empty list node may be null. Returns the new node or null as
-// LlistAdd.
-LlistNode *LlistInsert(Llist *list, LlistNode *node, void *record, int after, Globals *G);
-// As LlistAdd, but a comparator result of exactly 0 means that the record is there already. Returns 1 when added, else 0: the
-// caller then still owns the record. Without a comparator only an empty list takes the record.
-int LlistAddUnique(Llist *list, void *record, LlistCompare compare, Globals *G);
 // Moves all nodes of b behind a; b ends up empty.
 void LlistConcatenate(Llist *a, Llist *b);
 // The first node for which compare(key, node, 0) is 0, else null.
 LlistNode *LlistSearch(const Llist *list, const void *key, LlistCompare compare);
-// The node at a position counted from 1; positions below 2 give the head, an empty or null list gives null. The position must not
-// exceed count.
-LlistNode *LlistGet(const Llist *list, int position);
 // Calls show(record, G) for every record from the head.
 void LlistShow(const Llist *list, void (*show)(void *record, Globals *G), Globals *G);
 // Unlinks and frees the node; the record stays alive and is the caller's.
 void LlistDetachNode(Llist *list, LlistNode *node);
-// Removes the first match of key, record included, also without a free function. Does nothing without a match.
-void LlistRemoveNodeByData(Llist *list, const void *key, LlistCompare compare, LlistFree free_record);
 // Unlinks and frees a node of the list; its record is freed only when a free function is given.
 void LlistRemoveNodeInList(Llist *list, LlistNode *node, LlistFree free_record);
 // Frees an unlinked node; its record is freed only when a free function is given.

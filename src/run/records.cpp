@@ -24,11 +24,6 @@ void FreeText(char **field) {
     *field = nullptr;
 }
 
-// A big project remembers a notice for every tenth line: record and name are one piece of memory.
-char *NameBehind(NameData *entry) {
-    return reinterpret_cast<char *>(entry + 1);
-}
-
 // Hands a finished record to the list, or frees it with its texts.
 int AddOrFree(bool complete, void *record, LlistFree free_texts, Llist *list, LlistCompare compare, Globals *G) {
     if (complete && LlistAdd(list, record, compare, G)) {
@@ -78,26 +73,18 @@ int AddFileNode(const char *name, int64_t date, int64_t size, int language, cons
     return AddOrFree(StoreText(&file->name, name), file, FileDataFree, list, FileDataComparator(sort_key), G);
 }
 
-int AddNameNode(const char *name, int line, int number, Llist *list, int sort_flag, Globals *G) {
+int AddNameNode(const char *name, int line, int number, Llist *list, Globals *G) {
     if (!name || !list) {
         return 0;
     }
     const size_t bytes = strlen(name) + 1;
-    NameData *entry = static_cast<NameData *>(malloc(sizeof(NameData) + bytes));
+    NameData *entry = static_cast<NameData *>(malloc(sizeof(NameData) + bytes)); // one piece: notices may come in millions
     if (!entry) {
         return 0;
     }
-    *entry = {NameBehind(entry), line, number};
+    *entry = {reinterpret_cast<char *>(entry + 1), line, number};
     memcpy(entry->name, name, bytes);
-    return AddOrFree(true, entry, NameDataFree, list, sort_flag == 1 ? CompName_NameData : nullptr, G);
-}
-
-// The caller has let go of the record, so one that can't be added ends here.
-int AddNameRawNode(NameData *record, int sort_flag, Llist *list, Globals *G) {
-    if (record) {
-        AddOrFree(true, record, NameDataFree, list, sort_flag == 1 ? CompName_NameData : nullptr, G);
-    }
-    return 1;
+    return AddOrFree(true, entry, NameDataFree, list, nullptr, G);
 }
 
 int AddDirMetricsNode(const char *directory, Globals *G) {
@@ -117,11 +104,7 @@ void NodeDataFree(void *record) {
 }
 
 void NameDataFree(void *record) {
-    NameData *entry = static_cast<NameData *>(record);
-    if (entry->name != NameBehind(entry)) {
-        free(entry->name);
-    }
-    entry->name = nullptr;
+    static_cast<NameData *>(record)->name = nullptr;
 }
 
 void FileDataFree(void *record) {

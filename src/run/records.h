@@ -57,7 +57,7 @@ struct NodeData : Named, LineCounts {
 };
 
 struct NameData {
-    char *name; // owned; a heap text, or the memory behind the record
+    char *name; // the memory behind the record
     int line;   // of a notice or a #define; 0 for an entry of the macro file or a directory
     int number; // of a notice; 1 for a macro of the macro file, 0 for a #define
 };
@@ -68,10 +68,8 @@ int AddListNode(int sort_key, const NodeData &like, Llist *list, Globals *G);
 // Creates a FileData in list, sorted by sort_key. A null name or list is refused.
 int AddFileNode(const char *name, int64_t date, int64_t size, int language, const FunctionPointValues &points,
                 const Metrics &metrics, Llist *list, int sort_key, Globals *G);
-// Creates a NameData in list; sort_flag 1 sorts by name, anything else appends.
-int AddNameNode(const char *name, int line, int number, Llist *list, int sort_flag, Globals *G);
-// Adds an existing NameData, which the list then owns. Always 1.
-int AddNameRawNode(NameData *record, int sort_flag, Llist *list, Globals *G);
+// Appends a NameData to list. Record and name are one piece of memory.
+int AddNameNode(const char *name, int line, int number, Llist *list, Globals *G);
 // Adds a directory to dir_metrics_list, sorted by name.
 int AddDirMetricsNode(const char *directory, Globals *G);
 

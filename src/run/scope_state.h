@@ -44,7 +44,8 @@ struct DirectiveState {
     int error_flag;  // a #error
 };
 
-enum BodyKind { kNoBody, kDo, kElse, kFor, kIf, kWhile };
+enum BodyKind { kNoBody, kDo, kElse, kFor, kIf, kWhile, kBodyKinds };
+inline constexpr const char *kBodyWords[kBodyKinds] = {" ", "do", "else", "for", "if", "while"};
 
 // The body of a statement, looked out for until it is known whether it stands in braces.
 struct BodyWatch {

@@ -29,7 +29,7 @@ void EnterRoots(const Globals *G) {
     }
 }
 
-int IsAhead(const TreeData *a, const TreeData *b, Globals *G) {
+bool IsAhead(const TreeData *a, const TreeData *b, Globals *G) {
     const TreeData *root = RootOf(a), *other = RootOf(b);
     if (root != other) {
         return FirstByClimbing(root, other, G);

@@ -33,27 +33,27 @@ const char *NextParent(const char *text, LineText &parent) {
     return *end ? end + 1 : nullptr;
 }
 
-int HasParents(const NodeData *record) {
+bool HasParents(const NodeData *record) {
     return record->inherit_line && *record->inherit_line > ' ';
 }
 
-int IsClass(const NodeData *record) {
+bool IsClass(const NodeData *record) {
     return record->name && *record->name > ' ';
 }
 
 // ns::Base is known by its full name; Base may mean the Base of the child's scope, or of any.
-int IsQualified(const char *parent) {
+bool IsQualified(const char *parent) {
     return *parent > ' ' && strpbrk(parent, ":.");
 }
 
 // The child's name up to its last ":", or else its last ".", in front of the parent's.
-int InScopeOf(const char *child, const char *parent, LineText &text) {
+bool InScopeOf(const char *child, const char *parent, LineText &text) {
     const char *end = strrchr(child, ':');
     if (!end) {
         end = strrchr(child, '.');
     }
     if (!end) {
-        return 0;
+        return false;
     }
     CopyPart(text, child, static_cast<size_t>(end + 1 - child));
     return AppendText(text, parent);
@@ -93,7 +93,7 @@ void AddBaseClass(const NodeData *record, Globals *G) {
     AddTreeNodeByName(record->name, inherit, record->file, record->line, record->parents, G);
 }
 
-int EndsInScope(const char *name) {
+bool EndsInScope(const char *name) {
     const size_t length = strlen(name);
     return length && (name[length - 1] == ':' || name[length - 1] == '.');
 }

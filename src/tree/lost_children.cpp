@@ -155,7 +155,7 @@ int LoadLostChildParents(Globals *G) {
 
 } // namespace
 
-int IsLost(const char *name, const char *parent, const Globals *G) {
+bool IsLost(const char *name, const char *parent, const Globals *G) {
     const TreeData *node = NodeOfName(&G->lost_names, name);
     while (node && (node->above || strcmp(node->parent, parent) != 0)) {
         node = node->same[1];

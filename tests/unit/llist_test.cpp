@@ -17,10 +17,6 @@ int SameAddress(const void *key, const LlistNode *node, int) {
     return key == node->data ? 0 : 1;
 }
 
-NameData *NewName(const char *name, int line) {
-    return new (calloc(1, sizeof(NameData))) NameData{strdup(name), line, 0};
-}
-
 // Names from the head; every link is checked on the way.
 template <class T> std::string Names(const Llist &list) {
     std::string names;
@@ -44,15 +40,13 @@ TEST_CASE_FIXTURE(ListBench, "list: the chain stays whole through every operatio
     LlistDestroy(&list, NameDataFree);
     CHECK(LlistAdd(&list, nullptr, nullptr, G) == nullptr);
     for (const char *name : {"a", "m", "n", "z"}) {
-        LlistAdd(&list, NewName(name, 0), nullptr, G);
+        AddNameNode(name, 0, 0, &list, G);
     }
-    CHECK(Names<NameData>(list) == "a m n z");
-    LlistNode *m = list.head->next;
     LlistRemoveNodeInList(&list, list.head, NameDataFree);
     LlistRemoveNodeInList(&list, list.tail, NameDataFree);
     CHECK(Names<NameData>(list) == "m n");
-    NameData *kept = Record<NameData>(m);
-    LlistDetachNode(&list, m);
+    NameData *kept = Record<NameData>(list.head);
+    LlistDetachNode(&list, list.head);
     CHECK(std::string(kept->name) == "m");
     CHECK(Names<NameData>(list) == "n");
 
@@ -142,6 +136,7 @@ TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
     CHECK(position("/src/lib/x", IsInName_NodeType) == "/src/lib");
     CHECK(position("/src", IsInName_NodeType) == "/src");
     CHECK(position("/src2", IsInName_NodeType) == "-"); // a neighbour
+    CHECK(LlistSearch(&dirs, nullptr, IsInName_NodeType) == nullptr);
     LlistDestroy(&dirs, NodeDataFree);
 }
 

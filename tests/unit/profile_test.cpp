@@ -113,7 +113,7 @@ TEST_CASE("notice summary: order of names, every mode") {
     G->relative_html_links = 1;
     CopyText(G->html_notice_color, "red");
     for (const char *name : {"d/b&.c", "a,.c", "d/b&.c"}) {
-        AddNameNode(name, 7, 22, &G->notice_list, 0, G);
+        AddNameNode(name, 7, 22, &G->notice_list, G);
     }
     G->sort_active = 1;
     std::string text = Written([&] { ShowNoticeSummary(G); });

@@ -28,19 +28,19 @@
 
 namespace {
 
-int Holds(const char *line, const char *token) {
+bool Holds(const char *line, const char *token) {
     return *token && strstr(line, token);
 }
 
 // Follows the skip tokens, which are searched in the raw line, in comments and strings too; only the first that matches counts.
-// Returns 1 if the line is to be skipped: the line of the end token still is.
-int FollowSkipTokens(const char *line, Globals *G) {
+// True if the line is to be skipped: the line of the end token still is.
+bool FollowSkipTokens(const char *line, Globals *G) {
     if (Holds(line, G->skip_start_token)) {
         G->skip_lines_active = 1;
         NoticeAtLine(kNoticeSkipLines, G);
     } else if (Holds(line, G->skip_end_token)) {
         G->skip_lines_active = 0;
-        return 1;
+        return true;
     } else if (Holds(line, G->quality_skip_start_token)) {
         G->skip_quality_active = 0; // this notice isn't held back by a region that is open already
         NoticeAtLine(kNoticeSkipNotices, G);

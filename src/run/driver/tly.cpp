@@ -137,7 +137,7 @@ void BeginListing(Globals *G) {
 }
 
 // Listings and rewritten sources are not measured, so there is nothing that a baseline could hold.
-int HasRecords(const Globals *G) {
+bool HasRecords(const Globals *G) {
     return !G->print_mode && !G->decharacter_mode;
 }
 
@@ -271,7 +271,7 @@ void ProjectReports(Globals *G) {
 }
 
 // Listings, extractions and rewritten sources have no totals.
-int HasTotals(const Globals *G) {
+bool HasTotals(const Globals *G) {
     return !G->print_mode && !G->comment_doc_mode && !G->extract_mode && !G->decharacter_mode;
 }
 
