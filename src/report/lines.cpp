@@ -62,8 +62,8 @@ void LOCFileAvg(int loc, int eloc, int lloc, int comments, int lines, int files,
     }
     const Mode mode = OutputMode(G) == Mode::kXml ? Mode::kText : OutputMode(G);
     const auto average = [files](int sum) { return std::max(sum, 0) / files; };
-    PrintAs(mode, kAverageHeading, files);
-    PrintAs(mode, kLocLine, average(loc), average(eloc), average(lloc), average(comments), lines / files);
+    PrintAs(mode, G, kAverageHeading, files);
+    PrintAs(mode, G, kLocLine, average(loc), average(eloc), average(lloc), average(comments), lines / files);
 }
 
 void FPLOCLine(const char *file, int loc, int eloc, int lloc, Globals *G) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "run/globals.h"
+#include "run/mode.h"
 
 static constexpr size_t kMaxWrapped = 2046; // characters of a wrapped name
 
@@ -28,6 +29,18 @@ void AdjNameLength(const char *name, std::span<char> out, int width, int indent,
         }
     }
     out[used] = '\0';
+}
+
+void AdjNameLength(const char *name, std::span<char> out, Wrap wrap, const Globals *G) {
+    AdjNameLength(name, out, wrap.width, wrap.indent, G);
+}
+
+const char *OnPage(const char *name, std::span<char> room, Wrap wrap, const Globals *G) {
+    if (!IsPage(OutputMode(G))) {
+        return name;
+    }
+    AdjNameLength(name, room, wrap, G);
+    return room.data();
 }
 
 static LineText link_text; // the answer of PathFile and HTMLPathFile
