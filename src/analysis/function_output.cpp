@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "config/languages.h"
 #include "report/entity_lines.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
@@ -184,9 +185,14 @@ void EmitFunction(Globals *G) {
 void ShowFunction(const LineCounts &lines, Globals *G) {
     const int cyclo = GetCycloComplexity(G);
     if (G->csv_function_lines) {
-        std::replace(G->params, G->params + strlen(G->params), ',', ';');
-        CSV_Function_Line(gTLYOUT, G->funcname, G->params, 0, lines.loc, lines.eloc, lines.lloc, lines.comments, lines.blanks,
-                          lines.lines, 0, 1, G->local_params, G->local_return, cyclo, 0, 0, G);
+        NodeData function{};
+        static_cast<LineCounts &>(function) = lines;
+        function.name = G->funcname;
+        function.parameters = G->params;
+        function.params = G->local_params;
+        function.returns = G->local_return;
+        function.cyclo = cyclo;
+        CSV_Function_Line(function, G);
         return;
     }
     if (G->totals_only || G->comment_doc_mode) {
@@ -195,7 +201,7 @@ void ShowFunction(const LineCounts &lines, Globals *G) {
     ComplexDetails(cyclo, G);
     ComplexLine(G->local_params, G->local_return, cyclo, G);
     LOCLine(lines.loc, lines.eloc, lines.lloc, lines.comments, lines.lines, G);
-    FPLOCLine(nullptr, lines.loc, lines.eloc, lines.lloc, G);
+    FPLOCLine(LanguageInHand(G), lines.loc, lines.eloc, lines.lloc, G);
     if (G->quality_notices) {
         ShowStateLine(G->file_line_no, "Function End", G);
     } else {

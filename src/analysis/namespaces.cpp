@@ -62,7 +62,7 @@ int CutLastPart(char *name) {
     return 0;
 }
 
-void AddFigures(NodeData *sum, const NodeData *record) {
+void AddMembers(NodeData *sum, const NodeData *record) {
     Add(*sum, *record);
     sum->cyclo += record->cyclo;
     sum->returns += record->returns;
@@ -73,7 +73,7 @@ void AddFigures(NodeData *sum, const NodeData *record) {
     sum->public_data += record->public_data;
     sum->protected_data += record->protected_data;
     sum->private_data += record->private_data;
-    sum->percent += record->percent;
+    sum->functions += record->functions;
 }
 
 } // namespace
@@ -197,7 +197,7 @@ void Add_Class2namespace(const NodeData *record, int only_count, Globals *G) {
         }
         if (strcmp(found->name, "Anonymous") != 0) {
             if (!only_count) {
-                AddFigures(found, record);
+                AddMembers(found, record);
             }
             ++found->nesting;
         }

@@ -147,13 +147,6 @@ void FileShow(void *file, Globals *G) {
     PrintOnly(OutputMode(G), "%s\n", Shown{static_cast<const FileData *>(file)->name});
 }
 
-// The sums of all files shown so far; wider than a file's own figures, so that no project overflows them.
-struct FileSums : FunctionPointValues {
-    int64_t files, size;
-    int64_t functions, notices, params, returns, cyclo;
-    int64_t loc, eloc, lloc, comments, lines;
-};
-
 static void AddFile(FileSums &sums, const FileData &file) {
     sums.files += 1;
     sums.size += file.size;
@@ -218,7 +211,7 @@ static void ShowSumsBlock(const char *label, const FileData &file, Globals *G) {
 }
 
 void FileDetailShow(const FileData *file, Globals *G) {
-    static FileSums sums;
+    FileSums &sums = G->file_sums;
     if (file) {
         AddFile(sums, *file);
         Print(G, kFileOpen);

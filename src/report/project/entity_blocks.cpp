@@ -95,10 +95,10 @@ static void ShowDetail(const Detail &detail, const char *page, const char *data,
     }
 }
 
-static void ShowComplexityAndLines(const NodeData *record, Globals *G) {
+static void ShowComplexityAndLines(const NodeData *record, const Globals *G) {
     ComplexLine(WholeNumber(static_cast<double>(record->params)), record->returns, record->cyclo, G);
     LOCLine(record->loc, record->eloc, record->lloc, record->comments, record->lines, G);
-    FPLOCLine(record->file, record->loc, record->eloc, record->lloc, G);
+    FPLOCLine(record->language, record->loc, record->eloc, record->lloc, G);
 }
 
 static void CloseBlock(const Head &head, const Globals *G) {
@@ -136,7 +136,7 @@ void FunctionDataShow(NodeData *record, Globals *G) {
 }
 
 // The rows and lines that classes and interfaces have in common.
-static void ShowMembers(const Head &head, const NodeData *record, Globals *G) {
+static void ShowMembers(const Head &head, const NodeData *record, const Globals *G) {
     DataLine(record->public_data, record->protected_data, record->private_data, G);
     MethodLine(record->public_methods, record->protected_methods, record->private_methods, G);
     ShowComplexityAndLines(record, G);
