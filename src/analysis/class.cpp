@@ -12,6 +12,7 @@
 #include "analysis/parse_line.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
+#include "config/languages.h"
 #include "notices/raise.h"
 #include "report/entity_lines.h"
 #include "report/lines.h"
@@ -70,9 +71,10 @@ int UpdateClassRecord(NodeData *record, const char *inherit, const char *templat
         record->parents = CountParents(inherit);
     }
     record->file = G->file_name;
+    record->language = LanguageInHand(G);
     record->line = G->file_line_no;
     record->nesting = G->class_index;
-    record->is_struct = G->struct_flag;
+    record->is_struct = G->struct_flag != 0;
     return 1;
 }
 
@@ -170,7 +172,7 @@ void ShowFigures(const EntityFigures &figures, Globals *G) {
     DataLine(G->cls_pub_data, G->cls_prot_data, G->cls_priv_data, G);
     MethodLine(G->cls_pub_methods, G->cls_prot_methods, G->cls_priv_methods, G);
     LOCLine(figures.loc, figures.eloc, figures.lloc, figures.comments, figures.lines, G);
-    FPLOCLine(nullptr, figures.loc, figures.eloc, figures.lloc, G);
+    FPLOCLine(LanguageInHand(G), figures.loc, figures.eloc, figures.lloc, G);
 }
 
 void ReportClass(const EntityFigures &figures, Globals *G) {

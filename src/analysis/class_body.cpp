@@ -80,7 +80,7 @@ void CountData(const Section &section, const char *line, Globals *G) {
         LineText shown;
         CopyText(shown, Ltrim(line));
         stripLF(shown);
-        PrintAs(FreeTextMode(G), section.data_line, G->file_line_no, Shown{shown}); // the source as it is, commas too
+        PrintAs(FreeTextMode(G), G, section.data_line, G->file_line_no, Shown{shown}); // the source as it is, commas too
     }
 }
 

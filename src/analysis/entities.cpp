@@ -6,6 +6,7 @@
 
 #include <cerrno>
 
+#include "config/languages.h"
 #include "run/globals.h"
 #include "run/mode.h"
 
@@ -34,7 +35,8 @@ NodeData *AddRecord(const char *name, const char *inherit, const char *template_
     record.line = line;
     record.nesting = nesting;
     record.parents = parents;
-    record.is_struct = is_struct;
+    record.is_struct = is_struct != 0;
+    record.language = LanguageInHand(G);
     const int added = AddListNode(0, record, list, G);
     return EnterLast(added, list, index, G);
 }

@@ -13,6 +13,7 @@
 #include "analysis/parse_line.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
+#include "config/languages.h"
 #include "notices/raise.h"
 #include "run/compare.h"
 #include "run/globals.h"
@@ -94,6 +95,7 @@ int AddRecord(const EntityFigures &f, int cyclo, Globals *G) {
     record.params = G->local_params;
     record.returns = G->local_return;
     record.cyclo = cyclo;
+    record.language = LanguageInHand(G);
     return AddListNode(0, record, &G->function_list, G);
 }
 
@@ -103,7 +105,7 @@ void AddFunction(NodeData *sum, const LineCounts &lines, int cyclo, int64_t para
     sum->cyclo += cyclo;
     sum->params += params;
     sum->returns += returns;
-    sum->percent += 1.0F;
+    ++sum->functions;
 }
 
 void ShowTail(const EntityFigures &f, Globals *G) {
@@ -246,7 +248,7 @@ void Add_Func2Class(const LineCounts &lines, int cyclo, int params, int returns,
 }
 
 void Add_Func2namespace(const NodeData &function, Globals *G) {
-    if (G->treat_c_headers_as_cpp || G->is_cpp || G->is_cs) {
+    if (G->treat_c_headers_as_cpp || function.language == kCppGroup || function.language == kCsGroup) {
         G->class_lang_seen = 1;
     }
     const char *colon = strchr(function.name, ':');

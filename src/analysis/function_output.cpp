@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "config/languages.h"
 #include "report/entity_lines.h"
 #include "report/file_reports.h"
 #include "report/forms.h"
@@ -17,96 +18,88 @@
 
 namespace {
 
-// Columns of a line and blanks in front of the lines that follow: a name or a template, and parameters.
-constexpr int kNameWidth = 62, kNameIndent = 12;
-constexpr int kInlineWidth = 55, kInlineIndent = 19;
-constexpr int kParamsWidth = 60, kParamsIndent = 14;
-
-using Text = forms::Format<Shown>;                 // a text
-using Coloured = forms::Format<Shown, Shown>;      // a colour and a text
-using Linked = forms::Format<Shown, Shown, Shown>; // a link, a colour and a text
-using Pair = forms::Format<Shown, Shown>;          // name and parameters
-using Triple = forms::Format<Shown, Shown, Shown>; // template, name, parameters
-using Numbered = forms::Format<int, Shown, Shown>; // line, name, parameters
+constexpr Wrap kNameWrap = Behind("Function"), kInlineWrap = Behind("Inline Function"), kParamsWrap = Behind("Parameters");
 
 // The pairs are for a plain and for an inline function.
-constexpr Text kTextName[] = {"  Function: %s\n", "  Inline Function: %s\n"};
-constexpr Text kTextParams = "  Parameters: %s\n";
-constexpr Text kTextTemplate = "  Template: %s\n";
 
-constexpr Pair kTextRow[] = {"  %s %s\n", "  Inline %s %s\n"};
-constexpr Triple kTextTemplateRow[] = {"  template %s %s %s\n", "  inline template %s %s %s\n"};
+// The lines of a page.
+constexpr Forms<LinkTo, Shown> kName[] = {
+    {.text = "  Function: %s\n",
+     .html = "  <b><a href=\"%{href}\" target=\"_blank\">Function</a></b>: <b><font color=\"%{function}\">%s</font></b>\n"},
+    {.text = "  Inline Function: %s\n", .html = "  <b>Inline Function</b>: <b><font color=\"%{function}\">%s</font></b>\n"}};
+constexpr Forms<Shown> kParameters{.text = "  Parameters: %s\n",
+                                   .html = "  <b>Parameters</b>: <b><font color=\"%{function_parameter}\">%s</font></b>\n"};
+constexpr Forms<Shown> kTemplate{.text = "  Template: %s\n",
+                                 .html = "  <b>Template</b>: <b><font color=\"%{template}\">%s</font></b>\n"};
 
-constexpr forms::Format<Shown, ShownList> kCsvRow[] = {"Function,%s,%s", "Inline Function,%s,%s"};
-constexpr Text kCsvTemplate = ",template %s";
+// The row of a listing: its begin, with a template for those that have one; name and parameters; the template.
+constexpr Forms<> kRow[] = {{.text = "  ", .html = "  <b><font color=\"%{function}\">", .csv = "Function,"},
+                            {.text = "  Inline ", .html = "  <b>Inline <font color=\"%{function}\">", .csv = "Inline Function,"}};
+constexpr Forms<Shown> kTemplateRow[] = {
+    {.text = "  template %s ", .html = "  <b><font color=\"%{function}\">", .csv = "Function,"},
+    {.text = "  inline template %s ", .html = "  <b>Inline <font color=\"%{function}\">", .csv = "Inline Function,"}};
+constexpr Forms<Shown, ShownList> kRowTexts{
+    .text = "%s %s", .html = "%s</font></b> <b><font color=\"%{function_parameter}\">%s</font></b>", .csv = "%s,%s"};
+constexpr Forms<Shown> kRowTemplate{.html = " <b>template</b> <b><font color=\"%{template}\">%s</font></b>", .csv = ",template %s"};
 
-constexpr Numbered kXmlBody = "<line>%d</line>\n<name>%s</name>\n<parameters>%s</parameters>\n";
-constexpr Text kXmlTemplate = "<template>%s</template>\n";
+constexpr forms::Format<int, Shown, Shown> kXmlBody = "<line>%d</line>\n<name>%s</name>\n<parameters>%s</parameters>\n";
+constexpr forms::Format<Shown> kXmlTemplate = "<template>%s</template>\n";
 
-constexpr Linked kHtmlName = "  <b><a href=\"%s\" target=\"_blank\">Function</a></b>: <b><font color=\"%s\">%s</font></b>\n";
-constexpr Coloured kHtmlInlineName = "  <b>Inline Function</b>: <b><font color=\"%s\">%s</font></b>\n";
-constexpr Coloured kHtmlParams = "  <b>Parameters</b>: <b><font color=\"%s\">%s</font></b>\n";
-constexpr Coloured kHtmlTemplate = "  <b>Template</b>: <b><font color=\"%s\">%s</font></b>\n";
-
-constexpr Coloured kHtmlRowName[] = {"  <b><font color=\"%s\">%s</font></b>", "  <b>Inline <font color=\"%s\">%s</font></b>"};
-constexpr Coloured kHtmlRowParams = " <b><font color=\"%s\">%s</font></b>";
-constexpr Coloured kHtmlRowTemplate = " <b>template</b> <b><font color=\"%s\">%s</font></b>";
-
-// The head and the tail of notice mode.
-constexpr Text kBeginName = "  Function: %s\n";
-constexpr Coloured kHtmlBeginName = "  <b>Function</b>: <b><font color=\"%s\">%s</font></b>\n";
-constexpr Coloured kHtmlBeginParams = "  <b>Parameters:</b> <b><font color=\"%s\">%s</font></b>\n";
-constexpr Coloured kHtmlBeginTemplate = "  <b>Template:</b> <b><font color=\"%s\">%s</font></b>\n";
+// The head and the tail of notice mode, which stand in a CSV report as they stand on a page.
+constexpr Forms<Shown> kBeginName{.text = "  Function: %s\n",
+                                  .html = "  <b>Function</b>: <b><font color=\"%{function}\">%s</font></b>\n",
+                                  .xml = "  Function: %s\n"};
+constexpr Forms<Shown> kBeginParameters{.text = "  Parameters: %s\n",
+                                        .html = "  <b>Parameters:</b> <b><font color=\"%{function_parameter}\">%s</font></b>\n",
+                                        .xml = "  Parameters: %s\n"};
+constexpr Forms<Shown> kBeginTemplate{.text = "  Template: %s\n",
+                                      .html = "  <b>Template:</b> <b><font color=\"%{template}\">%s</font></b>\n",
+                                      .xml = "  Template: %s\n"};
 
 // The texts of a function as they are shown, wrapped where the form wraps.
 struct Identity {
     LineText name, params, template_text;
-    int is_inline;
-    int has_template;
+    bool is_inline;
+    bool has_template;
 };
 
-void Wrap(Identity &f, int width, int indent, const Globals *G) {
-    AdjNameLength(G->funcname, f.name, width, indent, G);
-    AdjNameLength(G->params, f.params, kParamsWidth, kParamsIndent, G);
-    AdjNameLength(G->func_template_text, f.template_text, width, indent, G);
+void Break(Identity &f, Wrap wrap, const Globals *G) {
+    AdjNameLength(G->funcname, f.name, wrap, G);
+    AdjNameLength(G->params, f.params, kParamsWrap, G);
+    AdjNameLength(G->func_template_text, f.template_text, wrap, G);
 }
 
 void ReadIdentity(Identity &f, const Globals *G) {
     const Mode mode = OutputMode(G);
     // a method with a body in its class is inline without the word
     f.is_inline = G->inline_flag || (G->class_flag && G->is_cpp && !G->list_functions);
-    f.has_template = G->func_template;
+    f.has_template = G->func_template != 0;
     if (G->list_functions || mode == Mode::kCsv || mode == Mode::kXml) {
         CopyText(f.name, G->funcname);
         CopyText(f.params, G->params);
         CopyText(f.template_text, G->func_template_text);
-    } else if (f.is_inline) {
-        Wrap(f, kInlineWidth, kInlineIndent, G);
     } else {
-        Wrap(f, kNameWidth, kNameIndent, G);
+        Break(f, f.is_inline ? kInlineWrap : kNameWrap, G);
     }
 }
 
-void EmitText(const Identity &f) {
-    PrintOnly(Mode::kText, kTextName[f.is_inline], Shown{f.name});
-    PrintOnly(Mode::kText, kTextParams, Shown{f.params});
+void EmitPage(const Identity &f, const Globals *G) {
+    Print(G, kName[f.is_inline], LinkTo{G->file_name}, Shown{f.name});
+    Print(G, kParameters, Shown{f.params});
     if (f.has_template) {
-        PrintOnly(Mode::kText, kTextTemplate, Shown{f.template_text});
+        Print(G, kTemplate, Shown{f.template_text});
     }
 }
 
-void EmitTextRow(const Identity &f) {
+void EmitRow(const Identity &f, const Globals *G) {
     if (f.has_template) {
-        PrintOnly(Mode::kText, kTextTemplateRow[f.is_inline], Shown{f.template_text}, Shown{f.name}, Shown{f.params});
+        Print(G, kTemplateRow[f.is_inline], Shown{f.template_text});
     } else {
-        PrintOnly(Mode::kText, kTextRow[f.is_inline], Shown{f.name}, Shown{f.params});
+        Print(G, kRow[f.is_inline]);
     }
-}
-
-void EmitCsvRow(const Identity &f) {
-    PrintOnly(Mode::kCsv, kCsvRow[f.is_inline], Shown{f.name}, ShownList{f.params});
+    Print(G, kRowTexts, Shown{f.name}, ShownList{f.params});
     if (f.has_template) {
-        PrintOnly(Mode::kCsv, kCsvTemplate, Shown{f.template_text});
+        Print(G, kRowTemplate, Shown{f.template_text});
     }
     Put("\n");
 }
@@ -126,41 +119,15 @@ void EmitXml(const Identity &f, const Globals *G) {
     Put("</function>\n");
 }
 
-void EmitHtml(const Identity &f, const Globals *G) {
-    if (f.is_inline) {
-        PrintOnly(Mode::kHtml, kHtmlInlineName, Shown{G->html_function_color}, Shown{f.name});
-    } else {
-        std::string link;
-        url_encode(HTMLPathFile(G->file_name, G), link);
-        PrintOnly(Mode::kHtml, kHtmlName, Shown{link.c_str()}, Shown{G->html_function_color}, Shown{f.name});
-    }
-    PrintOnly(Mode::kHtml, kHtmlParams, Shown{G->html_function_parameter_color}, Shown{f.params});
-    if (f.has_template) {
-        PrintOnly(Mode::kHtml, kHtmlTemplate, Shown{G->html_template_color}, Shown{f.template_text});
-    }
-}
-
-void EmitHtmlRow(const Identity &f, const Globals *G) {
-    PrintOnly(Mode::kHtml, kHtmlRowName[f.is_inline], Shown{G->html_function_color}, Shown{f.name});
-    PrintOnly(Mode::kHtml, kHtmlRowParams, Shown{G->html_function_parameter_color}, Shown{f.params});
-    if (f.has_template) {
-        PrintOnly(Mode::kHtml, kHtmlRowTemplate, Shown{G->html_template_color}, Shown{f.template_text});
-    }
-    Put("\n");
-}
-
 void EmitLines(const Globals *G) {
     Identity f;
     ReadIdentity(f, G);
-    switch (OutputMode(G)) {
-    case Mode::kText: G->list_functions ? EmitTextRow(f) : EmitText(f); break;
-    case Mode::kHtml: G->list_functions ? EmitHtmlRow(f, G) : EmitHtml(f, G); break;
-    case Mode::kXml: EmitXml(f, G); break;
-    case Mode::kCsv:
-        if (G->list_functions) {
-            EmitCsvRow(f);
-        }
-        break;
+    if (OutputMode(G) == Mode::kXml) {
+        EmitXml(f, G);
+    } else if (G->list_functions) {
+        EmitRow(f, G);
+    } else {
+        EmitPage(f, G);
     }
 }
 
@@ -175,20 +142,12 @@ void FunctionBegin(Globals *G) {
         ShowStateLine(G->file_line_no, "Function Begin", G);
     }
     Identity f;
-    Wrap(f, kNameWidth, kNameIndent, G);
+    Break(f, kNameWrap, G);
     const Mode mode = FreeTextMode(G);
-    if (mode == Mode::kHtml) {
-        PrintOnly(mode, kHtmlBeginName, Shown{G->html_function_color}, Shown{f.name});
-        PrintOnly(mode, kHtmlBeginParams, Shown{G->html_function_parameter_color}, Shown{f.params});
-        if (G->func_template) {
-            PrintOnly(mode, kHtmlBeginTemplate, Shown{G->html_template_color}, Shown{f.template_text});
-        }
-        return;
-    }
-    PrintOnly(mode, kBeginName, Shown{f.name});
-    PrintOnly(mode, kTextParams, Shown{f.params});
+    PrintAs(mode, G, kBeginName, Shown{f.name});
+    PrintAs(mode, G, kBeginParameters, Shown{f.params});
     if (G->func_template) {
-        PrintOnly(mode, kTextTemplate, Shown{f.template_text});
+        PrintAs(mode, G, kBeginTemplate, Shown{f.template_text});
     }
 }
 
@@ -196,15 +155,10 @@ void FunctionEnd(Globals *G) {
     if (G->totals_only) {
         return;
     }
-    const Mode mode = FreeTextMode(G);
     LineText name;
-    AdjNameLength(G->funcname, name, kNameWidth, kNameIndent, G);
+    AdjNameLength(G->funcname, name, kNameWrap, G);
     Put("\n");
-    if (mode == Mode::kHtml) {
-        PrintOnly(mode, kHtmlBeginName, Shown{G->html_function_color}, Shown{name});
-    } else {
-        PrintOnly(mode, kBeginName, Shown{name});
-    }
+    PrintAs(FreeTextMode(G), G, kBeginName, Shown{name});
 }
 
 void EmitFunction(Globals *G) {
@@ -231,9 +185,14 @@ void EmitFunction(Globals *G) {
 void ShowFunction(const LineCounts &lines, Globals *G) {
     const int cyclo = GetCycloComplexity(G);
     if (G->csv_function_lines) {
-        std::replace(G->params, G->params + strlen(G->params), ',', ';');
-        CSV_Function_Line(gTLYOUT, G->funcname, G->params, 0, lines.loc, lines.eloc, lines.lloc, lines.comments, lines.blanks,
-                          lines.lines, 0, 1, G->local_params, G->local_return, cyclo, 0, 0, G);
+        NodeData function{};
+        static_cast<LineCounts &>(function) = lines;
+        function.name = G->funcname;
+        function.parameters = G->params;
+        function.params = G->local_params;
+        function.returns = G->local_return;
+        function.cyclo = cyclo;
+        CSV_Function_Line(function, G);
         return;
     }
     if (G->totals_only || G->comment_doc_mode) {
@@ -242,7 +201,7 @@ void ShowFunction(const LineCounts &lines, Globals *G) {
     ComplexDetails(cyclo, G);
     ComplexLine(G->local_params, G->local_return, cyclo, G);
     LOCLine(lines.loc, lines.eloc, lines.lloc, lines.comments, lines.lines, G);
-    FPLOCLine(nullptr, lines.loc, lines.eloc, lines.lloc, G);
+    FPLOCLine(LanguageInHand(G), lines.loc, lines.eloc, lines.lloc, G);
     if (G->quality_notices) {
         ShowStateLine(G->file_line_no, "Function End", G);
     } else {

@@ -16,20 +16,21 @@
 
 namespace {
 
-struct ScopeLine {
-    const char *label;
-    int width, indent; // of the name
-};
-
 // clang-format off
-constexpr ScopeLine kScopeLines[2][2][2] = {
-    // at the end                      at the begin
-    {{{"Namespace End",        57, 17}, {"Namespace Begin",        55, 19}},
-     {{"Nested Namespace End", 50, 24}, {"Nested Namespace Begin", 48, 26}}},
-    {{{"Package End",          59, 15}, {"Package Begin",          57, 17}},
-     {{"Nested Package End",   52, 22}, {"Nested Package Begin",   50, 24}}},
+constexpr const char *kScopeLabels[2][2][2] = {
+    // at the end              at the begin
+    {{"Namespace End",        "Namespace Begin"},
+     {"Nested Namespace End", "Nested Namespace Begin"}},
+    {{"Package End",          "Package Begin"},
+     {"Nested Package End",   "Nested Package Begin"}},
 };
 // clang-format on
+
+constexpr Forms<LinkTo, const char *, Shown> kScopeLine{
+    .text = "  %s: %s\n",
+    .html = "  <b><a href=\"%{href}\" target=\"_blank\">%s</a></b>: <b><font color=\"%{notice}\">%s</font></b>\n",
+    .csv = "%s,%s\n",
+    .xml = "  %s: %s\n"};
 
 // The scope in hand has its full name: its line, and its record if the name is new. namespace { has a line and no record.
 void BeginScope(int *count, Scan &scan, Globals *G) {
@@ -43,22 +44,10 @@ void BeginScope(int *count, Scan &scan, Globals *G) {
     }
 }
 
-void PutScopeLine(const ScopeLine &scope, const char *name, const Globals *G) {
-    const Mode mode = OutputMode(G);
+void PutScopeLine(const char *label, const char *name, const Globals *G) {
     LineText wrapped;
-    AdjNameLength(name, wrapped, scope.width, scope.indent, G);
-    switch (mode) {
-    case Mode::kHtml: {
-        std::string link;
-        url_encode(HTMLPathFile(G->file_name, G), link);
-        PrintOnly(mode, "  <b><a href=\"%s\" target=\"_blank\">%s</a></b>: <b><font color=\"%s\">%s</font></b>\n",
-                  Shown{link.c_str()}, scope.label, Shown{G->html_notice_color}, Shown{wrapped});
-        break;
-    }
-    case Mode::kCsv: PrintOnly(mode, "%s,%s\n", scope.label, Shown{name}); break;
-    case Mode::kText:
-    case Mode::kXml: PrintOnly(mode, "  %s: %s\n", scope.label, Shown{wrapped}); break;
-    }
+    AdjNameLength(name, wrapped, Behind(label), G);
+    Print(G, kScopeLine, LinkTo{G->file_name}, label, Shown{OutputMode(G) == Mode::kCsv ? name : wrapped});
 }
 
 // Cuts the name in front of its last "." or "::". 0 when it holds none.
@@ -73,7 +62,7 @@ int CutLastPart(char *name) {
     return 0;
 }
 
-void AddFigures(NodeData *sum, const NodeData *record) {
+void AddMembers(NodeData *sum, const NodeData *record) {
     Add(*sum, *record);
     sum->cyclo += record->cyclo;
     sum->returns += record->returns;
@@ -84,7 +73,7 @@ void AddFigures(NodeData *sum, const NodeData *record) {
     sum->public_data += record->public_data;
     sum->protected_data += record->protected_data;
     sum->private_data += record->private_data;
-    sum->percent += record->percent;
+    sum->functions += record->functions;
 }
 
 // Puts the scope in hand aside for one inside it.
@@ -170,7 +159,7 @@ void EmitNamespace(Globals *G, int begin) {
         Put("\n");
     }
     const int unnamed = !G->is_java && !isfirstchar(*G->namespace_name);
-    PutScopeLine(kScopeLines[G->is_java != 0][G->namespace_index > 0][begin != 0],
+    PutScopeLine(kScopeLabels[G->is_java != 0][G->namespace_index > 0][begin != 0],
                  unnamed ? "Anonymous - File Scope" : G->namespace_name, G);
     if (!G->quality_notices && OutputMode(G) != Mode::kCsv) {
         Put("\n");
@@ -201,7 +190,7 @@ void Add_Class2namespace(const NodeData *record, int only_count, Globals *G) {
         }
         if (strcmp(found->name, "Anonymous") != 0) {
             if (!only_count) {
-                AddFigures(found, record);
+                AddMembers(found, record);
             }
             ++found->nesting;
         }

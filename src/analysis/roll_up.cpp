@@ -6,6 +6,7 @@
 #include <climits>
 #include <type_traits>
 
+#include "config/languages.h"
 #include "run/globals.h"
 
 namespace {
@@ -24,16 +25,6 @@ void AddCounters(FileCounters &sum, const FileCounters &file) {
     sum = std::bit_cast<FileCounters>(cells);
 }
 
-// A header goes to the Header group whatever language it is read as.
-LanguageGroup GroupOf(const Globals *G) {
-    return G->is_c_header ? kHeaderGroup
-           : G->is_c      ? kCGroup
-           : G->is_cpp    ? kCppGroup
-           : G->is_java   ? kJavaGroup
-           : G->is_cs     ? kCsGroup
-                          : kOtherGroup;
-}
-
 } // namespace
 
 void ResetState(Globals *G) {
@@ -48,7 +39,8 @@ void AddTotal(Globals *G) {
     G->total_points.fp_eloc += G->fp_eloc;
     G->total_points.fp_lloc += G->fp_lloc;
 
-    Add(G->language_sums[GroupOf(G)], LinesOf(*G));
+    const LanguageGroup language = LanguageInHand(G);
+    Add(G->language_sums[language == kNoLanguage ? kOtherGroup : language], LinesOf(*G));
 }
 
 void SetTotal(Globals *G) {

@@ -15,18 +15,15 @@ bool ColumnShown(ReportElement key, const Globals *G) {
 }
 
 void DiffTitle(const char *title, const Globals *G) {
-    switch (OutputMode(G)) {
-    case Mode::kHtml: PrintOnly(Mode::kHtml, "  <b><font color=\"%s\">%s</font></b>\n", Shown{G->html_header_color}, title); break;
-    case Mode::kCsv: Put("%s\n", title); break;
-    case Mode::kXml: break;
-    case Mode::kText: Put("  %s\n", title); break;
-    }
+    static constexpr Forms<const char *> kTitle{
+        .text = "  %s\n", .html = "  <b><font color=\"%{header}\">%s</font></b>\n", .csv = "%s\n"};
+    Print(G, kTitle, title);
 }
 
 namespace {
 
-constexpr int kNameWidth = 40, kNameIndent = 56; // of a name in the file table
-constexpr int kNarrow = 79;                      // a narrower rule gives way to the usual one
+constexpr Wrap kNameWrap{40, 56}; // of a name in the file table
+constexpr int kNarrow = 79;       // a narrower rule gives way to the usual one
 
 // Labels by state.
 constexpr const char *pstate[kDiffStates] = {"Unp", "Equ", "Mod", "Dif", "Rem", "New", "Prc", "Tot"};
@@ -34,21 +31,21 @@ constexpr const char *pstate[kDiffStates] = {"Unp", "Equ", "Mod", "Dif", "Rem", 
 struct StateRow {
     WorkState state;
     int WorkSwitches::*skipped;
-    ColorText HtmlSettings::*color;
+    Color color;
     const char *tag, *note; // of the profile's element
 };
 
 // clang-format off
 constexpr StateRow kNewRow =
-    {kStateNew,      &WorkSwitches::skip_new,      &HtmlSettings::html_new_code_diff_color,      "new",                  "Size metrics for new baseline files"};
+    {kStateNew,      &WorkSwitches::skip_new,      {&HtmlSettings::html_new_code_diff_color},      "new",                  "Size metrics for new baseline files"};
 constexpr StateRow kRemovedRow =
-    {kStateRemoved,  &WorkSwitches::skip_removed,  &HtmlSettings::html_removed_code_diff_color,  "removed",              "Size metrics for removed baseline files"};
+    {kStateRemoved,  &WorkSwitches::skip_removed,  {&HtmlSettings::html_removed_code_diff_color},  "removed",              "Size metrics for removed baseline files"};
 constexpr StateRow kEqualRow =
-    {kStateEqual,    &WorkSwitches::skip_equal,    &HtmlSettings::html_equal_code_diff_color,    "equal",                "Size metrics for unchanged baseline files"};
+    {kStateEqual,    &WorkSwitches::skip_equal,    {&HtmlSettings::html_equal_code_diff_color},    "equal",                "Size metrics for unchanged baseline files"};
 constexpr StateRow kModifiedRow =
-    {kStateModified, &WorkSwitches::skip_modified, &HtmlSettings::html_modified_code_diff_color, "modified_by_size",     "Size metrics for changed baseline files"};
+    {kStateModified, &WorkSwitches::skip_modified, {&HtmlSettings::html_modified_code_diff_color}, "modified_by_size",     "Size metrics for changed baseline files"};
 constexpr StateRow kDifferentRow = // the modified ones by lines of code
-    {kStateModified, &WorkSwitches::skip_modified, &HtmlSettings::html_modified_code_diff_color, "differential_by_code", "Differential code metrics for changed baseline files"};
+    {kStateModified, &WorkSwitches::skip_modified, {&HtmlSettings::html_modified_code_diff_color}, "differential_by_code", "Differential code metrics for changed baseline files"};
 // clang-format on
 
 // The profile's lines: pages of HTML and XML tell the equal files first, then the changed ones.
@@ -62,12 +59,12 @@ const char *StateLabel(int state, const Globals *G) {
     return pstate[state];
 }
 
-const char *StateColor(int state, const Globals *G) {
+Color StateColor(int state) {
     switch (state) {
-    case kStateEqual: return G->*kEqualRow.color;
-    case kStateRemoved: return G->*kRemovedRow.color;
-    case kStateNew: return G->*kNewRow.color;
-    default: return G->*kModifiedRow.color;
+    case kStateEqual: return kEqualRow.color;
+    case kStateRemoved: return kRemovedRow.color;
+    case kStateNew: return kNewRow.color;
+    default: return kModifiedRow.color;
     }
 }
 
@@ -88,40 +85,26 @@ void PercentCell(const char *tag, float percent, const Globals *G) {
 
 // The file table.
 
-void OpenRecord(int state, const std::string &tag, const Globals *G) {
-    const char *label = StateLabel(state, G);
-    switch (OutputMode(G)) {
-    case Mode::kHtml: PrintOnly(Mode::kHtml, "<font color=\"%s\"><b>  %s </b></font>", Shown{StateColor(state, G)}, label); break;
-    case Mode::kCsv: Put("%s", label); break;
-    case Mode::kXml: Put("<%s>\n", tag.c_str()); break;
-    case Mode::kText: Put("  %s ", label); break;
-    }
-}
-
-void CloseRecord(const char *name, const std::string &tag, const Globals *G) {
-    LineText wrapped; // only a page has lines to break
-    AdjNameLength(name, wrapped, kNameWidth, kNameIndent, G);
-    const Mode mode = OutputMode(G);
-    switch (mode) {
-    case Mode::kHtml: PrintOnly(mode, " <font color=\"%s\">%s</font>\n", Shown{G->html_function_color}, Shown{wrapped}); break;
-    case Mode::kCsv: PrintOnly(mode, ",%s\n", Shown{name}); break;
-    case Mode::kXml: PrintOnly(mode, "<file>%s</file>\n</%s>\n", Shown{name}, tag.c_str()); break;
-    case Mode::kText: PrintOnly(mode, " %s\n", Shown{wrapped}); break;
-    }
-}
+// A record opens with its state, in XML with the element of that name, and ends with its file.
+constexpr Forms<Color, const char *> kOpenRecord{
+    .text = "  %s ", .html = "<font color=\"%{color}\"><b>  %s </b></font>", .csv = "%s", .xml = "<%s>\n"};
+constexpr Forms<Shown, const char *> kCloseRecord{
+    .text = " %s\n", .html = " <font color=\"%{function}\">%s</font>\n", .csv = ",%s\n", .xml = "<file>%s</file>\n</%s>\n"};
 
 void ShowRecord(const NodeData *record, const WorkMetrics &metrics, const Globals *G) {
     const int state = StateOf(record);
+    const char *const label = StateLabel(state, G);
     std::string tag;
-    xml_tag_encode(StateLabel(state, G), tag);
-    OpenRecord(state, tag, G);
+    xml_tag_encode(label, tag);
+    Print(G, kOpenRecord, StateColor(state), OutputMode(G) == Mode::kXml ? tag.c_str() : label);
     for (const DiffColumn &column : kDiffColumns) {
         if (ColumnShown(column.key, G)) {
             DiffCell(kNumber, column.tag, metrics.of[column.metric], G);
         }
     }
     PercentCell("eloc_change_percent", record->percent, G);
-    CloseRecord(record->name, tag, G);
+    LineText room;
+    Print(G, kCloseRecord, Shown{OnPage(record->name, room, kNameWrap, G)}, tag.c_str());
 }
 
 // The profile.
@@ -142,18 +125,12 @@ void ShowProfileState(const StateRow &row, const Globals *G) {
     if (G->*row.skipped) {
         return;
     }
-    const char *label = StateLabel(row.state, G);
-    const Mode mode = OutputMode(G);
-    switch (mode) {
-    case Mode::kHtml: PrintOnly(mode, "  <b><font color=%s>%-4s</font></b>", Shown{G->*row.color}, label); break;
-    case Mode::kCsv: Put("%s ", label); break;
-    case Mode::kXml: Put("<%s>\n<note>%s</note>\n", row.tag, row.note); break;
-    case Mode::kText: Put("  %-3s ", label); break;
-    }
+    static constexpr Forms<Color, const char *, const char *> kOpen{
+        .text = "  %-3s ", .html = "  <b><font color=%{color}>%-4s</font></b>", .csv = "%s ", .xml = "<%s>\n<note>%s</note>\n"};
+    static constexpr Forms<const char *> kClose{.xml = "</%s>\n"};
+    Print(G, kOpen, row.color, OutputMode(G) == Mode::kXml ? row.tag : StateLabel(row.state, G), row.note);
     ReportProfileLine(G->diff_profile[row.state], G);
-    if (mode == Mode::kXml) {
-        Put("</%s>\n", row.tag);
-    }
+    Print(G, kClose, row.tag);
 }
 
 void AddToProfile(const NodeData *record, const WorkMetrics &metrics, Globals *G) {

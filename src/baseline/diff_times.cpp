@@ -28,28 +28,23 @@ int64_t SecondsBetween(int64_t older, int64_t newer) {
 // A date brings its line end along, but for XML.
 constexpr Forms<Shown, const char *> kOlder{
     .text = "  Older Work File: %s\n  Creation Date  : %s\n\n",
+    .html = "  <b><font color=\"%{old_file_diff}\">Older Work File</font></b>: %s\n"
+            "  <b><font color=\"%{date}\">Creation Date</font></b>  : %s\n\n",
     .csv = "Older Work File %s\nCreation Date %s\n\n",
     .xml = "<older_work_file>\n<name>%s</name>\n<date>%s</date>\n</older_work_file>\n",
 };
 constexpr Forms<Shown, const char *> kNewer{
     .text = "  Newer Work File: %s\n  Creation Date  : %s\n\n",
+    .html = "  <b><font color=\"%{new_file_diff}\">Newer Work File</font></b>: %s\n"
+            "  <b><font color=\"%{date}\">Creation Date</font></b>  : %s\n\n",
     .csv = "Newer Work File %s\nCreation Date %s\n\n",
     .xml = "<newer_work_file>\n<name>%s</name>\n<date>%s</date>\n</newer_work_file>\n",
 };
-constexpr Forms<Shown, Shown, Shown, const char *> kHtmlOlder{
-    .html = "  <b><font color=\"%s\">Older Work File</font></b>: %s\n  <b><font color=\"%s\">Creation Date</font></b>  : %s\n\n",
-};
-constexpr Forms<Shown, Shown, Shown, const char *> kHtmlNewer{
-    .html = "  <b><font color=\"%s\">Newer Work File</font></b>: %s\n  <b><font color=\"%s\">Creation Date</font></b>  : %s\n\n",
-};
-
 constexpr Forms<double, const char *> kDelta{
     .text = "  Work Time Differential Between Files:\n  Time Delta: %12.0f Seconds\n                %s Days:Hrs:Min:Sec\n",
+    .html = "  <b><font color=\"%{total}\">Work Time Differential Between Files</font></b>:\n"
+            "  <b><font color=\"%{total}\">Time Delta</font></b>: %12.0f Seconds\n                %s Days:Hrs:Min:Sec\n",
     .csv = "Work Time Differential Between Files\nTime Delta %12.0f Seconds or %s Days:Hrs:Min:Sec\n",
-};
-constexpr Forms<Shown, Shown, double, const char *> kHtmlDelta{
-    .html = "  <b><font color=\"%s\">Work Time Differential Between Files</font></b>:\n"
-            "  <b><font color=\"%s\">Time Delta</font></b>: %12.0f Seconds\n                %s Days:Hrs:Min:Sec\n",
 };
 constexpr Forms<double, long, int, int, int, const char *> kXmlDelta{
     .xml = "<work_time_differential>\n<delta_seconds>%.0f</delta_seconds>\n<days>%ld</days>\n<hours>%d</hours>\n"
@@ -58,11 +53,9 @@ constexpr Forms<double, long, int, int, int, const char *> kXmlDelta{
 
 constexpr Forms<double> kCalendarDays{
     .text = "\n  Work Time:  %12.2f Calendar Days\n",
+    .html = "\n  <b><font color=\"%{total}\">Work Time</font></b>:  %12.2f Calendar Days\n",
     .csv = "\nWork Time\n%12.2f,Calendar Days\n",
     .xml = "<work_time>\n<calendar_days>%.2f</calendar_days>\n",
-};
-constexpr Forms<Shown, double> kHtmlCalendarDays{
-    .html = "\n  <b><font color=\"%s\">Work Time</font></b>:  %12.2f Calendar Days\n",
 };
 constexpr Forms<double, int> kWorkDays{
     .text = "              %12.2f Work Days @ %d work days per week\n",
@@ -108,9 +101,6 @@ constexpr Forms<double, int> kManYears{
 
 void ShowWork(const WorkTime &work, const Globals *G) {
     Print(G, kCalendarDays, work.calendar_days);
-    if (OutputMode(G) == Mode::kHtml) {
-        Print(G, kHtmlCalendarDays, Shown{G->html_total_color}, work.calendar_days);
-    }
     Print(G, kWorkDays, work.work_days, G->work_days_per_week);
     Print(G, kManHours, work.man_hours, G->work_hours_per_shift, G->work_shifts_per_day);
     Print(G, kManDays, work.man_days, G->work_hours_per_man_day);
@@ -121,13 +111,10 @@ void ShowWork(const WorkTime &work, const Globals *G) {
 
 constexpr Forms<> kTooLittleWork{
     .text = "\n  Productivity Estimate cannot be calculated on Man Hours < 1.0\n",
+    .html = "\n  <b><font color=\"%{header}\">Productivity Estimate</font> cannot be calculated on Man Hours < 1.0</b>\n",
     .csv = "\nProductivity Estimate cannot be calculated on Man Hours < 1.0\n",
     .xml = "<note>Productivity Estimate cannot be calculated on Man Hours &lt; 1.0</note>\n",
 };
-constexpr Forms<Shown> kHtmlTooLittleWork{
-    .html = "\n  <b><font color=\"%s\">Productivity Estimate</font> cannot be calculated on Man Hours < 1.0</b>\n",
-};
-
 struct Unit {
     double WorkTime::*work;
     const char *label;
@@ -140,20 +127,12 @@ constexpr Unit kUnits[] = {
 };
 
 void ShowUnit(const Unit &unit, const WorkTime &work, Globals *G) {
-    const Mode mode = OutputMode(G);
-    switch (mode) {
-    case Mode::kHtml: PrintOnly(mode, "  <b><font color=\"%s\">Tot</font></b> ", Shown{G->html_total_color}); break;
-    case Mode::kCsv: Put("Tot"); break;
-    case Mode::kXml: Put("<%s>\n", unit.tag); break;
-    case Mode::kText: Put("  Tot "); break;
-    }
+    static constexpr Forms<const char *> kOpen{
+        .text = "  Tot ", .html = "  <b><font color=\"%{total}\">Tot</font></b> ", .csv = "Tot", .xml = "<%s>\n"};
+    static constexpr Forms<const char *> kClose{.text = "    %s\n", .html = "    %s\n", .csv = ",%s\n", .xml = "</%s>\n"};
+    Print(G, kOpen, unit.tag);
     DiffProfileLine(G, work.*unit.work);
-    switch (mode) {
-    case Mode::kHtml:
-    case Mode::kText: Put("    %s\n", unit.label); break;
-    case Mode::kCsv: Put(",%s\n", unit.label); break;
-    case Mode::kXml: Put("</%s>\n", unit.tag); break;
-    }
+    Print(G, kClose, OutputMode(G) == Mode::kXml ? unit.tag : unit.label);
 }
 
 void ShowXmlUnits(const WorkTime &work, Globals *G) {
@@ -244,19 +223,11 @@ WorkTime TimeBetween(int64_t older, int64_t newer, const Globals *G) {
 
 void ShowWorkTimes(int64_t older, int64_t newer, const WorkTime &work, const Globals *G) {
     const Mode mode = OutputMode(G);
-    const Shown older_name{G->older_work_name}, newer_name{G->newer_work_name}, date_color{G->html_date_color};
-    const Shown total_color{G->html_total_color};
     const time_t older_date = older, newer_date = newer;
-    if (mode == Mode::kHtml) {
-        Print(G, kHtmlOlder, Shown{G->html_old_file_diff_color}, older_name, date_color, get_date(&older_date));
-        Print(G, kHtmlNewer, Shown{G->html_new_file_diff_color}, newer_name, date_color, get_date(&newer_date));
-        Print(G, kHtmlDelta, total_color, total_color, work.delta, work.dhms);
-    } else {
-        Print(G, kOlder, older_name, get_date(&older_date));
-        Print(G, kNewer, newer_name, get_date(&newer_date));
-        Print(G, kDelta, work.delta, work.dhms);
-        Print(G, kXmlDelta, work.delta, work.days, work.hours, work.minutes, work.seconds, work.dhms);
-    }
+    Print(G, kOlder, Shown{G->older_work_name}, get_date(&older_date));
+    Print(G, kNewer, Shown{G->newer_work_name}, get_date(&newer_date));
+    Print(G, kDelta, work.delta, work.dhms);
+    Print(G, kXmlDelta, work.delta, work.days, work.hours, work.minutes, work.seconds, work.dhms);
     if (G->show_productivity || mode == Mode::kXml) {
         ShowWork(work, G);
     }
@@ -270,7 +241,6 @@ void ShowProductivity(const WorkTime &work, Globals *G) {
     if (work.man_hours < 1.0) {
         if (G->show_productivity) {
             Print(G, kTooLittleWork);
-            Print(G, kHtmlTooLittleWork, Shown{G->html_header_color});
         }
         return;
     }

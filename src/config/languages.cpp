@@ -214,6 +214,16 @@ int WhichFile(const char *name, Globals *G, int count) {
     return G->ulpi_last;
 }
 
+LanguageGroup LanguageInHand(const Globals *G) {
+    return G->is_c_header ? kHeaderGroup
+           : G->is_c      ? kCGroup
+           : G->is_cpp    ? kCppGroup
+           : G->is_java   ? kJavaGroup
+           : G->is_cs     ? kCsGroup
+           : G->is_other  ? kOtherGroup
+                          : kNoLanguage;
+}
+
 int findUlpi(const char *extension, const Globals *G) {
     for (const Ulpi *record : G->ulpi) {
         if (!record) {

@@ -1,6 +1,8 @@
 // The language table: which extensions belong to which language, and what the name of a file says about it.
 #pragma once
 
+#include "run/records.h"
+
 struct Globals;
 
 inline constexpr int kMaxExtensions = 81; // slots of a language
@@ -33,6 +35,8 @@ const char *getExtension(const char *name, Globals *G);
 // Sets the language flags for a file name and, with count, counts the file. Returns the language index, -1 for an unknown
 // extension.
 int WhichFile(const char *name, Globals *G, int count);
+// The group of the language flags: of the file in hand. A C header has a second flag, of C or C++, and is a header.
+LanguageGroup LanguageInHand(const Globals *G);
 // The language index of an extension, or -1.
 int findUlpi(const char *extension, const Globals *G);
 // True if the extension is in the comma separated list, or if extensions aren't validated at all.

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <climits>
 
-#include "config/languages.h"
 #include "report/forms.h"
 #include "report/lines.h"
 #include "run/globals.h"
@@ -32,28 +31,34 @@ int MethodSum(const NodeData &record) {
 }
 
 int MethodsOrFunctions(const NodeData &record) {
-    return std::max(MethodSum(record), WholeNumber(record.percent));
+    return std::max(MethodSum(record), record.functions);
 }
 
 int NamespaceFunctions(const NodeData &record, const Globals *G) {
     return G->class_lang_seen ? MethodsOrFunctions(record) : MethodSum(record);
 }
 
-Figures FiguresOf(const NodeData &record, int functions) {
+static Figures FiguresOf(const LineCounts &lines, double params, int returns, int cyclo) {
     Figures figures{};
     double *const value = figures.value;
-    value[kLoc] = record.loc;
-    value[kEloc] = record.eloc;
-    value[kLloc] = record.lloc;
-    value[kComments] = record.comments;
-    value[kBlanks] = record.blanks;
-    value[kLines] = record.lines;
-    value[kCommentRate] = record.eloc > 0 ? static_cast<double>(record.comments) / record.eloc : 0.0;
-    value[kParams] = static_cast<double>(record.params);
-    value[kReturns] = record.returns;
-    value[kInterface] = value[kParams] + value[kReturns];
-    value[kCyclo] = record.cyclo;
-    value[kComplexity] = value[kInterface] + value[kCyclo];
+    value[kLoc] = lines.loc;
+    value[kEloc] = lines.eloc;
+    value[kLloc] = lines.lloc;
+    value[kComments] = lines.comments;
+    value[kBlanks] = lines.blanks;
+    value[kLines] = lines.lines;
+    value[kCommentRate] = lines.eloc > 0 ? static_cast<double>(lines.comments) / lines.eloc : 0.0;
+    value[kParams] = params;
+    value[kReturns] = returns;
+    value[kInterface] = params + returns;
+    value[kCyclo] = cyclo;
+    value[kComplexity] = value[kInterface] + cyclo;
+    return figures;
+}
+
+Figures FiguresOf(const NodeData &record, int functions) {
+    Figures figures = FiguresOf(record, static_cast<double>(record.params), record.returns, record.cyclo);
+    double *const value = figures.value;
     value[kFunctions] = functions;
     value[kPublicMethods] = record.public_methods;
     value[kProtectedMethods] = record.protected_methods;
@@ -66,13 +71,24 @@ Figures FiguresOf(const NodeData &record, int functions) {
     return figures;
 }
 
-void AddPoints(Figures &figures, const NodeData &record, Globals *G) {
-    if (record.file) {
-        WhichFile(record.file, G, 0);
-    }
-    figures.value[kFpLoc] = GetFP(record.loc, 0, G);
-    figures.value[kFpEloc] = GetFP(record.eloc, 1, G);
-    figures.value[kFpLloc] = GetFP(record.lloc, 2, G);
+void AddPoints(Figures &figures, const NodeData &record, const Globals *G) {
+    const FunctionPointValues points = PointsOf(record, record.language, G);
+    figures.value[kFpLoc] = points.fp_loc;
+    figures.value[kFpEloc] = points.fp_eloc;
+    figures.value[kFpLloc] = points.fp_lloc;
+}
+
+Figures FiguresOf(const FileData &file, const Globals *G) {
+    Figures figures = FiguresOf(file, file.params, file.returns, file.cyclo);
+    double *const value = figures.value;
+    value[kFunctions] = file.functions;
+    value[kFpLoc] = file.fp_loc;
+    value[kFpEloc] = file.fp_eloc;
+    value[kFpLloc] = file.fp_lloc;
+    value[kClasses] = G->class_count;
+    value[kBytes] = static_cast<double>(file.size);
+    value[kFileNotices] = G->notice_count;
+    return figures;
 }
 
 void AddFigures(Summary &summary, const Figures &figures, bool nested) {

@@ -4,10 +4,13 @@
 
 #include <span>
 
+#include "run/report_state.h"
+
+struct FileData;
 struct Globals;
 struct NodeData;
 
-// LOC, eLOC and lLOC come first: they are the kinds of GetFP too.
+// The places in a Figures. LOC, eLOC and lLOC come first: they are the kinds of GetFP too.
 enum Figure {
     kLoc,
     kEloc,
@@ -32,21 +35,14 @@ enum Figure {
     kPublicData,
     kProtectedData,
     kPrivateData,
-    kClasses,  // of a namespace
-    kEntities, // records of the list
-    kNested,   // nested ones among them
+    kClasses,     // of a namespace or a file
+    kBytes,       // of a file
+    kFileNotices, // of a file
+    kEntities,    // records of the list
+    kNested,      // nested ones among them
     kFigures
 };
-
-// Doubles hold every sum of 32-bit counts exactly.
-struct Figures {
-    double value[kFigures];
-};
-
-// Sums, maxima and minima of a list.
-struct Summary {
-    Figures sum, maximum, minimum;
-};
+static_assert(kFigures == kFigureRoom);
 
 // The columns of a CSV row, behind the word and the name.
 struct CsvColumns {
@@ -62,14 +58,21 @@ int MethodsOrFunctions(const NodeData &record);
 int NamespaceFunctions(const NodeData &record, const Globals *G);
 // The figures of a record. functions is its kFunctions; function points stay 0.
 Figures FiguresOf(const NodeData &record, int functions);
-// Adds the function points of the record's lines. Selects the language of the record's file.
-void AddPoints(Figures &figures, const NodeData &record, Globals *G);
+// Adds the function points of the record's lines, by the language of its file.
+void AddPoints(Figures &figures, const NodeData &record, const Globals *G);
+// The figures of a file that has just been read: its classes and its notices are those of the counters in G.
+Figures FiguresOf(const FileData &file, const Globals *G);
 // Takes a record into the summary: a nested one into everything but the sums, since its parent's figures hold it already.
 void AddFigures(Summary &summary, const Figures &figures, bool nested);
 // The sums shared out over all records; 0 for an empty list.
 Figures AverageOf(const Summary &summary);
 // A figure for the line writers, cut to the range of an int.
 int WholeNumber(double value);
+
+// The function points of LOC, eLOC or lLOC.
+constexpr Figure PointsFigure(Figure lines) {
+    return static_cast<Figure>(kFpLoc + (lines - kLoc));
+}
 
 // "Class,name,10,8,...": whole numbers except for the rate, or every column with two decimals.
 void ShowCsvRow(const CsvColumns &row, const char *name, const char *parameters, const Figures &figures, int decimals);

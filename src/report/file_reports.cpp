@@ -16,20 +16,30 @@
 #include "run/encode.h"
 #include "run/globals.h"
 
-// Wrapping of a name: columns of a line, and blanks in front of the lines that follow.
-static constexpr int kNameWidth = 66, kNameIndent = 8;
-static constexpr int kCompactWidth = 72, kCompactIndent = 2;
-static constexpr int kEndWidth = 59, kEndIndent = 15;
+static constexpr Wrap kCompactWrap{72, 2}; // of a name without a label
 
-static bool IsPage(Mode mode) {
-    return mode == Mode::kText || mode == Mode::kHtml;
-}
+static constexpr Forms<const char *, long> kLabelLine{.text = "\n  %s\n",
+                                                      .html = "\n  <b><font color=\"%{header}\">%s</font></b>  Bytes: %ld\n",
+                                                      .csv = "\n%s\n",
+                                                      .xml = "<name>%s</name>\n"};
+static constexpr Forms<long> kLabelBytes{.xml = "<bytes>%ld</bytes>\n"};
 
-static std::string LinkTo(const char *name, const Globals *G) {
-    std::string link;
-    url_encode(HTMLPathFile(name, G), link);
-    return link;
-}
+static constexpr Forms<LinkTo, Shown> kNameLine{.text = "\n  File: %s\n",
+                                                .html = "\n  <b>File</b>: <b><a href=\"%{href}\" target=\"_blank\">%s</a></b>\n",
+                                                .csv = "\nFile,%s\n",
+                                                .xml = "<name>%s</name>\n"};
+
+static constexpr Forms<LinkTo, const char *, Shown> kCompactLine{
+    .text = "\n  %s\n  %s\n",
+    .html = "\n  <b><font color=\"%{date}\">%s</font></b>\n  <a href=\"%{href}\" target=\"_blank\"><b>%s</b></a>\n"};
+static constexpr Forms<const char *, long> kDateAndBytes{.xml = "<date>%s</date>\n<size_bytes>%ld</size_bytes>\n"};
+static constexpr Forms<Shown> kNameAlone{.csv = "%s\n", .xml = "<name>%s</name>\n"};
+
+static constexpr Forms<LinkTo, Shown> kEndLine{
+    .text = "  End of File: %s\n\n",
+    .html = "  <b>End of File: </b><b><a href=\"%{href}\" target=\"_blank\">%s</a></b>\n\n\n",
+    .csv = "File End\n",
+    .xml = "  End of File: %s\n\n"};
 
 // A name with a date is a file's, even if it is called TotalCost.c: only the closing blocks have none.
 static bool IsLabel(const char *name, int64_t date) {
@@ -38,35 +48,15 @@ static bool IsLabel(const char *name, int64_t date) {
 
 // The label is printed as it stands: in CSV its comma parts two fields.
 static void ShowLabelLine(const char *label, int64_t size, const Globals *G) {
-    const Mode mode = OutputMode(G);
-    switch (mode) {
-    case Mode::kText: Put("\n  %s\n", label); break;
-    case Mode::kHtml:
-        PrintOnly(mode, "\n  <b><font color=\"%s\">%s</font></b>  Bytes: %ld\n", Shown{G->html_header_color}, label, long{size});
-        break;
-    case Mode::kCsv: Put("\n%s\n", label); break;
-    case Mode::kXml:
-        Put("<name>%s</name>\n", label);
-        if (!G->list_files_only) {
-            Put("<bytes>%ld</bytes>\n", long{size});
-        }
-        break;
+    Print(G, kLabelLine, label, long{size});
+    if (!G->list_files_only) {
+        Print(G, kLabelBytes, long{size});
     }
 }
 
 static void ShowNameLine(const char *name, const Globals *G) {
-    const Mode mode = OutputMode(G);
-    const std::string link = LinkTo(name, G);
-    LineText wrapped;
-    AdjNameLength(name, wrapped, kNameWidth, kNameIndent, G);
-    switch (mode) {
-    case Mode::kText: PrintOnly(mode, "\n  File: %s\n", Shown{wrapped}); break;
-    case Mode::kHtml:
-        PrintOnly(mode, "\n  <b>File</b>: <b><a href=\"%s\" target=\"_blank\">%s</a></b>\n", Shown{link.c_str()}, Shown{wrapped});
-        break;
-    case Mode::kCsv: PrintOnly(mode, "\nFile,%s\n", Shown{name}); break;
-    case Mode::kXml: PrintOnly(mode, "<name>%s</name>\n", Shown{name}); break;
-    }
+    LineText room;
+    Print(G, kNameLine, LinkTo{name}, Shown{OnPage(name, room, Behind("File"), G)});
 }
 
 static void ShowDateSize(int64_t date, int64_t size, const Globals *G) {
@@ -85,7 +75,7 @@ static void ShowDateSize(int64_t date, int64_t size, const Globals *G) {
     case Mode::kCsv: Put("Date,%s\nSize,%ld,Bytes\n", day, long{size}); break;
     case Mode::kXml:
         if (!G->list_files_only) {
-            Put("<date>%s</date>\n<size_bytes>%ld</size_bytes>\n", day, long{size});
+            Print(G, kDateAndBytes, day, long{size});
         }
         break;
     }
@@ -95,27 +85,18 @@ static void ShowDateSize(int64_t date, int64_t size, const Globals *G) {
 static void ShowCompactLine(const char *name, int64_t date, int64_t size, const Globals *G) {
     const Mode mode = OutputMode(G);
     const time_t when = date;
-    const std::string link = LinkTo(name, G);
-    LineText wrapped;
-    AdjNameLength(name, wrapped, kCompactWidth, kCompactIndent, G);
-    switch (mode) {
-    case Mode::kText: PrintOnly(mode, "\n  %s\n  %s\n", get_date(&when), Shown{wrapped}); break;
-    case Mode::kHtml:
-        PrintOnly(mode, "\n  <b><font color=\"%s\">%s</font></b>", Shown{G->html_date_color}, get_date(&when));
-        PrintOnly(mode, "\n  <a href=\"%s\" target=\"_blank\"><b>%s</b></a>\n", Shown{link.c_str()},
-                  Shown{G->relative_html_links ? HTMLPathFile(name, G) : wrapped});
-        break;
-    case Mode::kCsv:
-        if (G->show_date_size) {
-            PrintOnly(mode, "%s\n", Shown{name});
-        }
-        break;
-    case Mode::kXml:
-        if (!G->list_files_only) {
-            Put("<date>%s</date>\n<size_bytes>%ld</size_bytes>\n", get_date(&when), long{size});
-        }
-        PrintOnly(mode, "<name>%s</name>\n", Shown{name});
-        break;
+    if (IsPage(mode)) {
+        LineText room;
+        const char *shown = OnPage(name, room, kCompactWrap, G);
+        Print(G, kCompactLine, LinkTo{name}, get_date(&when),
+              Shown{mode == Mode::kHtml && G->relative_html_links ? HTMLPathFile(name, G) : shown});
+        return;
+    }
+    if (!G->list_files_only) {
+        Print(G, kDateAndBytes, get_date(&when), long{size});
+    }
+    if (mode == Mode::kXml || G->show_date_size) {
+        Print(G, kNameAlone, Shown{name});
     }
 }
 
@@ -154,34 +135,17 @@ void ShowFileEnd(const char *name, Globals *G) {
         return;
     }
     const Mode mode = OutputMode(G);
-    const std::string link = LinkTo(name, G);
     LineText wrapped;
-    AdjNameLength(name, wrapped, kEndWidth, kEndIndent, G);
-    switch (mode) {
-    case Mode::kCsv: Put("File End\n"); break;
-    case Mode::kHtml:
+    AdjNameLength(name, wrapped, Behind("End of File"), G);
+    if (mode != Mode::kCsv) {
         Put("  %s%s\n", kUnderscores, kUnderscores);
-        PrintOnly(mode, "  <b>End of File: </b><b><a href=\"%s\" target=\"_blank\">%s</a></b>\n\n\n", Shown{link.c_str()},
-                  Shown{G->wrap_long_names ? wrapped : HTMLPathFile(name, G)});
-        break;
-    case Mode::kText:
-    case Mode::kXml:
-        Put("  %s%s\n", kUnderscores, kUnderscores);
-        PrintOnly(mode, "  End of File: %s\n\n", Shown{wrapped});
-        break;
     }
+    Print(G, kEndLine, LinkTo{name}, Shown{mode == Mode::kHtml && !G->wrap_long_names ? HTMLPathFile(name, G) : wrapped});
 }
 
 void FileShow(void *file, Globals *G) {
     PrintOnly(OutputMode(G), "%s\n", Shown{static_cast<const FileData *>(file)->name});
 }
-
-// The sums of all files shown so far; wider than a file's own figures, so that no project overflows them.
-struct FileSums : FunctionPointValues {
-    int64_t files, size;
-    int64_t functions, notices, params, returns, cyclo;
-    int64_t loc, eloc, lloc, comments, lines;
-};
 
 static void AddFile(FileSums &sums, const FileData &file) {
     sums.files += 1;
@@ -247,7 +211,7 @@ static void ShowSumsBlock(const char *label, const FileData &file, Globals *G) {
 }
 
 void FileDetailShow(const FileData *file, Globals *G) {
-    static FileSums sums;
+    FileSums &sums = G->file_sums;
     if (file) {
         AddFile(sums, *file);
         Print(G, kFileOpen);

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 
 struct FileData;
 struct Globals;
+struct NodeData;
 
 // The name line of a file. compact is the short form of totals reports; detail leaves out the rule behind it. Nothing for a null
 // name.
@@ -18,12 +18,10 @@ void FileShow(void *file, Globals *G);
 void FileDetailShow(const FileData *file, Globals *G);
 // The closing report of a run: file blocks with -Td, and the file counts.
 void ShowFileSummary(Globals *G);
-// One CSV line of a file, added to the statistics; with total the closing statistics instead.
-void CSV_File_Line(FILE *stream, const char *name, int64_t date, int64_t size, int loc, int eloc, int lloc, int comments,
-                   int blanks, int lines, int classes, int functions, int params, int returns, int cyclo, int notices, int total,
-                   Globals *G);
-// One CSV line of a function, added to the statistics; with total the closing statistics instead. Nothing unless function lines are
-// wanted. The commas of parameters become ";" in place.
-void CSV_Function_Line(FILE *stream, const char *name, char *parameters, int64_t size, int loc, int eloc, int lloc, int comments,
-                       int blanks, int lines, int classes, int functions, int params, int returns, int cyclo, int notices,
-                       int total, Globals *G);
+// The CSV line of a file that has just been read, added to the statistics, and behind the last one those statistics.
+void CSV_File_Line(const FileData &file, Globals *G);
+void CSV_File_Total(Globals *G);
+// The CSV line of a function, added to the statistics, and behind the last one of a file those statistics. Nothing unless function
+// lines are wanted.
+void CSV_Function_Line(const NodeData &function, Globals *G);
+void CSV_Function_Total(Globals *G);

@@ -6,6 +6,7 @@
 
 #include "report/names.h"
 #include "run/encode.h"
+#include "run/globals.h"
 
 namespace forms {
 
@@ -104,7 +105,7 @@ Piece RealPiece(const Conversion &how, double real, std::span<char> room) {
     return {room.data(), std::min<size_t>(length, room.size() - 1)};
 }
 
-void AddArgument(Line &line, Conversion &how, const Arg &arg) {
+[[gnu::always_inline]] inline void AddArgument(Line &line, Conversion &how, const Arg &arg) {
     char room[400]; // the largest double has 309 digits
     Piece piece{room, 1};
     switch (arg.kind) {
@@ -123,16 +124,41 @@ void AddArgument(Line &line, Conversion &how, const Arg &arg) {
     }
 }
 
+// Behind "%": "{function}", "{color}", "{href}". Returns what stands behind it.
+[[gnu::noinline]] const char *AddNamed(Line &line, const char *brace, std::span<const Arg> named, const Globals *G) {
+    const char *end = strchrnul(brace, '}');
+    const std::string_view name(brace + 1, end);
+    std::string shown;
+    if (const int color = FindColor(name); color >= 0) {
+        HTML_esc(G->*kColors[color].field, shown);
+    } else {
+        const char wanted = name == "color" ? 'C' : 'L';
+        const auto arg = std::find_if(named.begin(), named.end(), [wanted](const Arg &each) { return each.kind == wanted; });
+        if (wanted == 'C') {
+            HTML_esc(G->*arg->color, shown);
+        } else {
+            std::string address;
+            url_encode(HTMLPathFile(arg->text, G), address);
+            HTML_esc(address.c_str(), shown);
+        }
+    }
+    line.Add(shown.data(), shown.size());
+    return end + 1;
+}
+
 } // namespace
 
-void Write(const char *format, std::span<const Arg> args) {
+void Write(const char *format, std::span<const Arg> named, const Arg *values, const Globals *G) {
     Line line;
-    const Arg *next = args.data();
     for (const char *p = format;;) {
         const char *percent = strchrnul(p, '%');
         line.Add(p, percent - p);
         if (!*percent) {
             break;
+        }
+        if (percent[1] == '{') {
+            p = AddNamed(line, percent + 1, named, G);
+            continue;
         }
         Conversion how;
         p = ReadConversion(percent + 1, how);
@@ -140,7 +166,7 @@ void Write(const char *format, std::span<const Arg> args) {
         if (*p++ == '%') {
             line.AddChar('%');
         } else {
-            AddArgument(line, how, *next++);
+            AddArgument(line, how, *values++);
         }
     }
     line.Flush();

@@ -13,6 +13,13 @@ int CenterBlanks(size_t length) {
     return half <= 36 ? static_cast<int>(38 - half) : 1;
 }
 
+// What stands ahead of a centred text.
+static const char *Blanks(const char *text) {
+    static constexpr char kBlanks[] = "                                      ";
+    static_assert(sizeof kBlanks - 1 == 38);
+    return kBlanks + sizeof kBlanks - 1 - CenterBlanks(strlen(text));
+}
+
 void Center(const char *text) {
     Center_HTML(text, text);
 }
@@ -30,17 +37,14 @@ void UnderscoreRule() {
 }
 
 void CenteredTitle(const char *title, const Globals *G) {
-    const Mode mode = OutputMode(G);
-    if (mode == Mode::kText) {
-        Center(title);
-    } else if (mode == Mode::kHtml) {
-        std::string escaped;
-        HTML_esc(title, escaped);
-        PrintOnly(mode, "<b><font color=\"%s\">", Shown{G->html_header_color});
-        Center_HTML(title, escaped.c_str());
-        Put("</font></b>");
-    }
+    static constexpr Forms<const char *, Shown> kTitle{.text = "%s%s\n", .html = "<b><font color=\"%{header}\">%s%s\n</font></b>"};
+    Print(G, kTitle, Blanks(title), Shown{title});
 }
+
+constexpr Forms<const char *, const char *, const char *> kSortLine{
+    .text = "%sSorted By: %s  - %s\n", .html = "\n%s<b><font color=\"%{header}\">Sorted By %s  - %s</font></b>\n"};
+constexpr Forms<const char *, const char *> kSortFields{.csv = "Sorted By: %s  - %s\n",
+                                                        .xml = "<sort_mode>%s</sort_mode>\n<sort_direction>%s</sort_direction>\n"};
 
 void ShowSortMethod(const Globals *G) {
     static const char *const kNames[] = {
@@ -50,29 +54,11 @@ void ShowSortMethod(const Globals *G) {
         return;
     }
     const char *const name = kNames[G->sort_key - 1];
-    const char *const direction = G->sort_descending ? " - Descending" : " - Ascending";
-    const Mode mode = OutputMode(G);
-    char plain[100];
-    switch (mode) {
-    case Mode::kHtml: {
-        char marked[200];
-        std::string color;
-        HTML_esc(G->html_header_color, color);
-        FormatText(plain, "Sorted By: %s - %s", name, direction);
-        FormatText(marked, "<b><font color=\"%s\">Sorted By %s %s</font></b>", color.c_str(), name, direction);
-        Put("\n");
-        Center_HTML(plain, marked);
-        break;
-    }
-    case Mode::kXml:
-        Put("<sort_mode>%s</sort_mode>\n<sort_direction>%s</sort_direction>\n", name, direction + 3); // without " - "
-        break;
-    case Mode::kCsv: Put("Sorted By: %s %s\n", name, direction); break;
-    case Mode::kText:
-        FormatText(plain, "Sorted By: %s %s", name, direction);
-        Center(plain);
-        break;
-    }
+    const char *const direction = G->sort_descending ? "Descending" : "Ascending";
+    char plain[100]; // in HTML it is centred as if it had a second hyphen
+    FormatText(plain, OutputMode(G) == Mode::kHtml ? "Sorted By: %s -  - %s" : "Sorted By: %s  - %s", name, direction);
+    Print(G, kSortLine, Blanks(plain), name, direction);
+    Print(G, kSortFields, name, direction);
 }
 
 void BeginBlock(Globals *G) {

@@ -1,21 +1,19 @@
 // Function points of a line count.
+#include "config/languages.h"
 #include "report/lines.h"
 #include "run/globals.h"
 
-double PointsOf(int lines, int factor) {
+// kind as GetFP has it.
+static double PointsOfKind(int lines, int kind, LanguageGroup language, const Globals *G) {
+    const int factor = language == kNoLanguage ? 0 : G->fp_per_language[3 * language + kind];
     return factor < 1 ? 0.0 : static_cast<double>(lines) / factor;
 }
 
+FunctionPointValues PointsOf(const LineCounts &lines, LanguageGroup language, const Globals *G) {
+    return {PointsOfKind(lines.loc, 0, language, G), PointsOfKind(lines.eloc, 1, language, G),
+            PointsOfKind(lines.lloc, 2, language, G)};
+}
+
 double GetFP(int lines, int kind, const Globals *G) {
-    // In the order of fp_per_language. A C header has a second flag, of C or C++: the header factors come first.
-    const int languages[] = {G->is_c_header, G->is_c, G->is_cpp, G->is_java, G->is_cs, G->is_other};
-    if (kind < 0 || kind > 2) {
-        return 0.0;
-    }
-    for (int language = 0; language < 6; ++language) {
-        if (languages[language]) {
-            return PointsOf(lines, G->fp_per_language[3 * language + kind]);
-        }
-    }
-    return 0.0;
+    return kind < 0 || kind > 2 ? 0.0 : PointsOfKind(lines, kind, LanguageInHand(G), G);
 }

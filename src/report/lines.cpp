@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "config/languages.h"
 #include "report/forms.h"
 #include "report/frame.h"
 #include "report/names.h"
@@ -62,18 +61,15 @@ void LOCFileAvg(int loc, int eloc, int lloc, int comments, int lines, int files,
     }
     const Mode mode = OutputMode(G) == Mode::kXml ? Mode::kText : OutputMode(G);
     const auto average = [files](int sum) { return std::max(sum, 0) / files; };
-    PrintAs(mode, kAverageHeading, files);
-    PrintAs(mode, kLocLine, average(loc), average(eloc), average(lloc), average(comments), lines / files);
+    PrintAs(mode, G, kAverageHeading, files);
+    PrintAs(mode, G, kLocLine, average(loc), average(eloc), average(lloc), average(comments), lines / files);
 }
 
-void FPLOCLine(const char *file, int loc, int eloc, int lloc, Globals *G) {
-    if (!G->function_points) {
-        return;
+void FPLOCLine(LanguageGroup language, int loc, int eloc, int lloc, const Globals *G) {
+    if (G->function_points) {
+        const FunctionPointValues points = PointsOf({loc, eloc, lloc, 0, 0, 0}, language, G);
+        Print(G, kFunctionPointsOfLines, points.fp_loc, points.fp_eloc, points.fp_lloc);
     }
-    if (file) {
-        WhichFile(file, G, 0);
-    }
-    Print(G, kFunctionPointsOfLines, GetFP(loc, 0, G), GetFP(eloc, 1, G), GetFP(lloc, 2, G));
 }
 
 void FPLine(const Globals *G, double fp_loc, double fp_eloc, double fp_lloc) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "run/globals.h"
+#include "run/mode.h"
 
 static constexpr size_t kMaxWrapped = 2046; // characters of a wrapped name
 
@@ -30,7 +31,17 @@ void AdjNameLength(const char *name, std::span<char> out, int width, int indent,
     out[used] = '\0';
 }
 
-static LineText link_text; // the answer of PathFile and HTMLPathFile
+void AdjNameLength(const char *name, std::span<char> out, Wrap wrap, const Globals *G) {
+    AdjNameLength(name, out, wrap.width, wrap.indent, G);
+}
+
+const char *OnPage(const char *name, std::span<char> room, Wrap wrap, const Globals *G) {
+    if (!IsPage(OutputMode(G))) {
+        return name;
+    }
+    AdjNameLength(name, room, wrap, G);
+    return room.data();
+}
 
 static bool IsSeparator(char c) {
     return c == '/' || c == '\\';
@@ -60,27 +71,27 @@ const char *PathFile(const char *name, const Globals *G) {
     }
     const char *behind = G->relative_html_links ? BehindStartDir(path, G) : nullptr;
     if (path[0] == '/') {
-        CopyText(link_text, path);
+        CopyText(G->link_text, path);
     } else if (behind) {
-        CopyText(link_text, behind);
+        CopyText(G->link_text, behind);
     } else if ((path[0] && path[1] == ':') || G->relative_html_links) {
-        CopyText(link_text, path);
+        CopyText(G->link_text, path);
     } else if (path[0] == '.' && IsSeparator(path[1])) {
-        FormatText(link_text, "%s%s", G->start_dir, path + 1);
+        FormatText(G->link_text, "%s%s", G->start_dir, path + 1);
     } else {
-        FormatText(link_text, "%s/%s", G->start_dir, path);
+        FormatText(G->link_text, "%s/%s", G->start_dir, path);
     }
-    return link_text;
+    return G->link_text;
 }
 
 const char *HTMLPathFile(const char *name, const Globals *G) {
     PathFile(name, G);
     if (!G->relative_html_links) {
         LineText path;
-        CopyText(path, link_text);
-        FormatText(link_text, "file://%s", path);
+        CopyText(path, G->link_text);
+        FormatText(G->link_text, "file://%s", path);
     }
-    return link_text;
+    return G->link_text;
 }
 
 const char *get_date(const time_t *when) {

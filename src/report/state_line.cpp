@@ -24,12 +24,11 @@ void ShowStateLine(int line, const char *text, const Globals *) {
 
 // margin: blank lines ahead.
 static void ShowMacroName(const char *margin, const char *name, const Globals *G) {
-    const Mode mode = OutputMode(G);
-    if (mode == Mode::kHtml) {
-        PrintOnly(mode, "%s  <b>Macro</b>: <b><font color=\"%s\">%s</font></b>\n", margin, Shown{G->html_macro_color}, Shown{name});
-    } else {
-        PrintOnly(mode, "%s  Macro: %s\n", margin, Shown{name});
-    }
+    static constexpr Forms<const char *, Shown> kMacro{.text = "%s  Macro: %s\n",
+                                                       .html = "%s  <b>Macro</b>: <b><font color=\"%{macro}\">%s</font></b>\n",
+                                                       .csv = "%s  Macro: %s\n",
+                                                       .xml = "%s  Macro: %s\n"};
+    Print(G, kMacro, margin, Shown{name});
 }
 
 void MacroBegin(const char *name, Globals *G) {

@@ -92,5 +92,3 @@ struct LineBuffers {
     LineText line_string;          // characters of string literals, quotes included
     LineText line_comment;         // characters of comments
 };
-
-enum LanguageGroup { kHeaderGroup, kCGroup, kCppGroup, kJavaGroup, kCsGroup, kOtherGroup, kLanguageGroups };

@@ -15,6 +15,10 @@ enum class Mode { kText, kHtml, kCsv, kXml };
 
 // The mode of a report. Two modes may be asked for at once: HTML wins over CSV, CSV over XML.
 Mode OutputMode(const Globals *G);
+// Text and HTML have pages; CSV and XML hold data.
+constexpr bool IsPage(Mode mode) {
+    return mode == Mode::kText || mode == Mode::kHtml;
+}
 // The mode of help and lists of settings: prose in every mode but HTML, without fields and elements.
 Mode ProseMode(const Globals *G);
 // The mode of lines that stand as plain text in a CSV report too, with their commas: heads of notices, source texts.

@@ -23,6 +23,18 @@ struct FunctionPointValues {
     double fp_loc, fp_eloc, fp_lloc;
 };
 
+// What languages are summed up by. A header is in a group of its own, whatever language it is read as.
+enum LanguageGroup : int8_t {
+    kNoLanguage = -1,
+    kHeaderGroup,
+    kCGroup,
+    kCppGroup,
+    kJavaGroup,
+    kCsGroup,
+    kOtherGroup,
+    kLanguageGroups
+};
+
 struct FileData : Metrics, FunctionPointValues {
     char *name;   // as it will be opened; owned
     int64_t date; // modification time, seconds
@@ -46,14 +58,16 @@ struct NodeData : Named, LineCounts {
     int64_t params; // parameters; in a directory entry: number of files
     int cyclo;
     int returns;   // return points; in a work file comparison: the state
-    float percent; // in a class or namespace: number of its functions
+    float percent; // in a work file comparison: change of eLOC
+    int functions; // of a class or namespace
     int public_methods, protected_methods, private_methods;
     int public_data, protected_data, private_data;
-    int nesting;     // class nesting depth, 0 at the top; in a namespace: number of its classes
-    int line;        // of the declaration
-    int parents;     // base classes
-    int is_struct;   // 1 for a struct
-    char *diff_file; // owned, may be null
+    int nesting; // class nesting depth, 0 at the top; in a namespace: number of its classes
+    int line;    // of the declaration
+    int parents; // base classes
+    bool is_struct;
+    LanguageGroup language; // of its file
+    char *diff_file;        // owned, may be null
 };
 
 struct NameData {

@@ -23,9 +23,14 @@ constexpr Forms<> kLegend{.text = "\n  D - Depth where base class depth = 0\n  C
 
 // A base class, and a derived class behind its indentation.
 constexpr Forms<Shown, int, int> kBase{.text = "\n  + %s [D%d.C%d]\n",
+                                       .html = "\n  <b>+ <font color=\"%{inheritance}\">%s</font></b> "
+                                               "[<span><font color=\"%{inheritance_depth}\">D%d</font></span>."
+                                               "<span><font color=\"%{inheritance_child}\">C%d</font></span>]<br />",
                                        .csv = "\n'+ %s,[D%d.C%d]\n",
                                        .xml = "<class>\n<name>%s</name>\n<depth>%d</depth>\n<children>%d</children>\n</class>\n"};
 constexpr Forms<Shown, int, int, int> kDerived{.text = "- %s [D%d.C%d.P%d]\n",
+                                               .html = "<b>-</b> %s [<font color=\"%{inheritance_depth}\">D%d</font>."
+                                                       "<font color=\"%{inheritance_child}\">C%d</font>.P%d]<br />",
                                                .csv = "- %s,[D%d.C%d.P%d]\n",
                                                .xml = "<class>\n<name>%s</name>\n<depth>%d</depth>\n<children>%d</children>\n"
                                                       "<parent>%d</parent>\n</class>\n"};
@@ -108,32 +113,15 @@ void Indent(const TreeData *node, const Globals *G) {
     Put("%s", blanks);
 }
 
-void ShowHtmlNode(const TreeData *node, const Globals *G) {
-    const Shown depth{G->html_inheritance_depth_color}, child{G->html_inheritance_child_color}, name{node->name};
-    const int children = node->children.count;
-    if (!node->depth) {
-        PrintOnly(Mode::kHtml,
-                  "\n  <b>+ <font color=\"%s\">%s</font></b> [<span><font color=\"%s\">D%d</font></span>"
-                  ".<span><font color=\"%s\">C%d</font></span>]<br />",
-                  Shown{G->html_inheritance_color}, name, depth, node->depth, child, children);
-    } else {
-        Indent(node, G);
-        PrintOnly(Mode::kHtml, "<b>-</b> %s [<font color=\"%s\">D%d</font>.<font color=\"%s\">C%d</font>.P%d]<br />", name, depth,
-                  node->depth, child, children, node->parents);
-    }
-}
-
 void ShowNode(const TreeData *node, const Globals *G) {
-    if (OutputMode(G) == Mode::kHtml) {
-        ShowHtmlNode(node, G);
-    } else if (!node->depth) {
+    if (!node->depth) {
         Print(G, kBase, Shown{node->name}, node->depth, node->children.count);
-    } else {
-        if (OutputMode(G) != Mode::kXml) {
-            Indent(node, G);
-        }
-        Print(G, kDerived, Shown{node->name}, node->depth, node->children.count, node->parents);
+        return;
     }
+    if (OutputMode(G) != Mode::kXml) {
+        Indent(node, G);
+    }
+    Print(G, kDerived, Shown{node->name}, node->depth, node->children.count, node->parents);
 }
 
 void CountNode(const TreeData *node, Globals *G) {

@@ -149,7 +149,7 @@ TEST_CASE_FIXTURE(Bench, "a class adds to the innermost namespace in its name") 
         NodeData record{};
         record.name = const_cast<char *>(name);
         record.loc = 10;
-        record.percent = 2;
+        record.functions = 2;
         Add_Class2namespace(&record, strcmp(name, "a.X") == 0, G);
     }
     const NodeData *a = FindNamespace("a", G), *b = FindNamespace("a::b", G);
@@ -157,7 +157,7 @@ TEST_CASE_FIXTURE(Bench, "a class adds to the innermost namespace in its name") 
     CHECK(a->loc == 10);
     CHECK(b->nesting == 2);
     CHECK(b->loc == 20);
-    CHECK(b->percent == 4);
+    CHECK(b->functions == 4);
 }
 
 TEST_CASE_FIXTURE(Bench, "a name seen again is the same record, in whichever file") {

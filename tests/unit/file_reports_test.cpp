@@ -184,18 +184,24 @@ TEST_CASE_FIXTURE(Bench, "file summary") {
 
 TEST_CASE("CSV table of files") {
     Bench bench(Mode::kCsv);
-    const auto line = [&](int64_t size, int loc, int eloc, int total) {
-        return Written([&] { CSV_File_Line(gTLYOUT, "a", 0, size, loc, eloc, 2, 3, 4, 5, 0, 1, 2, 3, 4, 0, total, bench.G); });
+    const auto line = [&](int64_t size, int loc, int eloc) {
+        char name[] = "a";
+        FileData file{};
+        static_cast<Metrics &>(file) = {{loc, eloc, 2, 3, 4, 5}, 1, 2, 3, 4};
+        file.name = name;
+        file.size = size;
+        return Written([&] { CSV_File_Line(file, bench.G); });
     };
-    CHECK(Has(line(70, 10, 2, 0), ", 70, 10, 2, 2, 3, 4, 5, 1.50, 0, 1, 2, 3, 5, 4, 9, 0\n"));
-    CHECK(Has(line(INT64_C(3000000000), 3, -1, 0), " 3000000000, 3, -1, 2, 3, 4, 5, 0.00, 0,"));
+    CHECK(Has(line(70, 10, 2), ", 70, 10, 2, 2, 3, 4, 5, 1.50, 0, 1, 2, 3, 5, 4, 9, 0\n"));
+    CHECK(Has(line(INT64_C(3000000000), 3, -1), " 3000000000, 3, -1, 2, 3, 4, 5, 0.00, 0,"));
     bench.G->csv_file_lines = 1;
-    const std::string total = line(0, 0, 0, 1);
+    const auto closing = [&] { return Written([&] { CSV_File_Total(bench.G); }); };
+    const std::string total = closing();
     CHECK(Has(total, "Total,, , 3000000070, 13, 1, 4, 6, 8, 10, 1.50, 0, 2, 4, 6, 10, 8, 18, 0\n"));
     CHECK(Has(total, "Average,, , 1500000035.00, 6.50, 0.50, 2.00, 3.00, 4.00, 5.00, 0.75, 0.00, 1.00, 2.00, 3.00, 5.00, 4.00, "));
     CHECK(Has(total, "Maximum,, , 3000000000, 10, 2, 2,"));
     CHECK(Has(total, "Minimum,, , 70, 3, 0, 2,"));
-    CHECK(Count(line(0, 0, 0, 1), "\n") == 1); // cleared: just the column line
+    CHECK(Count(closing(), "\n") == 1); // cleared: just the column line
 }
 
 TEST_CASE_FIXTURE(Bench, "languages") {

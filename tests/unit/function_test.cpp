@@ -167,11 +167,11 @@ TEST_CASE_FIXTURE(Bench, "the class, the enclosing classes or the namespace take
     Run("Unseen::f", "()", line);
     CHECK(FindNamespace("n", G)->loc == 2);
     CHECK(FindClass("A", G)->loc == 4);
-    CHECK(FindClass("Unseen", G)->percent == 1.0F);
+    CHECK(FindClass("Unseen", G)->functions == 1);
     G->class_flag = G->class_index = 1; // in the body the lines are the class's own already
     Run("A::B::f", "(int a)", line);
     CHECK(FindClass("A::B", G)->params == 1);
-    CHECK((FindClass("A", G)->percent == 3.0F && FindClass("A", G)->loc == 4));
+    CHECK((FindClass("A", G)->functions == 3 && FindClass("A", G)->loc == 4));
     G->class_index = 1000000000; // levels that no stack holds cost nothing
     Run("A::C", "()", line);
     for (const char *name : {"n::g", "n::A::g", "n:g", "g", "m::g"}) {

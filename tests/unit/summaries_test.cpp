@@ -15,7 +15,7 @@ struct Entity {
     int loc, comments;
     const char *parameters = nullptr, *inherit = nullptr, *template_line = nullptr;
     int nesting = 0, is_struct = 0, methods = 0;
-    float functions = 0;
+    int functions = 0;
 };
 
 struct Desk : StateBench {
@@ -48,7 +48,8 @@ struct Desk : StateBench {
         record.private_data = 2;
         record.nesting = e.nesting;
         record.is_struct = e.is_struct;
-        record.percent = e.functions;
+        record.functions = e.functions;
+        record.language = kCppGroup;
         CHECK(AddListNode(0, record, &list, G));
         return Record<NodeData>(list.tail);
     }
@@ -265,12 +266,16 @@ TEST_CASE("CSV table of functions") {
     Globals *G = desk.G;
     const auto rows = [&] {
         return Written([&] {
-            char parameters[] = "(int a, int b)";
-            CSV_Function_Line(gTLYOUT, "f<A,B>", parameters, 0, 10, 8, 4, 2, 1, 14, 0, 1, 2, 1, 3, 0, 0, G);
-            CSV_Function_Line(gTLYOUT, "g", nullptr, 0, 91, 8, 4, 4, 1, 14, 0, 1, 0, 1, 5, 0, 0, G);
-            for (int i = 0; i < 2; ++i) { // the second finds no functions
-                CSV_Function_Line(gTLYOUT, "function total", nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, G);
-            }
+            char f[] = "f<A,B>", g[] = "g", parameters[] = "(int a, int b)";
+            NodeData record{};
+            static_cast<LineCounts &>(record) = {10, 8, 4, 2, 1, 14};
+            record.name = f, record.parameters = parameters, record.params = 2, record.returns = 1, record.cyclo = 3;
+            CSV_Function_Line(record, G);
+            static_cast<LineCounts &>(record) = {91, 8, 4, 4, 1, 14};
+            record.name = g, record.parameters = nullptr, record.params = 0, record.cyclo = 5;
+            CSV_Function_Line(record, G);
+            CSV_Function_Total(G);
+            CSV_Function_Total(G); // finds no functions
         });
     };
     CHECK(rows() == "");

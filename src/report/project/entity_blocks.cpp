@@ -16,34 +16,45 @@
 // The name line of a kind of entity, and the element that its block is in XML.
 struct Head {
     const char *label, *element;
-    ColorText HtmlSettings::*color;
+    Color color;
     bool linked; // in HTML the label links to the file
-    int width, indent;
+    Wrap wrap = Behind(label);
 };
 
 // clang-format off
-constexpr Head kFunction       {"Function",          "function",          &HtmlSettings::html_function_color, true,  62, 12};
-constexpr Head kClass          {"Class",             "class",             &HtmlSettings::html_class_color,    true,  65, 9};
-constexpr Head kStruct         {"Struct",            "struct",            &HtmlSettings::html_struct_color,   true,  64, 10};
-constexpr Head kNestedClass    {"Nested Class",      "nested_class",      &HtmlSettings::html_class_color,    false, 58, 16};
-constexpr Head kNestedStruct   {"Nested Struct",     "nested_struct",     &HtmlSettings::html_struct_color,   false, 57, 17};
-constexpr Head kInterfaceHead  {"Interface",         "interface",         &HtmlSettings::html_macro_color,    true,  61, 13};
-constexpr Head kNestedInterface{"Nested Interface",  "nested_interface",  &HtmlSettings::html_class_color,    true,  55, 19};
-constexpr Head kNamespace      {"Namespace/Package", "namespace_package", &HtmlSettings::html_notice_color,   true,  53, 21};
+constexpr Head kFunction       {"Function",          "function",          {&HtmlSettings::html_function_color}, true};
+constexpr Head kClass          {"Class",             "class",             {&HtmlSettings::html_class_color},    true};
+constexpr Head kStruct         {"Struct",            "struct",            {&HtmlSettings::html_struct_color},   true};
+constexpr Head kNestedClass    {"Nested Class",      "nested_class",      {&HtmlSettings::html_class_color},    false};
+constexpr Head kNestedStruct   {"Nested Struct",     "nested_struct",     {&HtmlSettings::html_struct_color},   false};
+constexpr Head kInterfaceHead  {"Interface",         "interface",         {&HtmlSettings::html_macro_color},    true};
+constexpr Head kNestedInterface{"Nested Interface",  "nested_interface",  {&HtmlSettings::html_class_color},    true, {55, 19}};
+constexpr Head kNamespace      {"Namespace/Package", "namespace_package", {&HtmlSettings::html_notice_color},   true};
 
 // A text that belongs to an entity. The HTML labels differ in what is bold.
 struct Detail {
     const char *label, *html, *element;
-    ColorText HtmlSettings::*color;
+    Color color;
     char csv_comma = ' '; // what stands for a comma of the text in CSV
 };
 
-constexpr Detail kParameters      {"Parameters",  "<b>Parameters</b>: ",  "parameters",  &HtmlSettings::html_function_parameter_color};
-constexpr Detail kFunctionTemplate{"Template",    "<b>Template</b>: ",    "template",    &HtmlSettings::html_template_color};
-constexpr Detail kClassTemplate   {"Template",    "<b>Template: </b>",    "template",    &HtmlSettings::html_template_color};
-constexpr Detail kStructTemplate  {"Template",    "<b>Template:</b> ",    "template",    &HtmlSettings::html_struct_color};
-constexpr Detail kInheritance     {"Inheritance", "<b>Inheritance</b>: ", "inheritance", &HtmlSettings::html_inheritance_color, ';'};
+constexpr Detail kParameters      {"Parameters",  "<b>Parameters</b>: ",  "parameters",  {&HtmlSettings::html_function_parameter_color}};
+constexpr Detail kFunctionTemplate{"Template",    "<b>Template</b>: ",    "template",    {&HtmlSettings::html_template_color}};
+constexpr Detail kClassTemplate   {"Template",    "<b>Template: </b>",    "template",    {&HtmlSettings::html_template_color}};
+constexpr Detail kStructTemplate  {"Template",    "<b>Template:</b> ",    "template",    {&HtmlSettings::html_struct_color}};
+constexpr Detail kInheritance     {"Inheritance", "<b>Inheritance</b>: ", "inheritance", {&HtmlSettings::html_inheritance_color}, ';'};
 // clang-format on
+
+// A label, in XML the element, and the name.
+constexpr Forms<LinkTo, Color, const char *, Shown> kName{
+    .text = "  %s: %s\n", .html = "  <b>%s</b>: <b><font color=\"%{color}\">%s</font></b>\n", .xml = "<%s>\n<name>%s</name>\n"};
+constexpr Forms<LinkTo, Color, const char *, Shown> kLinkedName{
+    .text = kName.text,
+    .html = "  <b><a href=\"%{href}\" target=\"_blank\">%s</a></b>: <b><font color=\"%{color}\">%s</font></b>\n",
+    .xml = kName.xml};
+// The same of a detail, and the element once more.
+constexpr Forms<Color, const char *, Shown, const char *> kDetail{
+    .text = "  %s: %s\n", .html = "  %s<b><font color=\"%{color}\">%s</font></b>\n", .xml = "<%s>%s</%s>\n"};
 
 // operator=(...) and the like, without a class in front, and unnamed scopes have no block of their own.
 static bool HasBlock(const NodeData *record) {
@@ -63,49 +74,31 @@ static void ReplaceCommas(char *text, char with) {
 }
 
 static void ShowName(const Head &head, const char *name, const char *file, const Globals *G) {
-    const Mode mode = OutputMode(G);
-    LineText wrapped;
-    AdjNameLength(name, wrapped, head.width, head.indent, G);
-    const Shown color{G->*head.color};
-    switch (mode) {
-    case Mode::kText: PrintOnly(mode, "  %s: %s\n", head.label, Shown{wrapped}); break;
-    case Mode::kHtml:
-        if (head.linked) {
-            std::string link;
-            url_encode(HTMLPathFile(file, G), link);
-            PrintOnly(mode, "  <b><a href=\"%s\" target=\"_blank\">%s</a></b>: <b><font color=\"%s\">%s</font></b>\n",
-                      Shown{link.c_str()}, head.label, color, Shown{wrapped});
-        } else {
-            PrintOnly(mode, "  <b>%s</b>: <b><font color=\"%s\">%s</font></b>\n", head.label, color, Shown{wrapped});
-        }
-        break;
-    case Mode::kCsv: break;
-    case Mode::kXml: PrintOnly(mode, "<%s>\n<name>%s</name>\n", head.element, Shown{name}); break;
-    }
+    const bool xml = OutputMode(G) == Mode::kXml;
+    LineText room;
+    Print(G, head.linked ? kLinkedName : kName, LinkTo{file}, head.color, xml ? head.element : head.label,
+          Shown{OnPage(name, room, head.wrap, G)});
 }
 
 // page is the text for text and HTML, data the one for XML and CSV.
 static void ShowDetail(const Detail &detail, const char *page, const char *data, const Globals *G) {
-    const Mode mode = OutputMode(G);
-    switch (mode) {
-    case Mode::kText: PrintOnly(mode, "  %s: %s\n", detail.label, Shown{page}); break;
-    case Mode::kHtml:
-        PrintOnly(mode, "  %s<b><font color=\"%s\">%s</font></b>\n", detail.html, Shown{G->*detail.color}, Shown{page});
-        break;
+    switch (OutputMode(G)) {
+    case Mode::kText: Print(G, kDetail, detail.color, detail.label, Shown{page}, ""); break;
+    case Mode::kHtml: Print(G, kDetail, detail.color, detail.html, Shown{page}, ""); break;
+    case Mode::kXml: Print(G, kDetail, detail.color, detail.element, Shown{data}, detail.element); break;
     case Mode::kCsv: { // a text that comes broken stays so, with its indent
         std::string field = data;
         std::replace(field.begin(), field.end(), ',', detail.csv_comma);
         Put("%s,%s\n", detail.label, field.c_str());
         break;
     }
-    case Mode::kXml: PrintOnly(mode, "<%s>%s</%s>\n", detail.element, Shown{data}, detail.element); break;
     }
 }
 
-static void ShowComplexityAndLines(const NodeData *record, Globals *G) {
+static void ShowComplexityAndLines(const NodeData *record, const Globals *G) {
     ComplexLine(WholeNumber(static_cast<double>(record->params)), record->returns, record->cyclo, G);
     LOCLine(record->loc, record->eloc, record->lloc, record->comments, record->lines, G);
-    FPLOCLine(record->file, record->loc, record->eloc, record->lloc, G);
+    FPLOCLine(record->language, record->loc, record->eloc, record->lloc, G);
 }
 
 static void CloseBlock(const Head &head, const Globals *G) {
@@ -129,13 +122,13 @@ void FunctionDataShow(NodeData *record, Globals *G) {
     }
     LineText wrapped;
     ShowName(kFunction, record->name, record->file, G);
-    AdjNameLength(record->parameters, wrapped, 60, 14, G);
+    AdjNameLength(record->parameters, wrapped, Behind(kParameters.label), G);
     ShowDetail(kParameters, wrapped, record->parameters, G);
     if (mode == Mode::kXml) {
         PrintOnly(mode, "<file>%s</file>\n<line>%d</line>\n", Shown{record->file}, record->line);
     }
     if (Holds(record->template_line)) {
-        AdjNameLength(record->template_line, wrapped, kFunction.width, kFunction.indent, G);
+        AdjNameLength(record->template_line, wrapped, kFunction.wrap, G);
         ShowDetail(kFunctionTemplate, wrapped, record->template_line, G);
     }
     ShowComplexityAndLines(record, G);
@@ -143,7 +136,7 @@ void FunctionDataShow(NodeData *record, Globals *G) {
 }
 
 // The rows and lines that classes and interfaces have in common.
-static void ShowMembers(const Head &head, const NodeData *record, Globals *G) {
+static void ShowMembers(const Head &head, const NodeData *record, const Globals *G) {
     DataLine(record->public_data, record->protected_data, record->private_data, G);
     MethodLine(record->public_methods, record->protected_methods, record->private_methods, G);
     ShowComplexityAndLines(record, G);
@@ -168,11 +161,11 @@ void ClassDataShow(NodeData *record, Globals *G) {
     ShowClassRow(record, G);
     ShowName(head, record->name, record->file, G);
     if (Holds(record->template_line)) {
-        AdjNameLength(record->template_line, wrapped, plain.width, plain.indent, G);
+        AdjNameLength(record->template_line, wrapped, plain.wrap, G);
         ShowDetail(is_struct ? kStructTemplate : kClassTemplate, wrapped, record->template_line, G);
     }
     if (Holds(record->inherit_line)) {
-        AdjNameLength(record->inherit_line, wrapped, 59, 15, G);
+        AdjNameLength(record->inherit_line, wrapped, Behind(kInheritance.label), G);
         ShowDetail(kInheritance, wrapped, wrapped, G);
     }
     ShowMembers(head, record, G);

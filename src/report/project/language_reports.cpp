@@ -96,9 +96,7 @@ static bool HasLines(const LineCounts &sums) {
 }
 
 static FunctionPointValues GroupPoints(LanguageGroup group, const Globals *G) {
-    const LineCounts &sums = G->language_sums[group];
-    const int *factors = G->fp_per_language + 3 * group;
-    return {PointsOf(sums.loc, factors[0]), PointsOf(sums.eloc, factors[1]), PointsOf(sums.lloc, factors[2])};
+    return PointsOf(G->language_sums[group], group, G);
 }
 
 constexpr Forms<const char *> kLanguageLabel{.text = "\n  %s\n", .html = "\n  <b>%s</b>\n"};

@@ -27,35 +27,25 @@ int TotalNotices(const Globals *G) {
 }
 
 // Both titles stand at the same column, not in the middle of the page.
-void ProfileTitle(const char *title, const Globals *G) {
-    const bool html = OutputMode(G) == Mode::kHtml;
-    if (html) {
-        PrintOnly(Mode::kHtml, "<b><font color=\"%s\">", Shown{G->html_header_color});
-    }
-    Put("                        %s\n%s\n", title, html ? "</font></b>" : "");
-}
+constexpr Forms<const char *> kProfileTitle{.text = "                        %s\n\n",
+                                            .html = "<b><font color=\"%{header}\">                        %s\n</font></b>\n"};
+constexpr Forms<> kProfileColumns{.text = "  Type  Count Percent  Quality Notice\n",
+                                  .html = "  <b>Type  Count Percent  Quality Notice</b>\n"};
 
 constexpr Forms<int, int, double, Shown> kRow{
     .text = "  %-4d %6d  %6.2f  %s\n",
+    .html = "  <b><font color=\"%{notice}\">%-4d</font></b> <b><font color=\"%{function}\">%6d</font></b>  "
+            "<b><font color=\"%{class}\">%6.2f</font></b>  <b>%s</b>\n",
     .xml = "<notice>\n<type>%d</type>\n<count>%d</count>\n<percent>%.2f</percent>\n<description>%s</description>\n</notice>\n",
 };
-
 // The text is the last field: its commas may stay.
 constexpr Forms<int, int, double, const char *> kCsvRow{.csv = "%-2d,%7d,%6.2f,%s\n"};
 
-constexpr Forms<Shown, int, Shown, int, Shown, double, Shown> kHtmlRow{
-    .html = "  <b><font color=\"%s\">%-4d</font></b> <b><font color=\"%s\">%6d</font></b>  "
-            "<b><font color=\"%s\">%6.2f</font></b>  <b>%s</b>\n",
-};
-
 constexpr Forms<int, double, const char *> kTotal{
     .text = "      %7d  %6.2f  %s\n\n",
+    .html = "      <b><font color=\"%{function}\">%7d</font></b>  <b><font color=\"%{class}\">%6.2f</font></b>  <b>%s</b>\n\n",
     .csv = ",%7d,%6.2f,%s\n\n",
     .xml = "<notice>\n<type>All</type>\n<count>%d</count>\n<percent>%.2f</percent>\n<description>%s</description>\n</notice>\n",
-};
-
-constexpr Forms<Shown, int, Shown, double, const char *> kHtmlTotal{
-    .html = "      <b><font color=\"%s\">%7d</font></b>  <b><font color=\"%s\">%6.2f</font></b>  <b>%s</b>\n\n",
 };
 
 constexpr Forms<double, double> kPerLoc{
@@ -92,20 +82,14 @@ void ProfileHead(int total, Globals *G) {
     case Mode::kText: break;
     }
     DashRule();
-    ProfileTitle("~~ Project Quality Profile ~~", G);
-    Put("  %sType  Count Percent  Quality Notice%s\n", mode == Mode::kHtml ? "<b>" : "", mode == Mode::kHtml ? "</b>" : "");
+    Print(G, kProfileTitle, "~~ Project Quality Profile ~~");
+    Print(G, kProfileColumns);
     UnderscoreRule();
 }
 
 void ProfileRow(int number, int count, double percent, const char *text, const Globals *G) {
-    switch (OutputMode(G)) {
-    case Mode::kHtml:
-        Print(G, kHtmlRow, Shown{G->html_notice_color}, number, Shown{G->html_function_color}, count, Shown{G->html_class_color},
-              percent, Shown{text});
-        return;
-    case Mode::kCsv: Print(G, kCsvRow, number, count, percent, text); return;
-    default: Print(G, kRow, number, count, percent, Shown{text}); return;
-    }
+    Print(G, kRow, number, count, percent, Shown{text});
+    Print(G, kCsvRow, number, count, percent, text);
 }
 
 void ProfileRows(int total, Globals *G) {
@@ -119,16 +103,12 @@ void ProfileRows(int total, Globals *G) {
 void ProfileTotal(int total, const Globals *G) {
     static constexpr const char *kLabel = "Total Quality Notices";
     const Mode mode = OutputMode(G);
-    if (mode == Mode::kText || mode == Mode::kHtml) {
+    if (IsPage(mode)) {
         UnderscoreRule();
     } else if (mode == Mode::kCsv) {
         Put("\n");
     }
-    if (mode == Mode::kHtml) {
-        Print(G, kHtmlTotal, Shown{G->html_function_color}, total, Shown{G->html_class_color}, 100.0, kLabel);
-    } else {
-        Print(G, kTotal, total, 100.0, kLabel);
-    }
+    Print(G, kTotal, total, 100.0, kLabel);
 }
 
 // Nothing for a project without such lines.
@@ -146,7 +126,7 @@ void Density(int total, const Globals *G) {
     case Mode::kXml: Put("<notice_density>\n"); break;
     case Mode::kHtml:
     case Mode::kText:
-        ProfileTitle("~~ Quality Notice Density ~~", G);
+        Print(G, kProfileTitle, "~~ Quality Notice Density ~~");
         Put("  Basis: 1000 (K)\n\n");
         break;
     }
@@ -158,6 +138,12 @@ void Density(int total, const Globals *G) {
     }
 }
 
+constexpr Forms<LinkTo, Shown, int, int, Shown> kNotice{
+    .text = "  %s - Notice #%2d: Line %d, %s\n",
+    .html = "  <a href=\"%{href}\" target=\"_blank\">%s</a> - <font color=%{notice}><b>Notice</b></font> "
+            "<b>#%2d</b>: Line <b>%d</b>, %s\n",
+    .xml = "<notice>\n<file>%s</file>\n<type>%d</type>\n<line>%d</line>\n<description>%s</description>\n</notice>\n"};
+
 // One remembered notice. CSV takes a built-in text as it stands, as the last field may hold commas.
 void NoticeDataShow(const NameData *notice, Globals *G) {
     const Mode mode = OutputMode(G);
@@ -167,33 +153,12 @@ void NoticeDataShow(const NameData *notice, Globals *G) {
         PrintOnly<Shown, int, int, Shown>(mode, "%s(%d) : Notice #%2d - %s\n", file, notice->line, notice->number, Shown{text});
         return;
     }
-    switch (mode) {
-    case Mode::kCsv:
+    if (mode == Mode::kCsv) {
         PrintOnly<Shown, int, int, const char *>(mode, "%s, %2d, %d, %s\n", file, notice->number, notice->line, text);
         return;
-    case Mode::kXml:
-        PrintOnly<Shown, int, int, Shown>(mode,
-                                          "<notice>\n<file>%s</file>\n<type>%d</type>\n<line>%d</line>\n"
-                                          "<description>%s</description>\n</notice>\n",
-                                          file, notice->number, notice->line, Shown{text});
-        return;
-    case Mode::kHtml: {
-        std::string link;
-        url_encode(HTMLPathFile(notice->name, G), link);
-        const char *slash = strrchr(notice->name, '/');
-        PrintOnly<Shown, Shown, Shown, int, int, Shown>(
-            mode,
-            "  <a href=\"%s\" target=\"_blank\">%s</a> - <font color=%s><b>Notice</b></font> "
-            "<b>#%2d</b>: Line <b>%d</b>, %s\n",
-            Shown{link.c_str()}, Shown{slash ? slash + 1 : notice->name}, Shown{G->html_notice_color}, notice->number, notice->line,
-            Shown{text});
-        return;
     }
-    case Mode::kText:
-        PrintOnly<Shown, int, int, Shown>(mode, "  %s - Notice #%2d: Line %d, %s\n", file, notice->number, notice->line,
-                                          Shown{text});
-        return;
-    }
+    const char *slash = mode == Mode::kHtml ? strrchr(notice->name, '/') : nullptr; // the link tells the directory
+    Print(G, kNotice, LinkTo{notice->name}, Shown{slash ? slash + 1 : notice->name}, notice->number, notice->line, Shown{text});
 }
 
 void SummaryHead(int notices, const Globals *G) {

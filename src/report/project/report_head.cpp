@@ -13,19 +13,16 @@
 #include "run/encode.h"
 #include "run/globals.h"
 
+// Colours that aren't set are those of the document.
 static void BodyTag(const Globals *G) {
-    const Shown background{G->html_background_color};
-    const Shown text{G->html_text_color}, vlink{G->html_vlink_color}, link{G->html_link_color}, alink{G->html_alink_color};
-    const bool colored = *text.text && *vlink.text && *link.text;
-    const Mode html = Mode::kHtml;
-    if (*background.text && colored) {
-        PrintOnly(html, "<body bgcolor=\"%s\" text=\"%s\" vlink=\"%s\" link=\"%s\" alink=\"%s\" >\n", background, text, vlink, link,
-                  alink);
-    } else if (*background.text) {
-        PrintOnly(html, "<body bgcolor=\"%s\" text=\"#000000\" vlink=\"#660099\" link=\"#0000ee\" alink=\"#CCCCCC\">\n",
-                  background);
+    const bool background = *G->html_background_color;
+    const bool colored = *G->html_text_color && *G->html_vlink_color && *G->html_link_color;
+    if (background && colored) {
+        PrintHtml(G, "<body bgcolor=\"%{background}\" text=\"%{text}\" vlink=\"%{vlink}\" link=\"%{link}\" alink=\"%{alink}\" >\n");
+    } else if (background) {
+        PrintHtml(G, "<body bgcolor=\"%{background}\" text=\"#000000\" vlink=\"#660099\" link=\"#0000ee\" alink=\"#CCCCCC\">\n");
     } else if (colored) {
-        PrintOnly(html, "<body text=\"%s\" vlink=\"%s\" link=\"%s\" alink=\"%s\">\n", text, vlink, link, alink);
+        PrintHtml(G, "<body text=\"%{text}\" vlink=\"%{vlink}\" link=\"%{link}\" alink=\"%{alink}\">\n");
     } else {
         Put("<body text=\"#000000\" vlink=\"#660099\" link=\"#0000ee\" alink=\"#CCCCCC\">\n");
     }
@@ -53,60 +50,51 @@ static void GetRunDate(std::span<char> out) {
     }
 }
 
+// The head of help is a page in a CSV or XML run too, so mode isn't always that of the run.
+
 // Banner, product, version and date lines, down to the underscore rule.
 static void ShowProductLines(Mode mode, const Globals *G) {
-    static constexpr Forms<Shown> kProduct{
+    static constexpr Forms<> kProduct{
         .text = "           Tallyline (TM) for C, C++, C# and Java\n",
-        .html = "<b><font color=\"%s\">\n             Tallyline&#8482; for C, C++, C# and Java\n</font></b>"};
+        .html = "<b><font color=\"%{tly}\">\n             Tallyline&#8482; for C, C++, C# and Java\n</font></b>"};
+    static constexpr Forms<const char *, Shown> kDates{
+        .text = "  Build Date  : %-15s                     Run Date: %s\n",
+        .html = "  <b><font color=\"%{date}\">Build Date</font></b>  : <b>%-15s                     "
+                "<font color=\"%{date}\">Run Date</font></b>: %s \n"};
+    const bool html = mode == Mode::kHtml;
     char version[40];
+    char marked[60];
     char run_date[40];
     FormatText(version, "Version %s", G->version);
+    FormatText(marked, html ? "<b>Version</b> %s" : "Version %s", G->version);
     GetRunDate(run_date);
-    const Shown color{G->html_date_color};
-    if (mode == Mode::kHtml) {
-        if (G->report_header_active) {
-            Put("%s\n", G->header_html);
-        }
-        PrintAs(mode, kProduct, Shown{G->html_tly_color});
-        char marked[60];
-        FormatText(marked, "<b>Version</b> %s", G->version);
-        Center_HTML(version, marked);
-        Put("\n");
-        PrintOnly(mode,
-                  "  <b><font color=\"%s\">Build Date</font></b>  : <b>%-15s                     "
-                  "<font color=\"%s\">Run Date</font></b>: %s \n",
-                  color, BuildDate(), color, Shown{run_date});
-    } else {
-        if (G->report_header_active) {
-            Center(G->header_text);
-        }
-        Put("\n");
-        PrintAs(mode, kProduct, Shown{nullptr});
-        Center(version);
-        Put("\n");
-        PrintOnly(mode, "  Build Date  : %-15s                     Run Date: %s\n", BuildDate(), Shown{run_date});
+    if (G->report_header_active) {
+        html ? Put("%s\n", G->header_html) : Center(G->header_text);
     }
+    if (!html) {
+        Put("\n");
+    }
+    PrintAs(mode, G, kProduct);
+    Center_HTML(version, marked);
+    Put("\n");
+    PrintAs(mode, G, kDates, BuildDate(), Shown{run_date});
     UnderscoreRule();
 }
 
 // Which settings and which arguments the report comes from.
 static void ShowOrigin(Mode mode, const Globals *G) {
-    const Shown color{G->html_header_color};
+    static constexpr Forms<Shown> kConfig{.text = "  Config. File: %s\n",
+                                          .html = "  <b><font color=\"%{header}\">Config. File</font></b>: %s\n"};
+    static constexpr Forms<> kCommand{.text = "  Command Line: ",
+                                      .html = "  <b><font color=\"%{header}\">Command Line</font></b>: "};
+    static constexpr Wrap kConfigWrap{58, 22}; // indented deeper than its label
     if (!G->no_config) {
         LineText name;
-        AdjNameLength(G->cfg_file, name, 58, 22, G);
-        if (mode == Mode::kHtml) {
-            PrintOnly(mode, "  <b><font color=\"%s\">Config. File</font></b>: %s\n", color, Shown{name});
-        } else {
-            PrintOnly(mode, "  Config. File: %s\n", Shown{name});
-        }
+        AdjNameLength(G->cfg_file, name, kConfigWrap, G);
+        PrintAs(mode, G, kConfig, Shown{name});
     }
     if (!G->no_command) {
-        if (mode == Mode::kHtml) {
-            PrintOnly(mode, "  <b><font color=\"%s\">Command Line</font></b>: ", color);
-        } else {
-            Put("  Command Line: ");
-        }
+        PrintAs(mode, G, kCommand);
         ShowCmdLine(gTLYOUT, G);
         Put("\n");
     }
@@ -114,12 +102,9 @@ static void ShowOrigin(Mode mode, const Globals *G) {
 
 // The columns of a report on two baselines have a configuration of their own.
 static void ShowDiffCfg(Mode mode, const Globals *G) {
-    const Shown name{G->diff_cfg_file};
-    if (mode == Mode::kHtml) {
-        PrintOnly(mode, "  <b><font color=\"%s\">Diff Config.</font></b>: %s\n", Shown{G->html_header_color}, name);
-    } else {
-        PrintOnly(mode, "  Diff Config.: %s\n", name);
-    }
+    static constexpr Forms<Shown> kDiffConfig{.text = "  Diff Config.: %s\n",
+                                              .html = "  <b><font color=\"%{header}\">Diff Config.</font></b>: %s\n"};
+    PrintAs(mode, G, kDiffConfig, Shown{G->diff_cfg_file});
 }
 
 static void ShowTitle(Mode mode, const Globals *G) {

@@ -57,7 +57,6 @@ static Summary GatherFunctions(Globals *G) {
         Figures figures = FiguresOf(*record, 1);
         AddPoints(figures, *record, G);
         AddFigures(summary, figures, false);
-        // Behind AddPoints: the file of the record is the current one.
         Add_Func2namespace(*record, G);
     }
     return summary;

@@ -118,5 +118,5 @@ void ShowMemorySummary(Globals *G) {
     } else {
         Center(kTitle);
     }
-    PrintAs(html ? Mode::kHtml : Mode::kText, kMemory, G->alloc_count, G->free_count, G->new_count, G->delete_count);
+    PrintAs(html ? Mode::kHtml : Mode::kText, G, kMemory, G->alloc_count, G->free_count, G->new_count, G->delete_count);
 }

@@ -59,22 +59,18 @@ struct VerboseRow {
     Cell left, right;
 };
 
+// HTML has a bold text of its own, or the one of a page.
 void ShowLabel(const Label &label, const Globals *G) {
-    if (OutputMode(G) == Mode::kHtml) {
-        Put("  <b>%s</b>%s", label.html ? label.html : label.bold, label.rest);
-    } else {
-        Put("  %s%s", label.bold, label.rest);
-    }
+    static constexpr Forms<const char *, const char *> kLabel{.text = "  %s%s", .html = "  <b>%s</b>%s", .csv = "  %s%s"};
+    const bool html = OutputMode(G) == Mode::kHtml && label.html;
+    Print(G, kLabel, html ? label.html : label.bold, label.rest);
 }
 
 // "--------------- LOC ---------------"
 void ShowHeading(const Label &label, const Globals *G) {
-    if (OutputMode(G) == Mode::kHtml) {
-        const Shown color{G->html_header_color};
-        PrintOnly(Mode::kHtml, "  <b>%s <font color=\"%s\">%s</font> %s</b>", label.bold, color, label.rest, label.html);
-    } else {
-        Put("  %s %s %s", label.bold, label.rest, label.html);
-    }
+    static constexpr Forms<const char *, const char *, const char *> kHeadingLine{
+        .text = "  %s %s %s", .html = "  <b>%s <font color=\"%{header}\">%s</font> %s</b>", .csv = "  %s %s %s"};
+    Print(G, kHeadingLine, label.bold, label.rest, label.html);
 }
 
 void ShowLeft(const Cell &cell, const Globals *G) {
@@ -137,13 +133,12 @@ void ShowPage(int project, const Derived &d, const Globals *G) {
         {Of({"for .................:", " ", kNumber}, G->for_count),                               Of({"Characters, Spaces ..:", "", kPercents}, d.characters, d.spaces)},
     };
     // clang-format on
-    const bool html = OutputMode(G) == Mode::kHtml;
-    if (html) {
-        PrintOnly(Mode::kHtml, "<b><font color=\"%s\">", Shown{G->html_header_color});
-    }
+    static constexpr Forms<> kOpenTitle{.html = "<b><font color=\"%{header}\">"};
+    static constexpr Forms<> kCloseTitle{.text = "\n", .html = "</font></b>\n", .csv = "\n"};
+    Print(G, kOpenTitle);
     DashRule();
     Center(project ? "~~ Project Keywords and Metrics ~~" : "~~ File Keywords and Metrics ~~");
-    Put(html ? "</font></b>\n" : "\n");
+    Print(G, kCloseTitle);
     for (const VerboseRow &row : rows) {
         ShowLeft(row.left, G);
         ShowRight(row.right, G);

@@ -175,15 +175,10 @@ void FileNotices(Globals *G) {
     }
 }
 
-void ReportCsvLines(const FileData *file, Globals *G) {
-    CSV_Function_Line(gTLYOUT, "function total", nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, G);
-    CSV_File_Line(gTLYOUT, file->name, file->date, file->size, file->loc, file->eloc, file->lloc, file->comments, file->blanks,
-                  file->lines, G->class_count, file->functions, file->params, file->returns, file->cyclo, G->notice_count, 0, G);
-}
-
 void ReportFile(const FileData *file, Globals *G) {
     if (G->csv_file_lines) {
-        ReportCsvLines(file, G);
+        CSV_Function_Total(G);
+        CSV_File_Line(*file, G);
         return;
     }
     if (G->work_file && !G->comment_doc_mode && !G->extract_mode) {

@@ -288,7 +288,7 @@ void EndReport(ProcessTimer *timer, Globals *G) {
     if (HasTotals(G)) {
         SetTotal(G);
         if (G->csv_mode && G->csv_file_lines) {
-            CSV_File_Line(gTLYOUT, "total", 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, G);
+            CSV_File_Total(G);
         }
         if (!G->list_functions && !G->list_files_only) {
             ProjectHeading(G);
