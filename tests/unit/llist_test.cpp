@@ -1,9 +1,12 @@
 // The list, its records and their order.
 #include "bench.h"
 
+#include <deque>
 #include <random>
+#include <unordered_map>
 
 #include "run/compare.h"
+#include "run/name_index.h"
 
 namespace {
 
@@ -137,4 +140,48 @@ TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
     CHECK(position("/src2", IsInName_NodeType) == "-"); // a neighbour
     CHECK(LlistSearch(&dirs, nullptr, IsInName_NodeType) == nullptr);
     LlistDestroy(&dirs, NodeDataFree);
+}
+
+TEST_CASE("the name index answers as a map of the library does") {
+    struct Entry {
+        const char *name; // the first field
+        std::string text;
+    };
+    std::mt19937 random(5);
+    std::deque<Entry> entries; // keeps addresses
+    std::unordered_map<std::string, const Entry *> map;
+    NameIndex index{};
+    const auto any_name = [&] { return "n" + std::to_string(random() % 700); };
+    const auto enter = [&](Entry *entry) {
+        entry->name = entry->text.c_str();
+        REQUIRE(IndexName(&index, entry) == 1);
+        map.emplace(entry->text, entry); // the first of a name stays the answer
+    };
+    const auto take_out = [&](const Entry *entry) {
+        UnindexName(&index, entry);
+        const auto found = map.find(entry->text);
+        if (found != map.end() && found->second == entry) {
+            map.erase(found);
+        }
+    };
+    for (int step = 0; step < 20000; ++step) {
+        Entry *old = entries.empty() ? nullptr : &entries[random() % entries.size()];
+        switch (old ? random() % 4 : 0) {
+        case 0: enter(&entries.emplace_back(Entry{nullptr, any_name()})); break;
+        case 1: take_out(old); break;
+        case 2: // another name
+            take_out(old);
+            old->text = any_name();
+            enter(old);
+            break;
+        default: {
+            const std::string name = any_name();
+            const auto found = map.find(name);
+            REQUIRE(FindIndexed(&index, name.c_str()) == (found == map.end() ? nullptr : found->second));
+        }
+        }
+        REQUIRE(index.count == map.size());
+    }
+    FreeIndex(&index);
+    CHECK(FindIndexed(&index, "n1") == nullptr);
 }
