@@ -5,8 +5,6 @@
 // counted, so that each ends at its own brace; the body that they interrupt isn't kept.
 #include "analysis/class.h"
 
-#include <cerrno>
-
 #include "analysis/code_text.h"
 #include "analysis/entities.h"
 #include "analysis/parse_line.h"
@@ -18,6 +16,7 @@
 #include "report/lines.h"
 #include "report/state_line.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 #include "run/percent.h"
 
@@ -64,7 +63,7 @@ int ReplaceText(char **field, const char *text) {
 int UpdateClassRecord(NodeData *record, const char *inherit, const char *template_text, Globals *G) {
     if ((inherit && !ReplaceText(&record->inherit_line, inherit)) ||
         (template_text && !ReplaceText(&record->template_line, template_text))) {
-        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+        MemoryError(G);
         return 0;
     }
     if (inherit) {

@@ -13,27 +13,21 @@
 
 namespace {
 
-constexpr int kLineLimit = 2048;
 constexpr const char *kHeadingNoise = "{}; \n\r";
 
-int SkipBlanks(const char *line, int index, Globals *G) {
-    while (IsBlankOrTab(line[index])) {
-        if (++index == kLineLimit) {
-            Message(G, "  Error: Unexpected line length exceeding %d characters", kLineLimit);
-        }
-    }
-    return index;
+int SkipBlanks(const char *line, int index) {
+    return static_cast<int>(Ltrim(line + index) - line);
 }
 
 // Where the name begins at or behind index; -1 when it can only stand on the next line.
-int BeginOfName(const char *line, int index, Globals *G) {
-    index = SkipBlanks(line, index, G);
+int BeginOfName(const char *line, int index) {
+    index = SkipBlanks(line, index);
     if (line[index] == '/' && line[index + 1] == '*') { // class /* exported */ Foo
         const char *close = strstr(line + index + 2, "*/");
         if (!close) {
             return -1;
         }
-        index = SkipBlanks(line, static_cast<int>(close + 2 - line), G);
+        index = SkipBlanks(line, static_cast<int>(close + 2 - line));
     }
     return isfirstchar(line[index]) ? index : -1;
 }
@@ -98,7 +92,7 @@ void GetClassname(const char *line, int col, Globals *G) {
     }
     LineText name;
     for (int index = col;;) {
-        const int begin = BeginOfName(line, index, G);
+        const int begin = BeginOfName(line, index);
         G->classname_pending = begin < 0;
         if (begin < 0) {
             return;

@@ -3,11 +3,7 @@
 // Not here: what is told of a whole line (SingleChar in parse_line.cpp), and the marks in front of a keyword (keywords.cpp).
 #include "analysis/code_text.h"
 
-#include <cstdio>
-
 namespace {
-
-constexpr int kLongestLine = 2048;
 
 // p stands on the "/" of a comment that opens; behind it, or at the LF or NUL that it doesn't close ahead of.
 const char *BehindComment(const char *p) {
@@ -58,12 +54,8 @@ const char *ReadToken(const char *line, int index, std::span<char> out, const To
         return nullptr;
     }
     const int begin = end;
-    while (end < kLongestLine && line[end] && !IsOneOf(line[end], kind.ends)) {
+    while (line[end] && !IsOneOf(line[end], kind.ends)) {
         ++end;
-    }
-    if (end >= kLongestLine) {
-        fputs("  Error: Unexpected line length with no line feed", stdout);
-        return nullptr;
     }
     CopyPart(out, line + begin, end - begin);
     return kind.any_first || isfirstchar(out[0]) ? out.data() : nullptr;

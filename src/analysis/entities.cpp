@@ -4,17 +4,12 @@
 // would.
 #include "analysis/entities.h"
 
-#include <cerrno>
-
 #include "config/languages.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 
 namespace {
-
-void MemoryError(Globals *G) {
-    Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
-}
 
 // The record in the list's last node enters the index; null, after a message, when the record wasn't added or doesn't fit in.
 NodeData *EnterLast(int added, Llist *list, NameIndex *index, Globals *G) {
@@ -85,13 +80,16 @@ bool is_macro(const char *word, const Globals *G) {
 }
 
 void AddMacro(const char *name, int line, Globals *G) {
-    if (AddNameNode(name, line, 0, &G->macro_list, G)) {
-        IndexName(&G->macro_index_by_name, G->macro_list.tail->data);
+    if (!AddNameNode(name, line, 0, &G->macro_list, G) || !IndexName(&G->macro_index_by_name, G->macro_list.tail->data)) {
+        MemoryError(G);
     }
 }
 
 void IndexMacros(Globals *G) {
     for (NameData *macro : Records<NameData>(G->macro_list)) {
-        IndexName(&G->macro_index_by_name, macro);
+        if (!IndexName(&G->macro_index_by_name, macro)) {
+            MemoryError(G);
+            return;
+        }
     }
 }

@@ -5,7 +5,6 @@
 #include "analysis/function.h"
 
 #include <algorithm>
-#include <cerrno>
 
 #include "analysis/class.h"
 #include "analysis/code_text.h"
@@ -17,6 +16,7 @@
 #include "notices/raise.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 #include "run/percent.h"
 
@@ -187,10 +187,9 @@ void CloseFunction(Scan &scan, Globals *G) {
     AddToSums(figures, G);
     NoticesOfLimits(figures, G);
     const int cyclo = CountComplexity(G);
-    G->func_end_line = G->file_line_no;
     AddToClass(figures, cyclo, G);
     if (!AddRecord(figures, cyclo, G)) {
-        Message(G, "  Memory Error: %s\n", strerror(errno));
+        MemoryError(G);
         scan.aborted = 1;
         return;
     }

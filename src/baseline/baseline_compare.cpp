@@ -6,14 +6,13 @@
 #include "baseline/baseline_compare.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 
 #include "baseline/baseline_match.h"
 #include "baseline/code_compare.h"
 #include "baseline/work_file.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 #include "run/progress.h"
 
@@ -221,7 +220,7 @@ void DiffWorkLists(Llist *older, Llist *newer, Llist *result, Globals *G) {
     // what was added last stands first among equal names: a changed file's equal part ahead of its changed one
     const bool whole = newer_of && MatchFiles(*older, *newer, newer_of, G) && ClassifyFiles(*older, *newer, newer_of, result, G);
     if (!LlistSort(result, CompName_NodeData, 0) || !whole) {
-        Message(G, "  Memory Error: %s\n", strerror(errno));
+        MemoryError(G);
     }
     free(newer_of);
 }

@@ -123,7 +123,7 @@ int CompareCodeLCS(const char *file_name, const DiffDataList &hist, const DiffDa
         Put("**** Hlist count %d\n**** Plist count %d\n", hist.count, pres.count);
     }
     const DiffLines older(hist.lines, hist.count), newer(pres.lines, pres.count);
-    DiffListing listing;
+    DiffListing listing{};
     double bytes = 0.0;
     if (G->diff_show_details && !OpenDiffListing(&listing, older.size() + newer.size(), G->sort_descending, &bytes)) {
         ComparisonMemoryError(file_name, bytes, G);

@@ -11,7 +11,6 @@
 #include "baseline/compare_listing.h"
 
 #include <algorithm>
-#include <new>
 
 #include "report/forms.h"
 #include "report/names.h"
@@ -28,15 +27,8 @@ struct DiffListing::Node {
     int8_t height;
 };
 
-DiffListing::DiffListing()
-    : count(0),
-      root(0),
-      descending(0) {}
-DiffListing::~DiffListing() = default;
-
 bool OpenDiffListing(DiffListing *listing, size_t lines, int descending, double *bytes) {
-    *bytes += static_cast<double>(lines + 1) * sizeof(DiffListing::Node);
-    listing->nodes.reset(new (std::nothrow) DiffListing::Node[lines + 1]);
+    listing->nodes = ArrayOf<DiffListing::Node>(lines + 1, bytes);
     if (listing->nodes) {
         listing->nodes[0] = {};
     }

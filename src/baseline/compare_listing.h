@@ -3,7 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+
+#include "baseline/array.h"
 
 struct Globals;
 
@@ -18,11 +19,9 @@ struct DiffLine {
 // The lines of a comparison in the order of their numbers. A zeroed one takes no lines.
 struct DiffListing {
     struct Node;
-    std::unique_ptr<Node[]> nodes; // a balanced tree: node 0 is the empty tree
+    Array<Node> nodes; // a balanced tree: node 0 is the empty tree
     int32_t count, root;
     int descending;
-    DiffListing();
-    ~DiffListing();
 };
 // Makes room for a number of lines and adds what that takes to bytes. Returns false when memory is out.
 bool OpenDiffListing(DiffListing *listing, size_t lines, int descending, double *bytes);

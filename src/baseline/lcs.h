@@ -14,15 +14,15 @@ inline constexpr size_t kLcsMemory = size_t{32} << 20; // bytes: a matrix above 
 struct LcsMatrix {
     DiffLines hist, pres; // rows and columns; not owned
     LineClasses columns;
-    size_t words;                             // of 64 bits in a row
-    size_t every;                             // rows from one kept row to the next; 1 when all rows are kept
-    size_t block;                             // of the rows between two kept ones: which block is filled
-    std::unique_ptr<uint64_t[]> kept, filled; // rows every * n; the rows between two of these
-    std::unique_ptr<uint64_t[]> match;        // a row's matches; all clear between two rows
-    std::unique_ptr<uint64_t[]> dense;        // matches of the classes with more than a position per word
-    std::unique_ptr<int32_t[]> dense_of;      // per class: which of these, or -1
-    std::unique_ptr<int32_t[]> class_of;      // per row
-    double bytes;                             // asked for
+    size_t words;                 // of 64 bits in a row
+    size_t every;                 // rows from one kept row to the next; 1 when all rows are kept
+    size_t block;                 // of the rows between two kept ones: which block is filled
+    Array<uint64_t> kept, filled; // rows every * n; the rows between two of these
+    Array<uint64_t> match;        // a row's matches; all clear between two rows
+    Array<uint64_t> dense;        // matches of the classes with more than a position per word
+    Array<int32_t> dense_of;      // per class: which of these, or -1
+    Array<int32_t> class_of;      // per row
+    double bytes;                 // asked for
 };
 
 // Fills the matrix; hist and pres must outlive it. A matrix above memory bytes keeps about every square root of its rows, and the

@@ -3,10 +3,9 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
-#include <new>
 #include <span>
 
+#include "baseline/array.h"
 #include "baseline/line_records.h"
 
 using DiffLines = std::span<const DiffData>;
@@ -20,17 +19,11 @@ struct LineClass {
 };
 
 struct LineClasses {
-    DiffLines lines;                      // the file; not owned
-    std::unique_ptr<int32_t[]> positions; // in lines, class by class, ascending inside a class
-    std::unique_ptr<LineClass[]> classes;
+    DiffLines lines;          // the file; not owned
+    Array<int32_t> positions; // in lines, class by class, ascending inside a class
+    Array<LineClass> classes;
     int32_t count; // of classes
 };
-
-// An array of a number of elements that aren't set, null when memory is out; adds its size to bytes.
-template <class T> std::unique_ptr<T[]> ArrayOf(size_t count, double *bytes) {
-    *bytes += static_cast<double>(count) * sizeof(T);
-    return std::unique_ptr<T[]>(new (std::nothrow) T[count]);
-}
 
 // Puts the lines into classes and adds the memory that this takes to bytes. Returns false when memory is out.
 bool ClassifyLines(DiffLines lines, LineClasses *out, double *bytes);

@@ -14,6 +14,7 @@
 
 #include "analysis/line_code.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 #include "run/read_lines.h"
 
@@ -113,8 +114,7 @@ bool TakeName(std::span<char> munged, Globals *G) {
 void WorkDiffDataFileName(std::span<char> munged, Globals *G) {
     MungDataFilename(G->file_name, munged, G);
     if (!TakeName(munged, G)) {
-        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
-        G->baseline_failed = 1; // one source's records might replace another's
+        MemoryError(G);
     }
     FormatText(G->diff_file_old, "%s/%s.dif", G->diff_data_path, munged.data());
     FormatText(G->diff_file_rel, "%s/%s.dif", G->diff_data_rel_path, munged.data());
@@ -355,7 +355,7 @@ int LoadDiffDataFile(const char *name, const char *work_file, const WorkMetrics 
         return 0;
     }
     if (!loaded) {
-        Message(G, "  Memory Error: %s\n", strerror(error));
+        MemoryError(G);
         return 0;
     }
     if (G->diff_debug) {

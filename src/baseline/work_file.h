@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <span>
 
 #include "run/baseline_state.h"
 #include "run/records.h"

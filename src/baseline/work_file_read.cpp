@@ -3,12 +3,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstring>
 
 #include "report/forms.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/read_lines.h"
 
 namespace {
@@ -205,7 +205,7 @@ int LoadWorkFile(const char *path, int64_t *time_out, Llist *list, int *ignore_b
     errno = 0;
     const int loaded = ReadRecords(file, path, list, G);
     if (!loaded) {
-        Message(G, "  Memory Error: %s\n", strerror(errno ? errno : ENOMEM));
+        MemoryError(G);
     }
     const int failed = ferror(file);
     fclose(file);

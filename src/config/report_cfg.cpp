@@ -1,7 +1,6 @@
 // The vocabulary of report elements, and the file that chooses among them: one "KEY ON -" per line, comments behind "#".
 #include "config/report_cfg.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <strings.h>
 

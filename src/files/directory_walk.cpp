@@ -13,6 +13,7 @@
 #include "files/file_list.h"
 #include "files/words.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 
 namespace {
@@ -94,7 +95,7 @@ int ReadEntries(DIR *stream, const Walk &walk, const Entry &directory, Llist *en
             continue;
         }
         if (!AddEntry(directory, found->d_name, found->d_type, entries, G)) {
-            Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+            MemoryError(G);
             return FailLevelsAbove(walk, directory, directory.depth, ENOMEM, G);
         }
     }
@@ -174,7 +175,7 @@ void PopEntry(Entry *entry, Globals *G) {
 
 int ReadDir(const char *directory, const char *extensions, Globals *G) {
     if (!AddNameNode(directory, 0, DT_DIR, &G->dir_stack, G)) {
-        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+        MemoryError(G);
         return 0;
     }
     Walk walk{extensions, {}};

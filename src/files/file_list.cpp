@@ -12,6 +12,7 @@
 #include "report/frame.h"
 #include "run/compare.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 #include "run/read_lines.h"
 
@@ -75,7 +76,7 @@ void ListDirectoryLine(const char *line, Globals *G) {
     directory[length] = '\0';
     G->no_recursion = strcmp(flag, "-r") != 0 && strcmp(flag, "-R") != 0;
     if (!AddDirMetricsNode(directory, G)) {
-        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+        MemoryError(G);
     }
     ReadDir(directory, extensions, G);
 }
@@ -194,7 +195,7 @@ int AddSourceFile(const char *name, const char *extension, Globals *G) {
     const bool is_header = *extension == 'h' || *extension == 'H';
     Llist *list = is_header ? &G->header_file_list : &G->source_file_list;
     if (!AddFileNode(name, G->file_date, G->file_size, -1, {}, {}, list, 0, G)) {
-        Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+        MemoryError(G);
         return 0;
     }
     return 1;

@@ -1,7 +1,6 @@
 // The list of files of a run: from arguments, a directory walk or a list file.
 #pragma once
 
-#include <cstddef>
 #include <span>
 
 struct Globals;

@@ -1,7 +1,6 @@
 // User defined quality notices: reading the rules, running them, showing them.
 #pragma once
 
-#include <cstddef>
 #include <span>
 
 #include "run/udqn_state.h"
@@ -39,7 +38,7 @@ void UdqnShow(const Udqn *record, Globals *G);
 void udqn_process(const char *text, int eof, Globals *G);
 // True if a rule for the current file looks at the code, the comments or the strings of a line.
 bool udqn_needs_split(Globals *G);
-// Matches a text; 0 on a match. The offsets go into the record.
+// Matches a text; 0 on a match.
 int pcre_match(const char *text, Udqn *record, Globals *G);
 // The sample test: its outcome goes into result, as text. Returns 0 on a match. A null text with a pattern leaves result empty.
 int pcre_match_test(const char *text, const Udqn *record, const Globals *G, std::span<char> result);

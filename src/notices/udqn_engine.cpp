@@ -243,13 +243,10 @@ void udqn_process(const char *text, int eof, Globals *G) {
 }
 
 int pcre_match(const char *text, Udqn *record, Globals *G) {
-    record->match_start = record->match_end = -1;
     if (!record->regex) {
         return -1;
     }
     const UdqnMatch match = pcre_exec(record->regex, text, G->udqn_exec_flags);
-    record->match_start = match.start;
-    record->match_end = match.end;
     record->limit_hits += match.limit_hit;
     return match.code;
 }

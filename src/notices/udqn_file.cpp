@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
-#include <iterator>
 #include <string>
 #include <strings.h>
 #include <sys/stat.h>
@@ -78,11 +77,15 @@ void Replace(char *&text, const char *by) {
     text = CopyOnHeap(by);
 }
 
+void TellOfLostRule(Globals *G) {
+    Message(G, "  Memory Error: %s\n", "UDQN record");
+}
+
 void BeginRecord(UdqnRun *ctx, Globals *G) {
     DropUdqn(ctx);
     ctx->qnp = static_cast<Udqn *>(calloc(1, sizeof(Udqn)));
     if (!ctx->qnp) {
-        Message(G, "  Memory Error: %s\n", "UDQN record");
+        TellOfLostRule(G);
     }
 }
 
@@ -95,6 +98,7 @@ void EndRecord(UdqnRun *ctx, Globals *G) {
     if (AddUdqn(ctx->qnp, &ctx->udqn_list, G)) {
         ctx->qnp = nullptr; // the list's now
     } else {
+        TellOfLostRule(G);
         DropUdqn(ctx);
     }
 }

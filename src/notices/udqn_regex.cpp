@@ -4,7 +4,6 @@
 // may state one: so ours stands in front of every pattern. A pattern can only lower it.
 #include <algorithm>
 #include <cstring>
-#include <new>
 #include <pcre2posix.h>
 #include <string>
 
@@ -22,7 +21,7 @@ struct UdqnRegex {
 };
 
 UdqnRegex *pcre_compile(const char *pattern, int flags, std::span<char> result) {
-    auto *regex = new (std::nothrow) UdqnRegex{};
+    auto *regex = static_cast<UdqnRegex *>(calloc(1, sizeof(UdqnRegex)));
     if (!regex) {
         CopyText(result, "Out of memory");
         return nullptr;
@@ -36,7 +35,7 @@ UdqnRegex *pcre_compile(const char *pattern, int flags, std::span<char> result) 
     // "missing closing parenthesis at offset 3": counted from where the user's pattern begins
     regex->compiled.re_erroffset -= std::min(regex->compiled.re_erroffset, strlen(kLimits));
     regerror(code, &regex->compiled, result.data(), result.size());
-    delete regex;
+    free(regex);
     return nullptr;
 }
 
@@ -50,6 +49,6 @@ UdqnMatch pcre_exec(const UdqnRegex *regex, const char *text, int flags) {
 void pcre_free(UdqnRegex *regex) {
     if (regex) {
         regfree(&regex->compiled);
-        delete regex;
+        free(regex);
     }
 }

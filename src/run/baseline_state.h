@@ -52,7 +52,7 @@ struct BaselineFiles {
     int recording_lines;              // the lines of the current source file are recorded
     int diff_file_error;              // why its line records can't be written: an errno, 0 while all is well
     int diff_head_shown;              // the heading of -wv
-    int baseline_failed;              // not all of the baseline could be written: the earlier one stays
+    int baseline_failed;              // not all of the baseline could be written, or memory was out: the earlier one stays
     int baseline_lacking;             // there is no baseline, or a part of it is missing: the run ends with status 1
     Llist diff_names;                 // NameData: names of line records, each with the last number that was put behind it
     NameIndex diff_names_taken;       // of diff_names

@@ -1,11 +1,10 @@
 // Comparators, key tables and re-sorting. A numeric comparator is one template over the field it reads.
 #include "run/compare.h"
 
-#include <cerrno>
 #include <span>
-#include <strings.h>
 
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 
 namespace {
@@ -45,7 +44,7 @@ LlistCompare At(std::span<const LlistCompare> table, int sort_key) {
 
 void Resort(Llist *list, LlistCompare compare, Globals *G) {
     if (compare && !LlistSort(list, compare, G->sort_descending)) {
-        Message(G, "  Memory Error: %s\n", strerror(errno));
+        MemoryError(G);
     }
 }
 

@@ -6,8 +6,6 @@
 
 #include "run/llist.h"
 
-struct FileData;
-
 struct FileLists {
     Llist dir_stack;        // NameData: entries that a directory walk has still to look at
     Llist file_list;        // FileData: headers first, then all other sources
@@ -21,8 +19,7 @@ struct FileLists {
 };
 
 struct CurrentFile {
-    FileData *file_data;   // the file in hand; null between files
-    const char *file_name; // its name
+    const char *file_name; // of the file in hand; null between files
     int64_t file_size;     // bytes, of the latest file looked at
     int64_t file_date;     // seconds
     int files_processed;   // files opened and read so far

@@ -34,7 +34,6 @@ struct FunctionState : FunctionHead {
     // where the open function's figures are measured from
     int func_start_line, func_start_loc, func_start_comment, func_start_blank, func_start_noneffective;
     int func_start_white, func_start_chars;
-    int func_end_line;
 };
 
 // Sums and extremes over the functions of a file.

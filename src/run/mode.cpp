@@ -89,7 +89,9 @@ void Message(Globals *G, const char *fmt, ...) {
     const int length = vasprintf(&text, fmt, args);
     va_end(args);
     if (length < 0) {
-        fputs(fmt, stderr);
+        va_start(args, fmt);
+        vfprintf(stderr, fmt, args);
+        va_end(args);
         return;
     }
     // When memory is out, the list has a message of its own: that one must not wait too.

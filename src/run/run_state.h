@@ -2,8 +2,6 @@
 // All of them last for the whole run. Flags are 0 or 1.
 #pragma once
 
-#include <cstdio>
-
 #include "run/text.h"
 
 struct Globals;

@@ -32,11 +32,10 @@ struct Udqn {
     int check_count, check_flags[kUdqnFlagNumbers];
     int not_check_count, not_check_flags[kUdqnFlagNumbers];
     int clear_count, clear_flags[kUdqnFlagNumbers];
-    int emit_eof;               // for the end of a file, not for its lines
-    int silent;                 // moves flags only
-    int count;                  // fires of the run
-    int match_start, match_end; // offsets of the last match; -1 when none
-    UdqnRegex *regex;           // null when the pattern is missing or didn't compile
+    int emit_eof;     // for the end of a file, not for its lines
+    int silent;       // moves flags only
+    int count;        // fires of the run
+    UdqnRegex *regex; // null when the pattern is missing or didn't compile
 
     int limit_hits;      // matches of the run that were stopped for taking too many steps
     int file_limit_hits; // those of the file in hand

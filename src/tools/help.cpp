@@ -2,7 +2,6 @@
 #include "tools/help.h"
 
 #include <cstring>
-#include <string>
 #include <unistd.h>
 
 #include "report/forms.h"

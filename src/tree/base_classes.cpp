@@ -1,5 +1,4 @@
 // The last stage of the tree: base classes that turned out to be derived, sorted lists, depths.
-#include <algorithm>
 #include <vector>
 
 #include "run/globals.h"

@@ -1,11 +1,10 @@
 // Nodes of the tree. A class chain may be as long as the project has classes: nothing here recurses.
 #include "tree/tree_nodes.h"
 
-#include <cerrno>
 #include <cstring>
-#include <utility>
 
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/mode.h"
 #include "run/text.h"
 #include "tree/class_tree.h"
@@ -25,7 +24,7 @@ TreeData *NewTreeNode(const char *name, const char *parent, const char *file, in
         }
         FreeTreeNode(node);
     }
-    Message(G, "  Memory Error: %s\n", strerror(ENOMEM));
+    MemoryError(G);
     return nullptr;
 }
 

@@ -1,7 +1,9 @@
 // The list, its records and their order.
 #include "bench.h"
 
+#include <deque>
 #include <random>
+#include <unordered_map>
 
 #include "run/compare.h"
 #include "run/name_index.h"
@@ -140,44 +142,46 @@ TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
     LlistDestroy(&dirs, NodeDataFree);
 }
 
-TEST_CASE("names index: what is in is found, whatever has gone") {
-    struct Word {
-        char *name;
+TEST_CASE("the name index answers as a map of the library does") {
+    struct Entry {
+        const char *name; // the first field
         std::string text;
-        bool in;
     };
-    std::vector<Word> all;
-    for (int i = 0; i < 300; ++i) {
-        all.push_back({nullptr, "name" + std::to_string(i), false});
-    }
-    all.push_back({nullptr, "ndtxb", false}); // two names of one hash
-    all.push_back({nullptr, "nelff", false});
+    std::mt19937 random(5);
+    std::deque<Entry> entries; // keeps addresses
+    std::unordered_map<std::string, const Entry *> map;
     NameIndex index{};
-    unsigned seed = 1;
-    for (int round = 0; round < 6000; ++round) {
-        seed = seed * 1664525 + 1013904223;
-        Word &named = all[seed / 65536 % all.size()];
-        named.name = named.text.data();
-        if (named.in) {
-            UnindexName(&index, &named);
-        } else {
-            CHECK(IndexName(&index, &named));
+    const auto any_name = [&] { return "n" + std::to_string(random() % 700); };
+    const auto enter = [&](Entry *entry) {
+        entry->name = entry->text.c_str();
+        REQUIRE(IndexName(&index, entry) == 1);
+        map.emplace(entry->text, entry); // the first of a name stays the answer
+    };
+    const auto take_out = [&](const Entry *entry) {
+        UnindexName(&index, entry);
+        const auto found = map.find(entry->text);
+        if (found != map.end() && found->second == entry) {
+            map.erase(found);
         }
-        named.in = !named.in;
-        if (round % 50 == 0) {
-            size_t in = 0;
-            for (const Word &each : all) {
-                in += each.in;
-                REQUIRE(FindIndexed(&index, each.text.c_str()) == (each.in ? &each : nullptr));
-            }
-            CHECK(index.count == in);
+    };
+    for (int step = 0; step < 20000; ++step) {
+        Entry *old = entries.empty() ? nullptr : &entries[random() % entries.size()];
+        switch (old ? random() % 4 : 0) {
+        case 0: enter(&entries.emplace_back(Entry{nullptr, any_name()})); break;
+        case 1: take_out(old); break;
+        case 2: // another name
+            take_out(old);
+            old->text = any_name();
+            enter(old);
+            break;
+        default: {
+            const std::string name = any_name();
+            const auto found = map.find(name);
+            REQUIRE(FindIndexed(&index, name.c_str()) == (found == map.end() ? nullptr : found->second));
         }
+        }
+        REQUIRE(index.count == map.size());
     }
-    Word &first = all.front(), again = first;
-    again.name = again.text.data();
-    CHECK((first.in || IndexName(&index, &first)));
-    CHECK(IndexName(&index, &again)); // the first of a name stays
-    UnindexName(&index, &again);
-    CHECK(FindIndexed(&index, "name0") == &first);
     FreeIndex(&index);
+    CHECK(FindIndexed(&index, "n1") == nullptr);
 }

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <string>
 #include <unistd.h>
 
 #include "run/driver/switches.h"

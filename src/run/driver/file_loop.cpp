@@ -254,7 +254,6 @@ void ListFile(const FileData *file, SourceReader *reader, Globals *G) {
 }
 
 void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
-    G->file_data = file;
     G->file_name = file->name;
     if (static_cast<unsigned char>(*file->name) <= 32 || strcmp(file->name, ".") == 0) {
         return;
@@ -305,6 +304,5 @@ void ProcessFiles(Globals *G) {
     for (FileData *file : Records<FileData>(G->file_list)) {
         ProcessFile(file, &reader, G);
     }
-    G->file_data = nullptr;
     G->file_name = nullptr;
 }

@@ -28,6 +28,7 @@
 #include "run/driver/teardown.h"
 #include "run/encode.h"
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/program_files.h"
 #include "run/progress.h"
 #include "run/read_lines.h"
@@ -314,6 +315,7 @@ int tly(int argc, char **argv) {
         Put("\n  Error: memory allocation failed\n\n");
         return 1;
     }
+    TellWhenContainersFail();
     ProcessTimer timer{};
     LoadSettings(argc, argv, G);
     const int first_argument = SetUpParams(argc, argv, G);
