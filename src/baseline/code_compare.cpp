@@ -25,7 +25,7 @@ void diffMetric(char operation, char type, Globals *G) {
     }
 }
 
-void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G) {
+void TakeDiffLine(DiffListing *listing, const DiffLine &line, Globals *G) {
     diffMetric(line.operation, line.type, G);
     if (listing->nodes) {
         AddDiffLine(listing, line);
@@ -48,7 +48,7 @@ namespace {
 //          }
 void TakeEqualEnds(DiffLines *hist, DiffLines *pres, DiffListing *listing, Globals *G) {
     while (!hist->empty() && !pres->empty() && SameLine(hist->front(), pres->front())) {
-        ReportLine(listing, {hist->front().line, pres->front().line, '=', hist->front().type}, G);
+        TakeDiffLine(listing, {hist->front().line, pres->front().line, '=', hist->front().type}, G);
         *hist = hist->subspan(1);
         *pres = pres->subspan(1);
     }

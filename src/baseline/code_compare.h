@@ -16,6 +16,6 @@ int CompareCodeLinearLookahead(const char *file_name, const DiffDataList &hist, 
 // Counts a line of a type under '+', '=' or '-'. A type that is none counts nowhere.
 void diffMetric(char operation, char type, Globals *G);
 // Counts a line, and adds it to listing if that is open.
-void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G);
+void TakeDiffLine(DiffListing *listing, const DiffLine &line, Globals *G);
 // Tells that a comparison is given up: bytes were asked for and aren't there.
 void ComparisonMemoryError(const char *file_name, double bytes, Globals *G);
