@@ -35,7 +35,7 @@ void ComparisonMemoryError(const char *file_name, double bytes, Globals *G) {
 
 } // namespace
 
-void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G) {
+void TakeDiffLine(DiffListing *listing, const DiffLine &line, Globals *G) {
     diffMetric(line.operation, line.type, G);
     if (listing->nodes) {
         AddDiffLine(listing, line);
@@ -54,7 +54,7 @@ namespace {
 //          }
 void TakeEqualEnds(DiffLines *hist, DiffLines *pres, DiffListing *listing, Globals *G) {
     while (!hist->empty() && !pres->empty() && SameLine(hist->front(), pres->front())) {
-        ReportLine(listing, {hist->front().line, pres->front().line, '=', hist->front().type}, G);
+        TakeDiffLine(listing, {hist->front().line, pres->front().line, '=', hist->front().type}, G);
         *hist = hist->subspan(1);
         *pres = pres->subspan(1);
     }

@@ -11,4 +11,4 @@ struct Globals;
 // Returns 1, or 0 with a message when memory is out: the counters hold what has been counted so far.
 int CompareCodeLCS(const char *file_name, const DiffDataList &hist, const DiffDataList &pres, Globals *G);
 // Counts a line, and adds it to listing if that is open.
-void ReportLine(DiffListing *listing, const DiffLine &line, Globals *G);
+void TakeDiffLine(DiffListing *listing, const DiffLine &line, Globals *G);

@@ -48,16 +48,16 @@ void OpenReport(Globals *G) {
     const char *const method = G->diff_code_lines ? "Based On Code Difference" : "Based On Code Size";
     switch (OutputMode(G)) {
     case Mode::kCsv:
-        CSV_Header(gTLYOUT, G);
+        CSV_Header(G);
         Put("Metrics Differential\n%s\n", method);
         break;
     case Mode::kXml:
-        XML_Header(gTLYOUT, G);
+        XML_Header(G);
         Put("<report>\n<name>baseline_differential_metrics</name>\n");
         break;
     case Mode::kHtml:
     case Mode::kText:
-        ShowHeader(gTLYOUT, G);
+        ShowHeader(G);
         ShowFMCHeader(G);
         CenteredTitle("~~ Metrics Differential ~~", G);
         CenteredTitle(method, G);

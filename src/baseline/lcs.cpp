@@ -169,7 +169,7 @@ void lcsSequence(LcsMatrix *matrix, DiffListing *listing, Globals *G) {
     while (i < hist.size() && j < pres.size()) {
         const DiffData &older = hist[i], &newer = pres[j];
         if (SameLine(older, newer)) {
-            ReportLine(listing, {older.line, newer.line, '=', older.type}, G);
+            TakeDiffLine(listing, {older.line, newer.line, '=', older.type}, G);
             ++i;
             ++j;
             --length;
@@ -178,19 +178,19 @@ void lcsSequence(LcsMatrix *matrix, DiffListing *listing, Globals *G) {
         }
         below = below == kUnknown ? Length(matrix, i + 1, j) : below; // not needed where lines are equal, and those are most
         if (below < length) {
-            ReportLine(listing, {older.line, newer.line, '+', newer.type}, G);
+            TakeDiffLine(listing, {older.line, newer.line, '+', newer.type}, G);
             ++j;
         } else { // a tie of the neighbours too: a changed line is removed before it is added
-            ReportLine(listing, {older.line, newer.line, '-', older.type}, G);
+            TakeDiffLine(listing, {older.line, newer.line, '-', older.type}, G);
             ++i;
             below = kUnknown;
         }
     }
     for (; j < pres.size(); ++j) {
-        ReportLine(listing, {0, pres[j].line, '+', pres[j].type}, G);
+        TakeDiffLine(listing, {0, pres[j].line, '+', pres[j].type}, G);
     }
     for (; i < hist.size(); ++i) {
-        ReportLine(listing, {hist[i].line, 0, '-', hist[i].type}, G);
+        TakeDiffLine(listing, {hist[i].line, 0, '-', hist[i].type}, G);
     }
 }
 

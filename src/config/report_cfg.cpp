@@ -1,67 +1,151 @@
 // The vocabulary of report elements, and the file that chooses among them: one "KEY ON -" per line, comments behind "#".
 #include "config/report_cfg.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <string_view>
 #include <strings.h>
 
+#include "config/languages.h"
 #include "run/globals.h"
 #include "run/program_files.h"
 #include "run/read_lines.h"
 
-// clang-format off
-const char *const RepCfgStr[kReportElements] = {
-    "UNKNOWN_DATA_FIELD", "FILE_NAME",
-    // 2: lines
-    "LOC_COUNT", "ELOC_COUNT", "LLOC_COUNT", "BLANK_LINE_COUNT", "COMMENT_LINE_COUNT", "LOGICAL_LINE_COUNT", "PHYSICAL_LINE_COUNT",
-    // 9: literals, directives, declarations
-    "LITERAL_STRING_COUNT", "LINE_CONTINUATION_COUNT", "PREPROCESSOR_COUNT", "INCLUDE_COUNT", "IMPORT_COUNT", "TYPEDEF_COUNT",
-    "CONST_COUNT", "ENUM_COUNT",
-    // 17: statements
-    "DO_COUNT", "WHILE_COUNT", "SWITCH_COUNT", "DEFAULT_COUNT", "FOR_COUNT", "CASE_COUNT", "BREAK_COUNT", "IF_COUNT", "ELSE_COUNT",
-    "GOTO_COUNT", "RETURN_COUNT", "EXIT_COUNT", "_EXIT_COUNT", "ABORT_COUNT", "MACRO_COUNT",
-    // 32: entities
-    "STRUCT_COUNT", "UNION_COUNT", "CLASS_COUNT", "INTERFACE_COUNT", "TEMPLATE_COUNT", "FRIEND_COUNT", "NAMESPACE_COUNT",
-    "PACKAGE_COUNT", "FUNCTION_COUNT", "VIRTUAL_COUNT", "INLINE_COUNT",
-    // 43: memory, statements
-    "C_MEMORY_ALLOCATION_COUNT", "C_MEMORY_FREE_COUNT", "MEMORY_NEW_COUNT", "MEMORY_DELETE_COUNT", "CODE_STATEMENTS_COUNT",
-    "USING_COUNT",
-    // 49: brackets
-    "(_COUNT", ")_COUNT", "{_COUNT", "}_COUNT", "[_COUNT", "]_COUNT",
-    // 55: quality, ratios
-    "CHARACTERS_PER_NONBLANK_LINE", "QUALITY_NOTICE_COUNT",
-    "RATIO_LOC_TO_LOGICAL_LINES", "RATIO_ELOC_TO_LOGICAL_LINES", "RATIO_COMMENTS_TO_LOGICAL_LINES",
-    "RATIO_BLANK_LINES_TO_LOGICAL_LINES", "RATIO_CHARACTERS_TO_TOTAL_CHARACTERS", "RATIO_BLANK_LINES_TO_TOTAL_CHARACTERS",
-    "RATIO_COMMENT_LINES_TO_LOC", "RATIO_COMMENT_LINES_TO_ELOC", "RATIO_COMMENT_LINES_TO_LLOC",
-    "RATIO_QUALITY_NOTICES_TO_LOC", "RATIO_QUALITY_NOTICES_TO_ELOC", "RATIO_QUALITY_NOTICES_TO_LLOC",
-    // 69: files by language
-    "C++_SOURCE_FILE_COUNT", "C_SOURCE_FILE_COUNT", "C++_HEADER_FILE_COUNT", "C_HEADER_FILE_COUNT", "JAVA_FILE_COUNT",
-    "CSHARP_FILE_COUNT", "OTHER_FILE_COUNT",
-    // 76: complexity, difference
-    "CYCLOMATIC_COMPLEXITY", "INTERFACE_COMPLEXITY", "TOTAL_COMPLEXITY", "ELOC_PERCENT_DIFF",
+namespace {
+
+constexpr ElementValue FileName() {
+    return {.kind = ElementValue::kFileName};
+}
+constexpr ElementValue Of(int Globals::*counter) {
+    return {.kind = ElementValue::kCounter, .counter = counter};
+}
+constexpr ElementValue Of(Amount amount) {
+    return {.kind = ElementValue::kAmount, .amount = amount};
+}
+constexpr ElementValue Ratio(Amount part, Amount whole, int decimals) {
+    return {.kind = ElementValue::kRatio, .amount = part, .whole = whole, .decimals = decimals};
+}
+constexpr ElementValue FileOf(int language) {
+    return {.kind = ElementValue::kLanguage, .language = language};
+}
+
+struct ElementRow {
+    const char *key, *label;
+    ElementValue value;
 };
 
-const char *const RepElemStr[kReportElements] = {
-    "Unknown", "File",
-    "LOC", "eLOC", "lLOC", "Blank", "Comment", "Logical", "Physical",
-    "Strings", "Continuation", "Preprocessor", "include", "import", "typedef",
-    "const", "enum",
-    "do", "while", "switch", "default", "for", "case", "break", "if", "else",
-    "goto", "return", "exit", "_exit", "abort", "macro",
-    "struct", "union", "class", "interface", "template", "friend", "namespace",
-    "package", "functions", "virtual f()", "inline",
-    "alloc", "free", "new", "delete", "statements ;",
-    "using",
-    "(", ")", "{", "}", "[", "]",
-    "Char/NBL", "notices",
-    "LOC/Logical", "eLOC/Logical", "Comments/Logical",
-    "Blanks/Logical", "Characters", "Whitespace",
-    "Comments/LOC", "Comments/eLOC", "Comments_to_lloc",
-    "Notices/LOC", "Notices/eLOC", "Notices/lLOC",
-    "C++ Source", "C Source", "C++ Headers", "C Headers", "Java Source",
-    "CSharp Source", "Other Files",
-    "Cyclomatic Complexity", "Interface Complexity", "Total Complexity", "eLOC %",
+// clang-format off
+constexpr ElementRow kRows[kReportElements] = {
+    {"UNKNOWN_DATA_FIELD",                     "Unknown",                 {}},
+    // 1: the file
+    {"FILE_NAME",                              "File",                    FileName()},
+    // 2: lines
+    {"LOC_COUNT",                              "LOC",                     Of(kAmountLoc)},
+    {"ELOC_COUNT",                             "eLOC",                    Of(kAmountEloc)},
+    {"LLOC_COUNT",                             "lLOC",                    Of(kAmountLloc)},
+    {"BLANK_LINE_COUNT",                       "Blank",                   Of(kAmountBlanks)},
+    {"COMMENT_LINE_COUNT",                     "Comment",                 Of(kAmountComments)},
+    {"LOGICAL_LINE_COUNT",                     "Logical",                 Of(kAmountLogical)},
+    {"PHYSICAL_LINE_COUNT",                    "Physical",                Of(kAmountPhysical)},
+    // 9: literals, directives, declarations
+    {"LITERAL_STRING_COUNT",                   "Strings",                 Of(&Globals::string_count)},
+    {"LINE_CONTINUATION_COUNT",                "Continuation",            Of(&Globals::continuation_count)},
+    {"PREPROCESSOR_COUNT",                     "Preprocessor",            Of(&Globals::preproc_count)},
+    {"INCLUDE_COUNT",                          "include",                 Of(&Globals::include_count)},
+    {"IMPORT_COUNT",                           "import",                  Of(&Globals::import_count)},
+    {"TYPEDEF_COUNT",                          "typedef",                 Of(&Globals::typedef_count)},
+    {"CONST_COUNT",                            "const",                   Of(&Globals::const_count)},
+    {"ENUM_COUNT",                             "enum",                    Of(&Globals::enum_count)},
+    // 17: statements
+    {"DO_COUNT",                               "do",                      Of(&Globals::do_count)},
+    {"WHILE_COUNT",                            "while",                   Of(&Globals::while_count)},
+    {"SWITCH_COUNT",                           "switch",                  Of(&Globals::switch_count)},
+    {"DEFAULT_COUNT",                          "default",                 Of(&Globals::default_count)},
+    {"FOR_COUNT",                              "for",                     Of(&Globals::for_count)},
+    {"CASE_COUNT",                             "case",                    Of(&Globals::case_count)},
+    {"BREAK_COUNT",                            "break",                   Of(&Globals::break_count)},
+    {"IF_COUNT",                               "if",                      Of(&Globals::if_count)},
+    {"ELSE_COUNT",                             "else",                    Of(&Globals::else_count)},
+    {"GOTO_COUNT",                             "goto",                    Of(&Globals::goto_count)},
+    {"RETURN_COUNT",                           "return",                  Of(&Globals::return_count)},
+    {"EXIT_COUNT",                             "exit",                    Of(&Globals::exit_count)},
+    {"_EXIT_COUNT",                            "_exit",                   Of(&Globals::_exit_count)},
+    {"ABORT_COUNT",                            "abort",                   Of(&Globals::abort_count)},
+    {"MACRO_COUNT",                            "macro",                   Of(&Globals::macro_count)},
+    // 32: entities
+    {"STRUCT_COUNT",                           "struct",                  Of(&Globals::struct_count)},
+    {"UNION_COUNT",                            "union",                   Of(&Globals::union_count)},
+    {"CLASS_COUNT",                            "class",                   Of(&Globals::class_count)},
+    {"INTERFACE_COUNT",                        "interface",               Of(&Globals::interface_count)},
+    {"TEMPLATE_COUNT",                         "template",                Of(&Globals::template_count)},
+    {"FRIEND_COUNT",                           "friend",                  Of(&Globals::friend_count)},
+    {"NAMESPACE_COUNT",                        "namespace",               Of(&Globals::namespace_count)},
+    {"PACKAGE_COUNT",                          "package",                 Of(&Globals::package_count)},
+    {"FUNCTION_COUNT",                         "functions",               Of(&Globals::function_count)},
+    {"VIRTUAL_COUNT",                          "virtual f()",             Of(&Globals::virtual_count)},
+    {"INLINE_COUNT",                           "inline",                  Of(&Globals::inline_count)},
+    // 43: memory, statements
+    {"C_MEMORY_ALLOCATION_COUNT",              "alloc",                   Of(&Globals::alloc_count)},
+    {"C_MEMORY_FREE_COUNT",                    "free",                    Of(&Globals::free_count)},
+    {"MEMORY_NEW_COUNT",                       "new",                     Of(&Globals::new_count)},
+    {"MEMORY_DELETE_COUNT",                    "delete",                  Of(&Globals::delete_count)},
+    {"CODE_STATEMENTS_COUNT",                  "statements ;",            Of(&Globals::semicolon_count)},
+    {"USING_COUNT",                            "using",                   Of(&Globals::using_count)},
+    // 49: brackets
+    {"(_COUNT",                                "(",                       Of(&Globals::open_paren)},
+    {")_COUNT",                                ")",                       Of(&Globals::close_paren)},
+    {"{_COUNT",                                "{",                       Of(&Globals::open_braces)},
+    {"}_COUNT",                                "}",                       Of(&Globals::closebrace_count)},
+    {"[_COUNT",                                "[",                       Of(&Globals::open_bracket)},
+    {"]_COUNT",                                "]",                       Of(&Globals::close_bracket)},
+    // 55: quality, ratios
+    {"CHARACTERS_PER_NONBLANK_LINE",           "Char/NBL",                Ratio(kAmountVisible, kAmountWritten, 2)},
+    {"QUALITY_NOTICE_COUNT",                   "notices",                 Of(kAmountNotices)},
+    {"RATIO_LOC_TO_LOGICAL_LINES",             "LOC/Logical",             Ratio(kAmountLoc, kAmountLogical, 4)},
+    {"RATIO_ELOC_TO_LOGICAL_LINES",            "eLOC/Logical",            Ratio(kAmountEloc, kAmountLogical, 4)},
+    {"RATIO_COMMENTS_TO_LOGICAL_LINES",        "Comments/Logical",        Ratio(kAmountComments, kAmountLogical, 4)},
+    {"RATIO_BLANK_LINES_TO_LOGICAL_LINES",     "Blanks/Logical",          Ratio(kAmountBlanks, kAmountLogical, 4)},
+    {"RATIO_CHARACTERS_TO_TOTAL_CHARACTERS",   "Characters",              Ratio(kAmountVisible, kAmountChars, 4)},
+    {"RATIO_BLANK_LINES_TO_TOTAL_CHARACTERS",  "Whitespace",              Ratio(kAmountWhite, kAmountChars, 4)},
+    {"RATIO_COMMENT_LINES_TO_LOC",             "Comments/LOC",            Ratio(kAmountComments, kAmountLoc, 2)},
+    {"RATIO_COMMENT_LINES_TO_ELOC",            "Comments/eLOC",           Ratio(kAmountComments, kAmountEloc, 2)},
+    {"RATIO_COMMENT_LINES_TO_LLOC",            "Comments_to_lloc",        Ratio(kAmountComments, kAmountLloc, 2)},
+    {"RATIO_QUALITY_NOTICES_TO_LOC",           "Notices/LOC",             Ratio(kAmountNotices, kAmountLoc, 2)},
+    {"RATIO_QUALITY_NOTICES_TO_ELOC",          "Notices/eLOC",            Ratio(kAmountNotices, kAmountEloc, 2)},
+    {"RATIO_QUALITY_NOTICES_TO_LLOC",          "Notices/lLOC",            Ratio(kAmountNotices, kAmountLloc, 2)},
+    // 69: files by language
+    {"C++_SOURCE_FILE_COUNT",                  "C++ Source",              FileOf(kCpp)},
+    {"C_SOURCE_FILE_COUNT",                    "C Source",                FileOf(kC)},
+    {"C++_HEADER_FILE_COUNT",                  "C++ Headers",             FileOf(kCppHeader)},
+    {"C_HEADER_FILE_COUNT",                    "C Headers",               FileOf(kCHeader)},
+    {"JAVA_FILE_COUNT",                        "Java Source",             FileOf(kJava)},
+    {"CSHARP_FILE_COUNT",                      "CSharp Source",           FileOf(kCs)},
+    {"OTHER_FILE_COUNT",                       "Other Files",             FileOf(kOther)},
+    // 76: complexity, difference: nothing that a file has
+    {"CYCLOMATIC_COMPLEXITY",                  "Cyclomatic Complexity",   {}},
+    {"INTERFACE_COMPLEXITY",                   "Interface Complexity",    {}},
+    {"TOTAL_COMPLEXITY",                       "Total Complexity",        {}},
+    {"ELOC_PERCENT_DIFF",                      "eLOC %",                  {}},
 };
 // clang-format on
+
+template <class T> constexpr std::array<T, kReportElements> Column(T ElementRow::*field) {
+    std::array<T, kReportElements> column{};
+    std::transform(std::begin(kRows), std::end(kRows), column.begin(), [field](const ElementRow &row) { return row.*field; });
+    return column;
+}
+
+constexpr bool Has(int element, std::string_view key) {
+    return kRows[element].key == key;
+}
+static_assert(Has(kElementLoc, "LOC_COUNT") && Has(kElementLines, "PHYSICAL_LINE_COUNT") &&
+              Has(kElementFunctions, "FUNCTION_COUNT") && Has(kElementSemicolons, "CODE_STATEMENTS_COUNT") &&
+              Has(kElementNotices, "QUALITY_NOTICE_COUNT") && Has(kElementElocPercent, "ELOC_PERCENT_DIFF"));
+
+} // namespace
+
+const std::array<const char *, kReportElements> RepCfgStr = Column(&ElementRow::key), RepElemStr = Column(&ElementRow::label);
+const std::array<ElementValue, kReportElements> kElementValues = Column(&ElementRow::value);
 
 namespace {
 

@@ -46,7 +46,8 @@ inline constexpr NamedColor kColors[] = {
 // The index of the colour of that name, or -1.
 constexpr int FindColor(std::string_view name) {
     for (int i = 0; i < static_cast<int>(std::size(kColors)); ++i) {
-        if (kColors[i].name == name) {
+        const std::string_view known = kColors[i].name;
+        if (known.size() == name.size() && known[0] == name[0] && known == name) {
             return i;
         }
     }

@@ -119,14 +119,19 @@ static void ColumnsOfFunction(Figures figures, int decimals, const Globals *G) {
     Put(", \n");
 }
 
-void CSV_Function_Line(const NodeData &function, Globals *G) {
-    if (!G->csv_function_lines) {
-        return;
-    }
+// Once in a run, ahead of the first file's lines, even if that has no functions.
+static void TitleFunctions(Globals *G) {
     if (!G->csv_functions_titled) {
         Titles("Parameters, , ", G);
         G->csv_functions_titled = 1;
     }
+}
+
+void CSV_Function_Line(const NodeData &function, Globals *G) {
+    if (!G->csv_function_lines) {
+        return;
+    }
+    TitleFunctions(G);
     const Figures figures = FiguresOf(function, 1);
     AddFigures(G->csv_functions, figures, false);
     PrintOnly(Mode::kCsv, "Function, %s, %s, ,", Shown{function.name}, ShownList{function.parameters});
@@ -137,6 +142,7 @@ void CSV_Function_Total(Globals *G) {
     if (!G->csv_function_lines) {
         return;
     }
+    TitleFunctions(G);
     if (G->csv_functions.sum.value[kEntities] > 0) {
         ClosingRows rows;
         FillClosingRows(rows, G->csv_functions);

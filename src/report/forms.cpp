@@ -129,18 +129,19 @@ Piece RealPiece(const Conversion &how, double real, std::span<char> room) {
     const char *end = strchrnul(brace, '}');
     const std::string_view name(brace + 1, end);
     std::string shown;
-    if (const int color = FindColor(name); color >= 0) {
-        HTML_esc(G->*kColors[color].field, shown);
-    } else {
-        const char wanted = name == "color" ? 'C' : 'L';
-        const auto arg = std::find_if(named.begin(), named.end(), [wanted](const Arg &each) { return each.kind == wanted; });
-        if (wanted == 'C') {
-            HTML_esc(G->*arg->color, shown);
-        } else {
+    const bool link = name == "href";
+    if (link || name == "color") {
+        const char wanted = link ? 'L' : 'C';
+        const Arg &arg = *std::find_if(named.begin(), named.end(), [wanted](const Arg &each) { return each.kind == wanted; });
+        if (link) {
             std::string address;
-            url_encode(HTMLPathFile(arg->text, G), address);
+            url_encode(HTMLPathFile(arg.text, G), address);
             HTML_esc(address.c_str(), shown);
+        } else {
+            HTML_esc(G->*arg.color, shown);
         }
+    } else if (const int color = FindColor(name); color >= 0) {
+        HTML_esc(G->*kColors[color].field, shown);
     }
     line.Add(shown.data(), shown.size());
     return end + 1;

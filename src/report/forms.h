@@ -100,11 +100,17 @@ template <class... Args> consteval void Check(std::string_view format, bool html
             i = end;
             continue;
         }
+        const size_t flags = i;
         while (format[i] == '-' || format[i] == '.' || (format[i] >= '0' && format[i] <= '9')) {
             ++i;
         }
+        const std::string_view how = format.substr(flags, i - flags);
+        const bool zeros = how.starts_with('0') || how.starts_with("-0");
+        const bool precise = how.find('.') != how.npos;
         i += format[i] == 'l';
-        if (*next != (format[i - 1] == 'l' && format[i] == 'd' ? 'l' : format[i])) {
+        const bool whole = format[i] == 'd';
+        if (*next != (format[i - 1] == 'l' && whole ? 'l' : format[i]) || (zeros && !whole) ||
+            (precise && format[i] != 'f' && format[i] != 's')) {
             FormatDoesNotMatchItsArguments();
         }
         ++next;

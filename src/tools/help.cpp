@@ -161,7 +161,7 @@ void WaitForKey() {
 
 void ShowSyntax(Globals *G) {
     const char *backslash = strrchr(G->prog_name, '\\');
-    ShowHeader(gTLYOUT, G);
+    ShowHeader(G);
     ShowFMCHeader(G);
     const Mode mode = ProseMode(G);
     PrintOnly(mode, "  Syntax: %s -option or -switch[option]\n", Shown{backslash ? backslash + 1 : G->prog_name});
@@ -172,7 +172,7 @@ void ShowSyntax(Globals *G) {
 }
 
 void ShowSwitchList(Globals *G) {
-    ShowHeader(gTLYOUT, G);
+    ShowHeader(G);
     ShowFMCHeader(G);
     Center("TLY Help Syntax");
     Put("\n");

@@ -32,7 +32,7 @@ void ShowEntry(Mode mode, const SwitchEntry &entry) {
 } // namespace
 
 void ShowHelp(Globals *G) {
-    ShowHeader(gTLYOUT, G);
+    ShowHeader(G);
     ShowFMCHeader(G);
     const Mode mode = ProseMode(G);
     for (const ManualSection &section : kManualSections) {

@@ -43,7 +43,7 @@ void LoadRules(Globals *G) {
 } // namespace
 
 void ShowNotices(Globals *G) {
-    ShowHeader(gTLYOUT, G);
+    ShowHeader(G);
     ListTitle("TLY Quality Notice Types", G);
     for (int n = 1; n <= kNotices; ++n) {
         NoticeLine(n, G->notice_enabled[n], GetNoticeStr(n, G), G);

@@ -267,7 +267,7 @@ TEST_CASE("the stored command line is wrapped, then escaped") {
         return Run(words,
                    [](int, Globals *G) {
                        CopyText(G->command_line, text.c_str());
-                       ShowCmdLine(stdout, G);
+                       ShowCmdLine(G);
                    })
             .text;
     };

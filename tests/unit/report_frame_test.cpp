@@ -2,6 +2,7 @@
 #include "bench.h"
 
 #include <functional>
+#include <random>
 #include <sys/wait.h>
 
 #include "report/forms.h"
@@ -27,9 +28,9 @@ struct Desk : StateBench {
 
 void WriteHead(Globals *G) {
     switch (OutputMode(G)) {
-    case Mode::kCsv: CSV_Header(gTLYOUT, G); break;
-    case Mode::kXml: XML_Header(gTLYOUT, G); break;
-    default: ShowHeader(gTLYOUT, G); break;
+    case Mode::kCsv: CSV_Header(G); break;
+    case Mode::kXml: XML_Header(G); break;
+    default: ShowHeader(G); break;
     }
 }
 
@@ -81,6 +82,64 @@ TEST_CASE("texts from outside can't break a document") {
     CHECK(out == "f(int a int b)");
     url_encode("file:///a b/c#\"%\xE4.c", out);
     CHECK(out == "file:///a%20b/c%23%22%25%E4.c");
+}
+
+// One argument in a format of the conversions that forms have.
+TEST_CASE("a form prints what the library's printf prints") {
+    std::mt19937 random(11);
+    const auto upto = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n + 1)); };
+    std::string wanted;
+    const auto number = [&] { return static_cast<long>(static_cast<int32_t>(random()) >> upto(31)); };
+    const std::string got = Written([&] {
+        for (int round = 0; round < 20000; ++round) {
+            const std::string text(static_cast<size_t>(upto(1) ? upto(12) : upto(1500)), 's');
+            const double real = static_cast<double>(number()) / (upto(3) ? 8 : 1e-290);
+            const char kind = "dlfsc"[upto(4)];
+            const bool whole = kind == 'd' || kind == 'l';
+            std::string format = upto(1) ? "%" : "a %% b%";
+            format += upto(2) ? "" : "-";
+            format += whole && !upto(2) ? "0" : "";
+            format += upto(1) ? std::to_string(1 + upto(upto(9) ? 20 : 1200)) : "";
+            format += (kind == 'f' || kind == 's') && upto(1) ? "." + std::to_string(upto(9)) : "";
+            format += kind == 'l' ? "ld|" : std::string(1, kind) + "|";
+            const long value = number();
+            const forms::Arg arg = kind == 'd'   ? forms::Arg(static_cast<int>(value))
+                                   : kind == 'l' ? forms::Arg(value << upto(31))
+                                   : kind == 'f' ? forms::Arg(real)
+                                   : kind == 's' ? forms::Arg(text.c_str())
+                                                 : forms::Arg(static_cast<char>('!' + upto(90)));
+            char shown[4000];
+            const char *const f = format.c_str();
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+            switch (kind) {
+            case 'f': snprintf(shown, sizeof shown, f, arg.real); break;
+            case 's': snprintf(shown, sizeof shown, f, arg.text); break;
+            case 'l': snprintf(shown, sizeof shown, f, arg.number); break;
+            default: snprintf(shown, sizeof shown, f, static_cast<int>(arg.number)); break;
+            }
+#pragma GCC diagnostic pop
+            wanted += shown;
+            forms::Write(f, {}, &arg, nullptr);
+        }
+    });
+    const size_t at = static_cast<size_t>(std::mismatch(got.begin(), got.end(), wanted.begin(), wanted.end()).first - got.begin());
+    CHECK(got.substr(at, 60) == wanted.substr(at, 60));
+}
+
+TEST_CASE("a form names colours and links") {
+    static constexpr Forms<LinkTo, Color, const char *, Shown> kForms{
+        .text = "%s: %s\n", .html = "<%{href}|%{color}|%{header}> %s %{header} %s\n", .csv = "%s\n"};
+    static constexpr Color kMacro{&HtmlSettings::html_macro_color};
+    const auto shown = [](Mode mode) {
+        const Desk desk(mode);
+        CopyText(desk.G->html_macro_color, "\"&m");
+        return Written([&] { Print(desk.G, kForms, LinkTo{"a b&.c"}, kMacro, "label", Shown{"x<y"}); });
+    };
+    CHECK(shown(Mode::kText) == "label: x<y\n");
+    CHECK(shown(Mode::kHtml) == "<file:///home/me/a%20b%26.c|&quot;&amp;m|#993300> label #993300 x&lt;y\n");
+    CHECK(shown(Mode::kCsv) == "label\n");
+    CHECK(shown(Mode::kXml).empty());
 }
 
 TEST_CASE("a message waits for the document and is encoded where it lands") {

@@ -4,6 +4,7 @@
 // last line of a file and the reset behind it.
 #include "report/project/csv_elements.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 
@@ -20,70 +21,33 @@ namespace {
 
 using Field = int Globals::*;
 
-// Numbers of the vocabulary at which another way to get a value begins.
-constexpr int kFirstCounter = 9, kFirstRatio = 57, kFirstNoticeRatio = 66, kFirstLanguage = 69;
-
-// Elements 9 to 54, in their order.
-constexpr Field kCounters[] = {
-    &Globals::string_count,  &Globals::continuation_count, &Globals::preproc_count,   &Globals::include_count,
-    &Globals::import_count,  &Globals::typedef_count,      &Globals::const_count,     &Globals::enum_count,
-    &Globals::do_count,      &Globals::while_count,        &Globals::switch_count,    &Globals::default_count,
-    &Globals::for_count,     &Globals::case_count,         &Globals::break_count,     &Globals::if_count,
-    &Globals::else_count,    &Globals::goto_count,         &Globals::return_count,    &Globals::exit_count,
-    &Globals::_exit_count,   &Globals::abort_count,        &Globals::macro_count,     &Globals::struct_count,
-    &Globals::union_count,   &Globals::class_count,        &Globals::interface_count, &Globals::template_count,
-    &Globals::friend_count,  &Globals::namespace_count,    &Globals::package_count,   &Globals::function_count,
-    &Globals::virtual_count, &Globals::inline_count,       &Globals::alloc_count,     &Globals::free_count,
-    &Globals::new_count,     &Globals::delete_count,       &Globals::semicolon_count, &Globals::using_count,
-    &Globals::open_paren,    &Globals::close_paren,        &Globals::open_braces,     &Globals::closebrace_count,
-    &Globals::open_bracket,  &Globals::close_bracket,
-};
-constexpr int kBehindCounters = kFirstCounter + static_cast<int>(std::size(kCounters));
-static_assert(kBehindCounters == 55 && kElementNotices == 56);
-
-// What ratios are made of. The first seven are elements themselves, from kElementLoc on.
-enum Figure { kLoc, kEloc, kLloc, kBlanks, kComments, kLogical, kPhysical, kNotices, kChars, kWhite, kVisible, kWritten, kFigures };
-
-struct Figures {
-    long value[kFigures];
+struct Amounts {
+    long of[kAmounts];
 };
 
-Figures Measure(const Globals *G) {
-    Figures f{};
-    f.value[kLoc] = G->file_loc;
-    f.value[kEloc] = EffectiveLines(*G);
-    f.value[kLloc] = LogicalLines(*G);
-    f.value[kBlanks] = G->file_blank;
-    f.value[kComments] = G->file_comments;
-    f.value[kWritten] = f.value[kLoc] + f.value[kComments];
-    f.value[kLogical] = f.value[kWritten] + f.value[kBlanks];
-    f.value[kPhysical] = G->file_line_no;
-    f.value[kNotices] = G->notice_count;
-    f.value[kChars] = G->file_chars;
-    f.value[kWhite] = G->file_white;
-    f.value[kVisible] = f.value[kChars] - f.value[kWhite];
-    return f;
+Amounts Measure(const Globals *G) {
+    Amounts a{};
+    a.of[kAmountLoc] = G->file_loc;
+    a.of[kAmountEloc] = EffectiveLines(*G);
+    a.of[kAmountLloc] = LogicalLines(*G);
+    a.of[kAmountBlanks] = G->file_blank;
+    a.of[kAmountComments] = G->file_comments;
+    a.of[kAmountWritten] = a.of[kAmountLoc] + a.of[kAmountComments];
+    a.of[kAmountLogical] = a.of[kAmountWritten] + a.of[kAmountBlanks];
+    a.of[kAmountPhysical] = G->file_line_no;
+    a.of[kAmountNotices] = G->notice_count;
+    a.of[kAmountChars] = G->file_chars;
+    a.of[kAmountWhite] = G->file_white;
+    a.of[kAmountVisible] = a.of[kAmountChars] - a.of[kAmountWhite];
+    return a;
 }
 
-struct Ratio {
-    Figure part, whole;
-    int decimals;
-};
-constexpr Ratio kCharsPerLine{kVisible, kWritten, 2};
-// Elements 57 to 68, in their order.
-constexpr Ratio kRatios[] = {
-    {kLoc, kLogical, 4},   {kEloc, kLogical, 4}, {kComments, kLogical, 4}, {kBlanks, kLogical, 4},
-    {kVisible, kChars, 4}, {kWhite, kChars, 4},  {kComments, kLoc, 2},     {kComments, kEloc, 2},
-    {kComments, kLloc, 2}, {kNotices, kLoc, 2},  {kNotices, kEloc, 2},     {kNotices, kLloc, 2},
-};
-static_assert(kFirstRatio + std::size(kRatios) == kFirstLanguage);
-
 // A ratio to nothing is 0.
-void WriteRatio(FILE *stream, const Ratio &ratio, const Globals *G) {
-    const Figures f = Measure(G);
-    const auto part = static_cast<float>(f.value[ratio.part]);
-    const auto whole = static_cast<float>(f.value[ratio.whole]);
-    fprintf(stream, "%.*f,", ratio.decimals, static_cast<double>(whole < 1.0F ? 0.0F : part / whole));
+double RatioOf(const ElementValue &value, const Globals *G) {
+    const Amounts amounts = Measure(G);
+    const auto part = static_cast<float>(amounts.of[value.amount]);
+    const auto whole = static_cast<float>(amounts.of[value.whole]);
+    return static_cast<double>(whole < 1.0F ? 0.0F : part / whole);
 }
 
 // A name is one field, whatever it holds: a quotation mark is doubled, and then the field stands in such marks.
@@ -99,15 +63,11 @@ void WriteName(FILE *stream, const char *name) {
     fprintf(stream, "%s,", field.c_str());
 }
 
-// 1 for the one group that the file in hand belongs to: the sum of a column is the group's number of files. A file whose extension
-// is of no language is in none.
-int IsOfLanguage(int element, const Globals *G) {
-    static constexpr int kGroups[] = {kCpp, kC, kCppHeader, kCHeader, kJava, kCs, kOther};
-    if (!(G->is_c | G->is_cpp | G->is_java | G->is_cs | G->is_other)) {
-        return 0;
-    }
-    const int language = G->ulpi_last > kCs ? kOther : G->ulpi_last;
-    return kGroups[element - kFirstLanguage] == language;
+// True for the one group that the file in hand belongs to: the sum of a column is the group's number of files. A file whose
+// extension is of no language is in none.
+bool IsOfLanguage(int language, const Globals *G) {
+    const int own = G->ulpi_last > kCs ? kOther : G->ulpi_last;
+    return LanguageInHand(G) != kNoLanguage && own == language;
 }
 
 bool IsElement(int element) {
@@ -119,24 +79,20 @@ bool IsElement(int element) {
 int insert_csv_data(FILE *stream, int element, int header, Globals *G) {
     if (!IsElement(element)) {
         fprintf(stream, "%s-%d,", "Invalid Report Selection", element);
-    } else if (header) {
+        return 0;
+    }
+    if (header) {
         fputs(RepElemStr[element], stream);
-    } else if (element == kElementFileName) {
-        WriteName(stream, G->file_name);
-    } else if (element < kFirstCounter) {
-        fprintf(stream, "%ld,", Measure(G).value[element - kElementLoc]);
-    } else if (element < kBehindCounters) {
-        fprintf(stream, "%d,", G->*kCounters[element - kFirstCounter]);
-    } else if (element == kBehindCounters) {
-        WriteRatio(stream, kCharsPerLine, G);
-    } else if (element == kElementNotices) {
-        fprintf(stream, "%d,", G->notice_count);
-    } else if (element < kFirstLanguage) {
-        WriteRatio(stream, kRatios[element - kFirstRatio], G);
-    } else if (element < kElementCyclo) {
-        fprintf(stream, "%d,", IsOfLanguage(element, G));
-    } else { // nothing that a file has
-        fprintf(stream, "%d-%s,", element, "?");
+        return 0;
+    }
+    const ElementValue &value = kElementValues[element];
+    switch (value.kind) {
+    case ElementValue::kFileName: WriteName(stream, G->file_name); break;
+    case ElementValue::kCounter: fprintf(stream, "%d,", G->*value.counter); break;
+    case ElementValue::kAmount: fprintf(stream, "%ld,", Measure(G).of[value.amount]); break;
+    case ElementValue::kRatio: fprintf(stream, "%.*f,", value.decimals, RatioOf(value, G)); break;
+    case ElementValue::kLanguage: fprintf(stream, "%d,", IsOfLanguage(value.language, G)); break;
+    case ElementValue::kNone: fprintf(stream, "%d-%s,", element, "?"); break; // nothing that a file has
     }
     return 0;
 }
@@ -192,12 +148,8 @@ void LoadChoice(Globals *G) {
 }
 
 bool CountsNotices(const Globals *G) {
-    for (int element = kFirstNoticeRatio; element < kFirstLanguage; ++element) {
-        if (G->csv_report_cfg[element].on) {
-            return true;
-        }
-    }
-    return G->csv_report_cfg[kElementNotices].on;
+    return std::any_of(G->csv_columns, G->csv_columns + G->csv_column_count,
+                       [](int element) { return kElementValues[element].amount == kAmountNotices; });
 }
 
 // Whatever else the command line asks for, this run measures, and is silent. Functions and classes are always measured: so an

@@ -1,10 +1,8 @@
-// The heads take a stream, everything else writes to gTLYOUT: while a head runs, its stream is gTLYOUT. A head also loads the
-// user's rules, whose messages belong into the document.
+// A head also loads the user's rules, whose messages belong into the document.
 #include "report/project/report_head.h"
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 #include "notices/udqn.h"
 #include "report/forms.h"
@@ -95,7 +93,7 @@ static void ShowOrigin(Mode mode, const Globals *G) {
     }
     if (!G->no_command) {
         PrintAs(mode, G, kCommand);
-        ShowCmdLine(gTLYOUT, G);
+        ShowCmdLine(G);
         Put("\n");
     }
 }
@@ -118,8 +116,7 @@ static void ShowTitle(Mode mode, const Globals *G) {
     Put("\n");
 }
 
-void ShowHeader(FILE *stream, Globals *G) {
-    FILE *const report = std::exchange(gTLYOUT, stream);
+void ShowHeader(Globals *G) {
     const Mode mode = G->html_mode ? Mode::kHtml : Mode::kText; // help in a CSV or XML run has a text head too
     if (mode == Mode::kHtml) {
         OpenHtmlDocument(G);
@@ -136,11 +133,9 @@ void ShowHeader(FILE *stream, Globals *G) {
     if (!G->no_header && G->title_set) {
         ShowTitle(mode, G);
     }
-    gTLYOUT = report;
 }
 
-void CSV_Header(FILE *stream, Globals *G) {
-    FILE *const report = std::exchange(gTLYOUT, stream);
+void CSV_Header(Globals *G) {
     const time_t now = time(nullptr);
     FlushEarlyMessages(G);
     if (G->report_header_active) {
@@ -159,7 +154,6 @@ void CSV_Header(FILE *stream, Globals *G) {
     if (!G->no_header && G->title_set) {
         Put("\n%s\n", G->report_title);
     }
-    gTLYOUT = report;
 }
 
 // The address of the style sheet. "c:\x\y.xsl" becomes "file:///c:/x/y.xsl"; what is an address or a path already stays.
@@ -172,8 +166,7 @@ static std::string StyleSheetAddress(const char *name) {
     return address;
 }
 
-void XML_Header(FILE *stream, Globals *G) {
-    FILE *const report = std::exchange(gTLYOUT, stream);
+void XML_Header(Globals *G) {
     const Mode xml = Mode::kXml;
     const time_t now = time(nullptr);
     Put("<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n");
@@ -199,7 +192,6 @@ void XML_Header(FILE *stream, Globals *G) {
     if (!G->no_header && G->title_set) {
         PrintOnly(xml, "<title>%s</title>\n", Shown{G->report_title});
     }
-    gTLYOUT = report;
 }
 
 // Comes ahead of the head of an XML report, which can't hold it there: so it goes the way of a message.
@@ -247,29 +239,12 @@ void ShowFMCHeader(Globals *G) {
     }
 }
 
-void ShowCmdLine(FILE *stream, const Globals *G) {
-    const char *text = G->command_line;
-    const Mode mode = OutputMode(G);
-    if (mode == Mode::kCsv) {
-        fputs(text, stream);
+void ShowCmdLine(const Globals *G) {
+    static constexpr Forms<Shown> kCommand{.text = "%s ", .html = "%s ", .xml = "<command>%s</command>\n"};
+    if (OutputMode(G) == Mode::kCsv) { // the last field: its commas may stay
+        Put("%s", G->command_line);
         return;
     }
-    std::string encoded;
-    if (mode == Mode::kXml) {
-        xml_encode(text, encoded);
-        fprintf(stream, "<command>%s</command>\n", encoded.c_str());
-        return;
-    }
-    // Wrapped first and escaped then, so that a break never falls into an entity.
-    LineText wrapped;
-    constexpr int kWidth = 58;
-    if (strlen(text) > kWidth && G->wrap_long_names) {
-        AdjNameLength(text, wrapped, kWidth, 16, G);
-        text = wrapped;
-    }
-    if (mode == Mode::kHtml) {
-        HTML_esc(text, encoded);
-        text = encoded.c_str();
-    }
-    fprintf(stream, "%s ", text);
+    LineText room;
+    Print(G, kCommand, Shown{OnPage(G->command_line, room, Behind("Command Line"), G)});
 }

@@ -64,7 +64,7 @@ bool IsCurrentDirectory(const char *directory) {
 }
 
 void ShowHeads(Globals *G) {
-    ShowHeader(gTLYOUT, G);
+    ShowHeader(G);
     ShowFMCHeader(G);
 }
 

@@ -149,7 +149,7 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
     }
     const Mode mode = OutputMode(G);
     if ((mode == Mode::kText || mode == Mode::kHtml) && !G->print_mode) {
-        ShowHeader(gTLYOUT, G);
+        ShowHeader(G);
     }
     ShowFMCHeader(G);
     if (G->benchmark_mode) {
@@ -168,9 +168,9 @@ void BeginReport(ProcessTimer *timer, Globals *G) {
         G->baseline_lacking = !G->work_file;
     }
     if (mode == Mode::kCsv && !G->csv_rows) {
-        CSV_Header(gTLYOUT, G);
+        CSV_Header(G);
     } else if (mode == Mode::kXml) {
-        XML_Header(gTLYOUT, G);
+        XML_Header(G);
     }
     if (G->print_mode) {
         BeginListing(G);
