@@ -295,7 +295,7 @@ void WorkDiffDataFileOpen(Globals *G) {
     G->diff_file_error = G->diff_data_file ? 0 : errno;
     if (!G->diff_data_file) {
         Message(G, "\n  Create File Error: %s - %s\n", G->diff_file_old, strerror(G->diff_file_error));
-        G->baseline_failed |= IsDiskFull(G->diff_file_error);
+        G->baseline_failed |= IsDiskFull(G->diff_file_error) || G->diff_file_error == ENOMEM;
         G->baseline_lacking = 1;
     }
 }

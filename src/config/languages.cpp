@@ -100,10 +100,16 @@ void AddBuiltInLanguages(Globals *G) {
     }
 }
 
+// Files of what is lost will be left out.
+static void TellOfLostLanguage(Globals *G) {
+    G->baseline_failed = 1;
+    Message(G, "\n  Error: ULPI memory allocation error\n");
+}
+
 int addUlpi(const char *name, const char *extensions, Globals *G) {
     auto *record = static_cast<Ulpi *>(calloc(1, sizeof(Ulpi)));
     if (!record) {
-        Message(G, "\n  Error: ULPI memory allocation error\n");
+        TellOfLostLanguage(G);
         return G->ulpi_count;
     }
     if (G->ulpi_count + 1 >= kMaxLanguages) {
@@ -134,7 +140,7 @@ int parseUlpiExtensions(Ulpi *record, const char *extensions, Globals *G) {
         }
         char *copy = strndup(piece, length);
         if (!copy) {
-            Message(G, "\n  Error: ULPI memory allocation error\n");
+            TellOfLostLanguage(G);
             break;
         }
         ++last;

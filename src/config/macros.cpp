@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include "run/globals.h"
+#include "run/memory.h"
 #include "run/program_files.h"
 #include "run/read_lines.h"
 
@@ -39,7 +40,11 @@ int LoadMacros(Globals *G) {
             continue;
         }
         Rtrim(line);
-        loaded += AddNameNode(line, 0, 1, &G->macro_list, G);
+        if (!AddNameNode(line, 0, 1, &G->macro_list, G)) {
+            MemoryError(G);
+            break;
+        }
+        ++loaded;
     }
     CloseLines(&reader);
     return loaded;

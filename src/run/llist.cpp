@@ -15,6 +15,7 @@ LlistNode *NewNode(void *record, Globals *G) {
     }
     LlistNode *node = static_cast<LlistNode *>(malloc(sizeof *node)); // for lists of notices a good deal quicker than calloc
     if (!node) {
+        G->baseline_failed = 1;
         Message(G, "\n  Error: memory allocation failure\n");
         return nullptr;
     }

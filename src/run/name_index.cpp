@@ -1,6 +1,6 @@
-// Open addressing with linear steps over a table that is at most half full: 12 bytes a slot, and no node per record. A run over
-// 116 MB with a million #defines takes 0.55 s with it and 1.07 s with std::unordered_map, one over 123 MB of Java 0.70 s and 0.78
-// s.
+// Open addressing with linear steps over a table that is at most half full: 12 bytes a slot, and no node per record. With a million
+// #defines (116 MB, -fa -o -n) a run takes 0.53 s of CPU time; with std::unordered_map 1.05 s, with std::unordered_set of records
+// 0.91 s. With the few names of 123 MB of Java there is nothing between the three.
 #include "run/name_index.h"
 
 #include <utility>

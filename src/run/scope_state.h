@@ -62,7 +62,6 @@ struct ScopeState : StatementState, DirectiveState, BodyWatch {
 
     int if_directive;                  // #if, #ifdef or #ifndef since the last function head
     int macro_flag;                    // this #define has parameters: its lines are a macro region
-    LineText mname;                    // name of the macro whose #define was read last
     int if_flag, for_flag, while_flag; // the condition of that keyword is open
     int catch_flag;                    // a catch ( head is open
     int where_flag;                    // C# generic constraint

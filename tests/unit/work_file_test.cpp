@@ -8,6 +8,7 @@
 #include "analysis/line_code.h"
 #include "baseline/line_records.h"
 #include "baseline/work_file.h"
+#include "run/memory.h"
 
 namespace {
 
@@ -312,4 +313,26 @@ TEST_CASE("a directory takes its place with what a user had put there") {
     WriteText(dir / "file", "");
     CHECK(BeginDirectory((dir / "file").c_str(), &directory) == 0);
     CHECK(BeginDirectory((dir / "no/a.dif").c_str(), &directory) == 0);
+}
+
+TEST_CASE("a baseline stays when the run that would replace it is out of memory") {
+    const StateBench bench;
+    const TempDir dir;
+    const std::string place = dir / "a.dat";
+    WriteText(place, "earlier");
+    for (const bool out : {true, false}) {
+        CopyText(bench.G->work_file_name, place.c_str());
+        CopyText(bench.G->work_file_path, dir.path);
+        bench.G->baseline_failed = 0;
+        const std::string text = Written([&] {
+            bench.G->head_written = 1;
+            bench.G->work_file = CreateWorkFile(bench.G);
+            if (out) {
+                MemoryError(bench.G);
+            }
+            CloseWorkFile(bench.G);
+        });
+        CHECK(Has(text, "  Memory Error: Cannot allocate memory\n") == out);
+        CHECK((ReadText(place) == "earlier") == out);
+    }
 }

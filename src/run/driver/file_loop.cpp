@@ -300,7 +300,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
 } // namespace
 
 void ProcessFiles(Globals *G) {
-    SourceReader reader;
+    static SourceReader reader; // large for the stack; between two files it holds nothing
     for (FileData *file : Records<FileData>(G->file_list)) {
         ProcessFile(file, &reader, G);
     }
