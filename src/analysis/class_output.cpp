@@ -6,7 +6,6 @@
 #include "report/frame.h"
 #include "report/names.h"
 #include "report/state_line.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

@@ -13,7 +13,6 @@
 #include "report/lines.h"
 #include "report/names.h"
 #include "report/state_line.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

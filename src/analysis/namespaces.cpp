@@ -11,7 +11,6 @@
 #include "notices/raise.h"
 #include "report/forms.h"
 #include "report/names.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {

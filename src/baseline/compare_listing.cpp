@@ -92,13 +92,12 @@ int32_t Insert(Node *nodes, int32_t at, int32_t fresh, LineKey by) {
     return Balanced(nodes, at);
 }
 
-constexpr Forms<Shown> kHeadFile{
-    .text = "  File: %s\n", .html = "", .csv = "File: %s\n", .xml = "  File: %s\n"}; // HTML: with its colour, below
-
-constexpr Forms<Shown, Shown> kHtmlHeadFile{.html = "  <b>File:<font color=\"%s\"> %s</font></b>\n"};
-
-constexpr Forms<Shown, Shown> kHtmlHeadVersions{
-    .html = "  <b><font color=\"%s\">Older     </font>                  <font color=\"%s\">Newer  </font></b>\n"};
+constexpr Forms<Shown> kHeadFile{.text = "  File: %s\n",
+                                 .html = "  <b>File:<font color=\"%{file_name}\"> %s</font></b>\n"
+                                         "  <b><font color=\"%{old_file_diff}\">Older     </font>                  "
+                                         "<font color=\"%{new_file_diff}\">Newer  </font></b>\n",
+                                 .csv = "File: %s\n",
+                                 .xml = "  File: %s\n"};
 
 constexpr Forms<> kHeadColumns{.text = "  Older                       Newer\n  ----------------------------------------\n  Line "
                                        "Number    Diff  Type   Line Number\n",
@@ -108,7 +107,7 @@ constexpr Forms<> kHeadColumns{.text = "  Older                       Newer\n  -
                                .xml = "  Older                       Newer\n  ----------------------------------------\n  Line "
                                       "Number    Diff  Type   Line Number\n"};
 
-constexpr Forms<Shown> kOpenColor{.html = "<b><font color=\"%s\">"};
+constexpr Forms<Color> kOpenColor{.html = "<b><font color=\"%{color}\">"};
 constexpr Forms<> kCloseColor{.html = "</font></b>"};
 
 constexpr Forms<int, char, Shown, const char *> kRemoved{.text = "  %11d     %c     %s     %-11s\n",
@@ -124,10 +123,10 @@ constexpr Forms<int, char, Shown, int> kKept{.text = "  %11d     %c     %s     %
                                              .csv = "%11d,%c,%s,%-11d\n",
                                              .xml = "  %11d     %c     %s     %-11d\n"};
 
-constexpr Forms<Shown> kEquivalent{.text = "       *** File is Equivalent ***\n",
-                                   .html = "       <b>*** <font color=\"%s\">File is Equivalent</font> ***</b>\n",
-                                   .csv = "       *** File is Equivalent ***\n",
-                                   .xml = "       *** File is Equivalent ***\n"};
+constexpr Forms<> kEquivalent{.text = "       *** File is Equivalent ***\n",
+                              .html = "       <b>*** <font color=\"%{equal_code_diff}\">File is Equivalent</font> ***</b>\n",
+                              .csv = "       *** File is Equivalent ***\n",
+                              .xml = "       *** File is Equivalent ***\n"};
 
 // Shows one line with -ws if lines of this operation are wanted. Only the numbers that the operation has are shown.
 void ShowDiffLine(const DiffLine &line, Globals *G) {
@@ -139,15 +138,15 @@ void ShowDiffLine(const DiffLine &line, Globals *G) {
     const char type_text[] = {line.type, '\0'}; // it comes from a file and may be any byte
     switch (operation) {
     case '-':
-        Print(G, kOpenColor, Shown{G->html_removed_code_diff_color});
+        Print(G, kOpenColor, Color{&HtmlSettings::html_removed_code_diff_color});
         Print(G, kRemoved, line.hist_line, operation, Shown{type_text}, "");
         break;
     case '+':
-        Print(G, kOpenColor, Shown{G->html_modified_code_diff_color});
+        Print(G, kOpenColor, Color{&HtmlSettings::html_modified_code_diff_color});
         Print(G, kAdded, "", operation, Shown{type_text}, line.pres_line);
         break;
     default:
-        Print(G, kOpenColor, Shown{G->html_equal_code_diff_color});
+        Print(G, kOpenColor, Color{&HtmlSettings::html_equal_code_diff_color});
         Print(G, kKept, line.hist_line, operation, Shown{type_text}, line.pres_line);
         break;
     }
@@ -181,8 +180,6 @@ void ShowDiffListing(const DiffListing *listing, Globals *G) {
 
 void SetDiffHeader(const char *file_name, Globals *G) {
     Print(G, kHeadFile, Shown{file_name});
-    Print(G, kHtmlHeadFile, Shown{G->html_file_name_color}, Shown{file_name});
-    Print(G, kHtmlHeadVersions, Shown{G->html_old_file_diff_color}, Shown{G->html_new_file_diff_color});
     Print(G, kHeadColumns);
 }
 
@@ -194,7 +191,7 @@ void CloseDiffListing(Globals *G) {
         }
     }
     if (equivalent) {
-        Print(G, kEquivalent, Shown{G->html_equal_code_diff_color});
+        Print(G, kEquivalent);
     }
     Put("  %s\n", kDashes);
 }

@@ -36,8 +36,8 @@ void HtmlPlace(const NoticeRow &row, int line, const Globals *G) {
 }
 
 void HtmlHead(const NoticeRow &row, int line, const Globals *G) {
-    PrintOnly<Shown, const char *, int>(Mode::kHtml, "\n    <font color=\"%s\"><b>%s</b></font> #%d: ", Shown{G->html_notice_color},
-                                        row.traits & kHtmlLoud ? "NOTICE" : "Notice", row.number);
+    PrintHtml<const char *, int>(
+        G, "\n    <font color=\"%{notice}\"><b>%s</b></font> #%d: ", row.traits & kHtmlLoud ? "NOTICE" : "Notice", row.number);
     HtmlPlace(row, line, G);
 }
 

@@ -13,7 +13,6 @@
 #include "report/lines.h"
 #include "report/names.h"
 #include "run/compare.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 static constexpr Wrap kCompactWrap{72, 2}; // of a name without a label

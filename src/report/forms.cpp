@@ -157,18 +157,22 @@ void Write(const char *format, std::span<const Arg> named, const Arg *values, co
         if (!*percent) {
             break;
         }
-        if (percent[1] == '{') {
-            p = AddNamed(line, percent + 1, named, G);
-            continue;
-        }
         Conversion how;
-        p = ReadConversion(percent + 1, how);
-        p += *p == 'l';
-        if (*p++ == '%') {
-            line.AddChar('%');
-        } else {
-            AddArgument(line, how, *values++);
+        p = percent + 1;
+        if (*p != 's' && *p != 'd') { // most are bare
+            if (*p == '{') {
+                p = AddNamed(line, p, named, G);
+                continue;
+            }
+            p = ReadConversion(p, how);
+            p += *p == 'l';
+            if (*p == '%') {
+                line.AddChar(*p++);
+                continue;
+            }
         }
+        ++p;
+        AddArgument(line, how, *values++);
     }
     line.Flush();
 }

@@ -5,7 +5,6 @@
 
 #include "report/forms.h"
 #include "report/names.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 int CenterBlanks(size_t length) {

@@ -10,7 +10,6 @@
 #include "report/lines.h"
 #include "report/names.h"
 #include "run/char_tests.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 // The name line of a kind of entity, and the element that its block is in XML.

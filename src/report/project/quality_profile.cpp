@@ -13,7 +13,6 @@
 #include "report/frame.h"
 #include "report/names.h"
 #include "run/compare.h"
-#include "run/encode.h"
 #include "run/globals.h"
 
 namespace {
