@@ -97,10 +97,17 @@ void OnNamespace(Scan &scan, int end, Globals *G) {
         NoticeAtLine(32, G);
         return;
     }
+    if (G->reading & kBraces) {
+        return;
+    }
     LineText token;
     if (!GetNextToken(scan.line, end, token)) {
         ClearText(token);
     }
+    OpenNamespace(token, scan, G);
+}
+
+void OpenNamespace(const char *token, Scan &scan, Globals *G) {
     if (G->namespace_flag) {
         LineText full;
         CopyText(full, G->namespace_name);

@@ -89,6 +89,11 @@ static void ShowProductLines(Mode mode, const Globals *G) {
     UnderscoreRule();
 }
 
+// The setting alone turned the modern reading on: the command line doesn't show it.
+static bool IsReadingShown(const Globals *G) {
+    return G->reading != 0 && G->switch_rules == 0;
+}
+
 // Which settings and which arguments the report comes from.
 static void ShowOrigin(Mode mode, const Globals *G) {
     const Shown color{G->html_header_color};
@@ -109,6 +114,13 @@ static void ShowOrigin(Mode mode, const Globals *G) {
         }
         ShowCmdLine(gTLYOUT, G);
         Put("\n");
+    }
+    if (IsReadingShown(G)) {
+        if (mode == Mode::kHtml) {
+            PrintOnly(mode, "  <b><font color=\"%s\">Reading     </font></b>: Modern\n", color);
+        } else {
+            Put("  Reading     : Modern\n");
+        }
     }
 }
 
@@ -167,6 +179,9 @@ void CSV_Header(FILE *stream, Globals *G) {
     if (!G->no_command) {
         Put("TLY Command Line,%s\n", G->command_line);
     }
+    if (IsReadingShown(G)) {
+        Put("Reading,Modern\n");
+    }
     if (!G->no_config) {
         PrintOnly(Mode::kCsv, "Configuration File,%s\n", Shown{G->cfg_file});
     }
@@ -206,6 +221,9 @@ void XML_Header(FILE *stream, Globals *G) {
     PrintOnly(xml, "<date>%s</date>\n", Shown{get_date(&now)});
     if (!G->no_command) {
         PrintOnly(xml, "<command>%s</command>\n", Shown{G->command_line});
+    }
+    if (IsReadingShown(G)) {
+        Put("<reading>Modern</reading>\n");
     }
     if (!G->no_config) {
         PrintOnly(xml, "<config_file>%s</config_file>\n", Shown{G->cfg_file});
