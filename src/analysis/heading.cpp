@@ -184,9 +184,9 @@ int BeginOfName(const Tokens &t, int i, const Globals *G) {
     return i;
 }
 
-constexpr Text kStatementWords[] = {"if",     "else",   "for",      "while",         "do",     "switch",  "case",   "return",
-                                    "catch",  "try",    "throw",    "sizeof",        "delete", "new",     "goto",   "static_assert",
-                                    "public", "const",  "operator", "_Static_assert"};
+constexpr Text kStatementWords[] = {"if",     "else",  "for",   "while", "do",  "switch", "case",
+                                    "return", "catch", "try",   "throw", "new", "goto",   "public", "const"};
+constexpr Text kCppStatementWords[] = {"sizeof", "delete", "operator", "static_assert", "_Static_assert"};
 constexpr Text kCppTypeWords[] = {"unsigned", "signed", "char", "short", "int",  "long", "float", "double",
                                   "void",     "bool",   "auto", "const", "typedef", "struct", "class", "enum", "union"};
 // A parenthesis behind one of these is no parameter list, and a function may have them behind its own.
@@ -206,7 +206,7 @@ bool IsNoFunction(Text name, const Globals *G) {
     if (G->is_cs) {
         return (G->reading & kTuples) && IsOneOf(name, kCsStatementWords);
     }
-    return G->is_java ? IsOneOf(name, kJavaStatementWords) : IsOneOf(name, kCppTypeWords);
+    return G->is_java ? IsOneOf(name, kJavaStatementWords) : IsOneOf(name, kCppTypeWords) || IsOneOf(name, kCppStatementWords);
 }
 
 // ---- C and C++ --------------------------------------------------------------------------------------------------------------
@@ -237,6 +237,8 @@ int BehindPrefix(const Tokens &t, int i, Text *template_text, const Globals *G) 
             i = behind;
         } else if (t.IsWord(i, "requires") && t.KindAt(i + 1) == '(') {
             i += 2;
+        } else if (t.KindAt(i) == 'w' && IsMacroLike(t.At(i), G) && t.IsWord(i + (t.KindAt(i + 1) == '(' ? 2 : 1), "template")) {
+            i += t.KindAt(i + 1) == '(' ? 2 : 1;
         } else {
             return i;
         }
@@ -245,7 +247,7 @@ int BehindPrefix(const Tokens &t, int i, Text *template_text, const Globals *G) 
 
 // namespace a::b {, inline namespace v1 {, namespace std VISIBLE(default) {
 bool ReadCppNamespace(const Tokens &t, int i, Heading *heading, const Globals *G) {
-    if (t.IsWord(i, "inline")) {
+    while (t.IsWord(i, "inline") || (t.KindAt(i) == 'w' && IsMacroLike(t.At(i), G)) || (i > 0 && t.KindAt(i) == '(')) {
         ++i;
     }
     if (!t.IsWord(i, "namespace")) {
@@ -354,6 +356,7 @@ bool ReadCppClass(const Tokens &t, int i, Heading *heading, const Globals *G) {
 struct Candidate {
     int name = -1; // last token of the name, or the word operator
     int list = -1; // its parameters
+    bool is_operator = false;
     Text name_text, params;
 };
 
@@ -411,6 +414,7 @@ int ReadOperator(const Tokens &t, int i, Candidate *found, const Globals *G) {
     }
     found->name = i;
     found->list = list;
+    found->is_operator = true;
     found->name_text = t.Between(BeginOfName(t, i, G), list - 1);
     found->params = t.At(list);
     return list;
@@ -538,13 +542,14 @@ Heading ReadCpp(const Tokens &t, const Globals *G) {
         heading.kind = macro ? HeadKind::kOpen : t.KindAt(i) == '(' ? HeadKind::kBlock : HeadKind::kValue;
         return heading;
     }
-    if (IsNoFunction(t.At(found.name), G) && found.name_text.find("operator") == Text::npos && found.name_text == t.At(found.name)) {
+    if (!found.is_operator && IsNoFunction(t.At(found.name), G) && found.name_text == t.At(found.name)) {
         heading.kind = HeadKind::kBlock;
         return heading;
     }
     heading.kind = HeadKind::kFunction;
     heading.name = found.name_text;
     heading.params = found.params;
+    heading.is_operator = found.is_operator;
     heading.old_style = MayBeOldStyle(G) && t.KindAt(t.count - 1) == ';';
     return heading;
 }
@@ -617,7 +622,7 @@ bool ReadManagedClass(const Tokens &t, int i, Heading *heading, const Globals *G
         }
     }
     if (word == "enum" && G->is_cs) {
-        heading->kind = HeadKind::kValue;
+        heading->kind = HeadKind::kBlock;
         return true;
     }
     heading->kind = HeadKind::kClass;
@@ -695,8 +700,7 @@ Text OwnName(const char *qualified) {
 Heading ReadManaged(const Tokens &t, bool in_constants, const Globals *G) {
     Heading heading{};
     heading.kind = HeadKind::kBlock;
-    if (in_constants) {
-        heading.kind = HeadKind::kOpen;
+    if (in_constants) { // A { void f() { } }, a class without a name
         return heading;
     }
     const int i = BehindModifiers(t, 0, G);
@@ -714,10 +718,11 @@ Heading ReadManaged(const Tokens &t, bool in_constants, const Globals *G) {
         heading.kind = HeadKind::kValue;
         return heading;
     }
-    if (found.list >= 0 && !IsNoFunction(t.At(found.name), G)) {
+    if (found.list >= 0 && (found.is_operator || !IsNoFunction(t.At(found.name), G))) {
         heading.kind = HeadKind::kFunction;
         heading.name = found.name_text;
         heading.params = found.params;
+        heading.is_operator = found.is_operator;
     } else if (found.list < 0 && G->is_java && t.count == i + 1 && (G->reading & kRecords) && t.At(i) == OwnName(G->classname)) {
         heading.kind = HeadKind::kFunction; // record Point(int x) { Point {
         heading.name = t.At(i);
@@ -760,6 +765,7 @@ Member ReadCppMember(const Tokens &t, const Globals *G) {
     End end;
     const Candidate found = FindCppFunction(t, i, &end, G);
     member.is_method = found.list >= 0;
+    member.is_operator = found.is_operator;
     member.name = found.name_text;
     member.params = found.params;
     if (!member.is_method) {
@@ -772,12 +778,14 @@ Member ReadManagedMember(const Tokens &t, const Globals *G) {
     Member member{};
     const int i = BehindModifiers(t, 0, G);
     Heading heading{};
-    if (i >= t.count || (t.KindAt(i) == 'w' && IsOneOf(t.At(i), kNoMembers)) || ReadManagedClass(t, i, &heading, G)) {
+    if (i >= t.count || t.KindAt(i) == '=' || (t.KindAt(i) == 'w' && IsOneOf(t.At(i), kNoMembers)) || // int Size { get; } = 1;
+        ReadManagedClass(t, i, &heading, G)) {
         return member;
     }
     int stop;
     const Candidate found = FindMethod(t, i, &stop, G);
     member.is_method = found.list >= 0;
+    member.is_operator = found.is_operator;
     member.name = found.name_text;
     member.params = found.params;
     const bool property = t.KindAt(stop) == 'A' || t.KindAt(t.count - 1) == '{';

@@ -72,12 +72,25 @@ void CopyList(Text list, std::span<char> out) {
     out[used] = '\0';
 }
 
-void TakeName(Text name, Globals *G) {
+// A word of the text that is known to be there.
+const char *WordIn(const char *text, const char *word) {
+    const size_t length = strlen(word);
+    const char *found = strstr(text, word);
+    while (found > text && (IsLetterOrDigit(found[-1]) || found[-1] == '_')) {
+        const char *next = strstr(found + length, word);
+        if (!next) {
+            break;
+        }
+        found = next;
+    }
+    return found ? found : text;
+}
+
+void TakeName(Text name, bool is_operator, Globals *G) {
     LineText text;
     CopyPart(text, name.data(), name.size());
-    const char *op = G->is_c || G->is_java ? nullptr : strstr(text, "operator");
-    if (op) {
-        ReadOperatorName(text, op, G->funcname);
+    if (is_operator) {
+        ReadOperatorName(text, WordIn(text, "operator"), G->funcname);
     } else {
         CopyText(G->funcname, text);
     }
@@ -106,7 +119,7 @@ void TakeTemplate(Text text, Globals *G) {
 }
 
 void BeginFunction(const Heading &heading, Scan &scan, Globals *G) {
-    TakeName(heading.name, G);
+    TakeName(heading.name, heading.is_operator, G);
     TakeParams(heading, G);
     G->funcname_flag = 1;
     G->method_flag = G->class_flag;
@@ -230,7 +243,7 @@ void Pop(Scan &scan, Globals *G) {
 void CountMember(const Scan &scan, Globals *G) {
     const Member member = ReadMember(Statement(G), G);
     if (member.is_method) {
-        TakeName(member.name, G);
+        TakeName(member.name, member.is_operator, G);
         CopyList(member.params, G->params);
         ClassMethod(G);
         ClearText(G->funcname);
