@@ -149,7 +149,6 @@ void EndStatic(Globals *G) {
     }
 }
 
-
 // What ends at this brace: a function, then a class, then a namespace, each by its own test.
 void Close(Scan &scan, Globals *G) {
     if (G->function_scope <= 0 && G->local_paren <= 0 && G->funcname_flag && !G->assignment_flag) {

@@ -156,13 +156,13 @@ void NoteStep(const Scan &scan, char c, Globals *G) {
 } // namespace
 
 // The position and the table are locals, so that the run through plain characters stays in registers.
-void ScanCode(Scan &scan, Globals *G) {
+[[gnu::noinline]] void ScanCode(Scan &scan, Globals *G) {
     const ClassTable &classes = ClassesFor(scan, G);
     const char *line = scan.line;
     int end = scan.length; // 0 once a comment or a literal opens
     int is_loc = scan.is_loc;
     int i = scan.index;
-    scan.head_mark = i + (line[i] == '/' && line[i - 1] == '*'); // the "/" of a "*/" is looked at here
+    scan.head_mark = i;
     int waiting = IsWaiting(scan, G) && !G->is_other;
     for (; i < end; ++i) {
         const char c = line[i];

@@ -68,7 +68,12 @@ size_t EndOfGroup(Text text, size_t i) {
     return std::min(i, text.size());
 }
 
-Token ReadToken(Text text, size_t i, const Globals *G) {
+// The text inside a group; empty for an empty text.
+Text Inside(Text group) {
+    return group.size() > 2 ? group.substr(1, group.size() - 2) : Text{};
+}
+
+Token ReadToken(Text text, size_t i) {
     const char c = text[i];
     const char next = i + 1 < text.size() ? text[i + 1] : '\0';
     const auto token = [&](char kind, size_t end) { return Token{kind, text.substr(i, end - i)}; };
@@ -92,7 +97,7 @@ Token ReadToken(Text text, size_t i, const Globals *G) {
         return token('R', i + 2);
     }
     if (c == '=' && next == '>') {
-        return token((G->reading & kArrows) ? 'A' : '=', i + 2);
+        return token('A', i + 2);
     }
     if (next == '=' && (c == '=' || c == '!' || c == '<' || c == '>')) {
         return token('E', i + 2);
@@ -100,14 +105,14 @@ Token ReadToken(Text text, size_t i, const Globals *G) {
     return token(c, i + 1);
 }
 
-void Tokenize(Text text, Tokens &tokens, const Globals *G) {
+void Tokenize(Text text, Tokens &tokens) {
     tokens.all = text;
     for (size_t i = 0; i < text.size() && tokens.count < kMostTokens;) {
         if (text[i] >= 0 && text[i] <= ' ') {
             ++i;
             continue;
         }
-        const Token token = ReadToken(text, i, G);
+        const Token token = ReadToken(text, i);
         tokens.row[tokens.count++] = token;
         i += token.text.size();
     }
@@ -184,19 +189,19 @@ int BeginOfName(const Tokens &t, int i, const Globals *G) {
     return i;
 }
 
-constexpr Text kStatementWords[] = {"if",     "else",  "for",   "while", "do",  "switch", "case",
-                                    "return", "catch", "try",   "throw", "new", "goto",   "public", "const"};
+constexpr Text kStatementWords[] = {"if",    "else", "for",   "while", "do",   "switch", "case", "return",
+                                    "catch", "try",  "throw", "new",   "goto", "public", "const"};
 constexpr Text kCppStatementWords[] = {"sizeof", "delete", "operator", "static_assert", "_Static_assert"};
-constexpr Text kCppTypeWords[] = {"unsigned", "signed", "char", "short", "int",  "long", "float", "double",
-                                  "void",     "bool",   "auto", "const", "typedef", "struct", "class", "enum", "union"};
+constexpr Text kCppTypeWords[] = {"unsigned", "signed", "char",  "short",   "int",    "long",  "float", "double", "void",
+                                  "bool",     "auto",   "const", "typedef", "struct", "class", "enum",  "union"};
 // A parenthesis behind one of these is no parameter list, and a function may have them behind its own.
-constexpr Text kAttributeWords[] = {"noexcept",      "throw",  "decltype",   "alignas",   "explicit",      "requires",
-                                    "__attribute__", "typeof", "__declspec", "_Alignas",  "asm",           "__asm__",
-                                    "__typeof__",    "__asm",  "_Pragma",    "__pragma",  "__attribute", "using"};
+constexpr Text kAttributeWords[] = {"noexcept",      "throw",  "decltype",   "alignas",  "explicit",    "requires",
+                                    "__attribute__", "typeof", "__declspec", "_Alignas", "asm",         "__asm__",
+                                    "__typeof__",    "__asm",  "_Pragma",    "__pragma", "__attribute", "using"};
 constexpr Text kSuffixWords[] = {"const", "volatile", "override", "final", "try", "mutable", "sealed", "abstract"};
-constexpr Text kCsStatementWords[] = {"foreach", "using",  "lock", "fixed", "checked", "unchecked", "when", "nameof",
-                                      "typeof",  "default", "await", "yield", "get",     "set",       "add",  "remove",
-                                      "init",    "stackalloc", "is", "as", "in"};
+constexpr Text kCsStatementWords[] = {"foreach", "using",  "lock",    "fixed",      "checked", "unchecked", "when",
+                                      "nameof",  "typeof", "default", "await",      "yield",   "get",       "set",
+                                      "add",     "remove", "init",    "stackalloc", "is",      "as",        "in"};
 constexpr Text kJavaStatementWords[] = {"synchronized", "assert", "instanceof", "yield"};
 
 bool IsNoFunction(Text name, const Globals *G) {
@@ -229,7 +234,8 @@ int BehindPrefix(const Tokens &t, int i, Text *template_text, const Globals *G) 
     for (;;) {
         if (t.KindAt(i) == '[' || t.IsWord(i, "export") || t.IsWord(i, "__extension__")) {
             ++i;
-        } else if ((t.IsWord(i, "__attribute__") || t.IsWord(i, "__declspec") || t.IsWord(i, "alignas")) && t.KindAt(i + 1) == '(') {
+        } else if ((t.IsWord(i, "__attribute__") || t.IsWord(i, "__declspec") || t.IsWord(i, "alignas")) &&
+                   t.KindAt(i + 1) == '(') {
             i += 2;
         } else if (t.IsWord(i, "template") && t.KindAt(i + 1) == '<') {
             const int behind = BehindAngles(t, i + 1, G);
@@ -367,7 +373,8 @@ bool IsTypeOrStatementWord(Text word) {
 // The tokens between a list and a later word say that the later one has the name: ATTR(x) static int f(
 bool HoldsPlainWord(const Tokens &t, int first, int end, const Globals *G) {
     for (int i = first; i < end; ++i) {
-        if (t.KindAt(i) == 'w' && !IsOneOf(t.At(i), kSuffixWords) && !IsOneOf(t.At(i), kAttributeWords) && !IsMacroLike(t.At(i), G)) {
+        if (t.KindAt(i) == 'w' && !IsOneOf(t.At(i), kSuffixWords) && !IsOneOf(t.At(i), kAttributeWords) &&
+            !IsMacroLike(t.At(i), G)) {
             return true;
         }
     }
@@ -375,8 +382,8 @@ bool HoldsPlainWord(const Tokens &t, int first, int end, const Globals *G) {
 }
 
 // (*name(int a)) and (name): the name inside a parenthesis. False for (*name), a pointer.
-bool ReadInner(Text group, Candidate *found, const Globals *G) {
-    Text inner = group.substr(1, group.size() > 1 ? group.size() - 2 : 0);
+bool ReadInner(Text group, Candidate *found) {
+    Text inner = Inside(group);
     const size_t star = inner.find_first_not_of(" \t*&");
     if (star == Text::npos) {
         return false;
@@ -396,7 +403,6 @@ bool ReadInner(Text group, Candidate *found, const Globals *G) {
     }
     found->name_text = inner.substr(0, end);
     found->params = pointer ? inner.substr(next, EndOfGroup(inner, next) - next) : Text{};
-    (void)G;
     return true;
 }
 
@@ -474,7 +480,7 @@ Candidate FindCppFunction(const Tokens &t, int i, End *end, const Globals *G) {
             }
             const bool type = !named || IsTypeOrStatementWord(t.At(word)) || t.KindAt(i + 1) == '(';
             Candidate nested;
-            if (type && !behind_list && ReadInner(t.At(i), &nested, G) && (!nested.params.empty() || t.KindAt(i + 1) == '(') &&
+            if (type && !behind_list && ReadInner(t.At(i), &nested) && (!nested.params.empty() || t.KindAt(i + 1) == '(') &&
                 (!named || IsTypeOrStatementWord(t.At(word)) || !nested.params.empty())) {
                 nested.name = name;
                 nested.list = i;
@@ -499,13 +505,9 @@ Candidate FindCppFunction(const Tokens &t, int i, End *end, const Globals *G) {
 
 // A word list without anything else: it can be those of old style parameters only.
 bool IsPlainList(Text list) {
-    const Text inner = list.substr(1, list.size() > 1 ? list.size() - 2 : 0);
+    const Text inner = Inside(list);
     return inner.find_first_not_of(" \t,_abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789") == Text::npos &&
            inner.find_first_not_of(' ') != Text::npos;
-}
-
-bool MayBeOldStyle(const Globals *G) {
-    return G->is_c || !(G->reading & kPrototypes);
 }
 
 Heading ReadCpp(const Tokens &t, const Globals *G) {
@@ -532,7 +534,7 @@ Heading ReadCpp(const Tokens &t, const Globals *G) {
     }
     End end;
     const Candidate found = FindCppFunction(t, i, &end, G);
-    const bool in_initialisers = (G->reading & kInitialisers) && end == End::kInitialisers &&
+    const bool in_initialisers = (G->reading & kInitialisers) && end == End::kInitialisers && !t.IsWord(t.count - 1, "try") &&
                                  (t.KindAt(t.count - 1) == 'w' || t.KindAt(t.count - 1) == '>');
     if (end == End::kAssigned || in_initialisers) {
         return heading;
@@ -550,16 +552,16 @@ Heading ReadCpp(const Tokens &t, const Globals *G) {
     heading.name = found.name_text;
     heading.params = found.params;
     heading.is_operator = found.is_operator;
-    heading.old_style = MayBeOldStyle(G) && t.KindAt(t.count - 1) == ';';
+    heading.old_style = G->is_c && t.KindAt(t.count - 1) == ';';
     return heading;
 }
 
 // ---- Java and C# ------------------------------------------------------------------------------------------------------------
 
-constexpr Text kModifiers[] = {"public",   "private",  "protected", "internal", "static",    "final",        "abstract", "sealed",
-                               "partial",  "readonly", "unsafe",    "new",      "virtual",   "override",     "async",    "extern",
-                               "volatile", "const",    "transient", "native",   "strictfp",  "synchronized", "default",  "required",
-                               "file",     "non",      "global",    "ref"};
+constexpr Text kModifiers[] = {"public",       "private", "protected", "internal", "static",    "final",   "abstract",
+                               "sealed",       "partial", "readonly",  "unsafe",   "new",       "virtual", "override",
+                               "async",        "extern",  "volatile",  "const",    "transient", "native",  "strictfp",
+                               "synchronized", "default", "required",  "file",     "non",       "global",  "ref"};
 
 // Behind annotations, attributes in brackets and modifiers.
 int BehindModifiers(const Tokens &t, int i, const Globals *G) {
@@ -714,7 +716,7 @@ Heading ReadManaged(const Tokens &t, bool in_constants, const Globals *G) {
     }
     int stop;
     const Candidate found = FindMethod(t, i, &stop, G);
-    if (stop < t.count && (t.KindAt(stop) != '=' || (G->reading & kDefaults) || found.list < 0 || stop > found.list)) {
+    if (stop < t.count) {
         heading.kind = HeadKind::kValue;
         return heading;
     }
@@ -744,8 +746,8 @@ int CountDeclared(const Tokens &t, int i, const Globals *G) {
     return count;
 }
 
-constexpr Text kNoMembers[] = {"friend", "using", "typedef", "static_assert", "_Static_assert", "template", "delegate", "package",
-                               "import", "return", "namespace"};
+constexpr Text kNoMembers[] = {"friend",   "using",   "typedef", "static_assert", "_Static_assert", "template",
+                               "delegate", "package", "import",  "return",        "namespace"};
 
 // class A; and struct B; declare nothing but a type; struct B b; does.
 bool IsForwardDeclaration(const Tokens &t, int i) {
@@ -797,9 +799,9 @@ Member ReadManagedMember(const Tokens &t, const Globals *G) {
 
 Tokens scratch; // the tokens of the text in hand
 
-Tokens &Read(Text text, const Globals *G) {
+const Tokens &Read(Text text) {
     scratch.count = 0;
-    Tokenize(text, scratch, G);
+    Tokenize(text, scratch);
     return scratch;
 }
 
@@ -812,12 +814,12 @@ Heading ReadHeading(Text text, bool in_constants, const Globals *G) {
             text.remove_prefix(semicolon + 1);
         }
     }
-    const Tokens &t = Read(text, G);
+    const Tokens &t = Read(text);
     return G->is_java || G->is_cs ? ReadManaged(t, in_constants, G) : ReadCpp(t, G);
 }
 
 Member ReadMember(Text text, const Globals *G) {
-    const Tokens &t = Read(text, G);
+    const Tokens &t = Read(text);
     return G->is_java || G->is_cs ? ReadManagedMember(t, G) : ReadCppMember(t, G);
 }
 
@@ -825,24 +827,25 @@ Text ReadFileNamespace(Text text, const Globals *G) {
     if (!G->is_cs || !(G->reading & kNamespaces) || text.find("namespace") == Text::npos) {
         return {};
     }
-    const Tokens &t = Read(text, G);
+    const Tokens &t = Read(text);
     const int i = BehindModifiers(t, 0, G);
     return t.IsWord(i, "namespace") && t.KindAt(i + 1) == 'w' ? t.Between(i + 1, t.count - 1) : Text{};
 }
 
 bool IsOldStyleHead(Text text, const Globals *G) {
     const size_t close = text.rfind(')');
-    if (!MayBeOldStyle(G) || close == Text::npos || text.find_first_not_of(' ', close + 1) == Text::npos || text.size() > 2048) {
+    if (!G->is_c || close == Text::npos || text.find_first_not_of(' ', close + 1) == Text::npos || text.size() > 2048) {
         return false;
     }
-    const Tokens &t = Read(text, G);
+    const Tokens &t = Read(text);
     End end;
     const Candidate found = FindCppFunction(t, 0, &end, G);
-    return end == End::kNone && found.list >= 0 && found.list + 1 < t.count && t.KindAt(found.list + 1) == 'w' && IsPlainList(found.params);
+    return end == End::kNone && found.list >= 0 && found.list + 1 < t.count && t.KindAt(found.list + 1) == 'w' &&
+           IsPlainList(found.params);
 }
 
 int CountListed(Text params) {
-    const Text inner = params.substr(1, params.size() > 1 ? params.size() - 2 : 0);
+    const Text inner = Inside(params);
     if (inner.find_first_not_of(" \t") == Text::npos || inner == "void") {
         return 0;
     }

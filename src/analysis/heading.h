@@ -18,12 +18,12 @@ enum class HeadKind {
 struct Heading {
     HeadKind kind;
     bool is_struct, is_interface;
-    bool has_constants;            // an enum of Java
-    bool old_style;                // int f(a) int a; {
-    bool is_operator;              // name holds the word operator
-    std::string_view name;         // as it is written; of an operator from the word operator on
-    std::string_view params;       // with its parentheses; empty for a body without a list
-    std::string_view bases;        // behind ":" or from extends on; empty for none
+    bool has_constants;             // an enum of Java
+    bool old_style;                 // int f(a) int a; {
+    bool is_operator;               // name holds the word operator
+    std::string_view name;          // as it is written; of an operator from the word operator on
+    std::string_view params;        // with its parentheses; empty for a body without a list
+    std::string_view bases;         // behind ":" or from extends on; empty for none
     std::string_view template_text; // template <...>, the outermost one
 };
 
@@ -33,7 +33,7 @@ Heading ReadHeading(std::string_view text, bool in_constants, const Globals *G);
 struct Member {
     bool is_method;
     bool is_operator; // as in a Heading
-    int data;        // members that a statement declares
+    int data;         // members that a statement declares
     std::string_view name, params;
 };
 

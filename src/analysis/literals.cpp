@@ -104,9 +104,7 @@ bool EndsHere(const char *line, const char *p, int *used, const Globals *G) {
     *used = 1;
     switch (G->literal_kind) {
     case kInterpolated: return true;
-    case kVerbatim:
-        *used = p[1] == '"' ? 2 : 1;
-        return *used == 1;
+    case kVerbatim: *used = p[1] == '"' ? 2 : 1; return *used == 1;
     case kQuoted:
     case kTextBlock: {
         const int quotes = RunOf('"', p);

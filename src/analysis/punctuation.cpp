@@ -150,7 +150,7 @@ void AssignOutsideFunction(const Scan &scan, Globals *G) {
 
 void OnAssign(Scan &scan, Globals *G) {
     const char before = scan.line[scan.index - 1];
-    if (scan.line[scan.index + 1] == '>' && (G->reading & kArrows)) { // x => y
+    if (scan.line[scan.index + 1] == '>' && (G->reading & kBraces)) { // x => y
         return;
     }
     if (before == '=' || before == '!' || before == '<' || before == '>' || scan.line[scan.index + 1] == '=' || G->template_flag ||

@@ -9,7 +9,7 @@
 struct Globals;
 
 struct ReadingRule {
-    Rule rule;
+    ReadingBit rule;
     const char *name;     // of -xMODERN:name,...
     const char *change;   // what it changes, in a line
     const char *language; // of the sample

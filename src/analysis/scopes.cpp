@@ -280,7 +280,9 @@ bool EndDeclaration(Scan &scan, Globals *G) {
 
 void TakeCode(Scan &scan, int end, Globals *G) {
     if (!G->preproc_flag) {
-        for (int i = scan.head_mark; i < end; ++i) {
+        const int mark = scan.head_mark;
+        const bool behind_comment = scan.line[mark] == '/' && scan.line[mark - 1] == '*'; // whose "/" is looked at as code
+        for (int i = mark + behind_comment; i < end; ++i) {
             const char c = scan.line[i];
             Put(c >= 0 && c < ' ' ? ' ' : c, G);
         }

@@ -4,23 +4,20 @@
 #include "run/text.h"
 
 // One bit per rule, in the order of the table in analysis/reading.h.
-enum Rule : unsigned {
+enum ReadingBit : unsigned {
     kBraces = 1U << 0,
     kLiterals = 1U << 1,
-    kDefaults = 1U << 2,
-    kBases = 1U << 3,
-    kInitialisers = 1U << 4,
-    kPrototypes = 1U << 5,
-    kTuples = 1U << 6,
-    kArrows = 1U << 7,
-    kAnnotations = 1U << 8,
-    kMacros = 1U << 9,
-    kConditionals = 1U << 10,
-    kTemplates = 1U << 11,
-    kNamespaces = 1U << 12,
-    kRecords = 1U << 13,
+    kBases = 1U << 2,
+    kInitialisers = 1U << 3,
+    kTuples = 1U << 4,
+    kAnnotations = 1U << 5,
+    kMacros = 1U << 6,
+    kConditionals = 1U << 7,
+    kTemplates = 1U << 8,
+    kNamespaces = 1U << 9,
+    kRecords = 1U << 10,
 };
-inline constexpr unsigned kAllRules = (1U << 14) - 1;
+inline constexpr unsigned kAllRules = (1U << 11) - 1;
 
 struct ReadingRun {
     unsigned reading;      // the rules that are on: 0 for the default reading
@@ -66,18 +63,18 @@ struct ReadingStacks {
 
 // Cleared behind every file.
 struct ReadingState {
-    int brace_depth;       // open braces, those beyond the stack's size included
-    int brace_skew;        // braces that an earlier branch of a #if opened and this one hasn't; below 0: that it has closed
-    int stray_braces;      // "}" without a partner
-    int branch_depth;      // open #if
-    int head_length;       // characters in head_text
-    int other_length;      // characters in other_text
-    int head_statement;    // number of the statement in hand
-    int file_namespace;    // namespace N; is open up to the end of the file
-    int literal_kind;      // a LiteralKind while one is open that ends in a way of its own
-    int literal_quotes;    // of """ that close it
-    int hole_depth;        // braces open in the hole of an interpolated literal; 0 outside
-    int hole_dollars;      // "{" that open a hole; 0 for a literal without holes
+    int brace_depth;        // open braces, those beyond the stack's size included
+    int brace_skew;         // braces that an earlier branch of a #if opened and this one hasn't; below 0: that it has closed
+    int stray_braces;       // "}" without a partner
+    int branch_depth;       // open #if
+    int head_length;        // characters in head_text
+    int other_length;       // characters in other_text
+    int head_statement;     // number of the statement in hand
+    int file_namespace;     // namespace N; is open up to the end of the file
+    int literal_kind;       // a LiteralKind while one is open that ends in a way of its own
+    int literal_quotes;     // of """ that close it
+    int hole_depth;         // braces open in the hole of an interpolated literal; 0 outside
+    int hole_dollars;       // "{" that open a hole; 0 for a literal without holes
     char raw_delimiter[18]; // )name" of R"name(
-    char hole_quote;       // of the literal inside a hole, 0 outside
+    char hole_quote;        // of the literal inside a hole, 0 outside
 };

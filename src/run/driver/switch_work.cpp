@@ -214,8 +214,8 @@ static bool TakeReading(const char *parameter, Globals *G) {
             names += names.empty() ? "" : names.size() % 60 > 48 ? ",\n         " : ", ";
             names += row.name;
         }
-        EndWithError(G, 1, "\n  Error: Unknown rule in %s\n         The rules of the -xMODERN option are:\n         %s\n", parameter,
-                     names.c_str());
+        EndWithError(G, 1, "\n  Error: Unknown rule in %s\n         The rules of the -xMODERN option are:\n         %s\n",
+                     parameter, names.c_str());
     }
     return true;
 }
