@@ -210,9 +210,11 @@ static bool TakeReading(const char *parameter, Globals *G) {
     G->switch_rules = parameter[kLength] == ':' ? RulesOf(parameter + kLength + 1) : kAllRules;
     if (G->switch_rules == 0) {
         std::string names;
+        int count = 0;
         for (const ReadingRule &row : ReadingRules()) {
-            names += names.empty() ? "" : names.size() % 60 > 48 ? ",\n         " : ", ";
+            names += count == 0 ? "" : count % 6 == 0 ? ",\n         " : ", ";
             names += row.name;
+            ++count;
         }
         EndWithError(G, 1, "\n  Error: Unknown rule in %s\n         The rules of the -xMODERN option are:\n         %s\n",
                      parameter, names.c_str());
