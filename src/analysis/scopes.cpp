@@ -318,7 +318,7 @@ void OpenScope(Scan &scan, Globals *G) {
         return;
     }
     G->local_paren = 0;
-    if (!outside) {
+    if (!outside || G->brace_depth >= kBraceLimit) { // what no level holds is a block
         OpenBlock(local_paren, G);
         return;
     }
@@ -381,7 +381,7 @@ void EndStatement(Scan &scan, Globals *G) {
 
 void OpenExpression(Scan &scan, Globals *G) {
     if (!G->is_cs || !(G->reading & kRecords) || !G->class_flag || G->function_scope > 0 || G->local_paren > 0 || G->preproc_flag ||
-        !(G->function_metrics | G->list_functions)) {
+        G->brace_depth >= kBraceLimit || !(G->function_metrics | G->list_functions)) {
         return;
     }
     TakeCode(scan, scan.index - 1, G);

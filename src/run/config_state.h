@@ -39,7 +39,7 @@ struct OperationalSettings {
     LineText excluded_dirs;
     int wrap_long_names;
     int modern_constructs; // the modern reading is on without its switch
-    char cfg_version[41]; // version of the program that wrote the file
+    char cfg_version[41];  // version of the program that wrote the file
 };
 
 struct SkipTokens {

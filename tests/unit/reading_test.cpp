@@ -123,4 +123,10 @@ TEST_CASE("classes and their members by the modern reading") {
     const Bench deep("C++", kAllRules);
     deep.Scan("int f() {\n" + std::string(300, '{') + "\n" + std::string(300, '}') + "\n}\nint g() { return 1; }\n");
     CHECK(deep.Functions() == "f:4 g:5");
+    std::string classes, ends;
+    for (int i = 0; i < 300; ++i) {
+        classes += "class A {\n";
+        ends += "}\n";
+    }
+    CHECK(Functions("C#", classes + "void F() { }\nint G() => 1;\n" + ends + "class B { void H() { } }\n") == "B.H:603");
 }
