@@ -278,14 +278,28 @@ bool EndDeclaration(Scan &scan, Globals *G) {
 
 } // namespace
 
+// Put for a run of code, with every run of white space as one blank.
+static void PutCode(const char *code, const char *end, Globals *G) {
+    while (code < end && G->head_length == 0) {
+        Put(*code > ' ' || *code < 0 ? *code : ' ', G);
+        ++code;
+    }
+    char *const begin = G->head_text;
+    char *out = begin + G->head_length;
+    const char *const limit = begin + kHeadLimit;
+    for (; code < end && out < limit; ++code) {
+        const char c = *code >= 0 && *code < ' ' ? ' ' : *code;
+        *out = c;
+        out += c != ' ' || out[-1] != ' ';
+    }
+    G->head_length = static_cast<int>(out - begin);
+}
+
 void TakeCode(Scan &scan, int end, Globals *G) {
     if (!G->preproc_flag) {
         const int mark = scan.head_mark;
         const bool behind_comment = scan.line[mark] == '/' && scan.line[mark - 1] == '*'; // whose "/" is looked at as code
-        for (int i = mark + behind_comment; i < end; ++i) {
-            const char c = scan.line[i];
-            Put(c >= 0 && c < ' ' ? ' ' : c, G);
-        }
+        PutCode(scan.line + mark + behind_comment, scan.line + end, G);
         if (G->string_flag | G->char_flag) { // of a literal only extern "C" is looked at
             const char quote = scan.line[end - 1];
             if (scan.line[end] == 'C' && scan.line[end + 1] == quote) {
