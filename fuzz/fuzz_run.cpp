@@ -29,7 +29,8 @@
 namespace {
 
 constexpr size_t kHeadBytes = 7;
-constexpr int kRulesBit = 0x20; // of the last one
+constexpr int kRulesBit = 0x20;  // of the last one
+constexpr int kModernBit = 0x80; // of the first one: the modern reading
 
 constexpr const char *kModes[] = {nullptr, "-H", "-C", "-X"};
 constexpr const char *kExtensions[] = {"c", "h", "cpp", "java", "cs", "hpp", "txt", "C"};
@@ -98,6 +99,9 @@ std::vector<std::string> Arguments(const uint8_t *head, const std::string &sourc
         }
     }
     add(kSpecial[head[5] % std::size(kSpecial)]);
+    if (head[0] & kModernBit) {
+        add("-xMODERN");
+    }
     switch (head[6] / 8 % 4) {
     case 0: add("-Flist.txt"); break;
     case 1: add("-rc,h,cpp,java,cs,hpp ."); break;

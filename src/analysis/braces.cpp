@@ -4,6 +4,7 @@
 #include "analysis/function.h"
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
+#include "analysis/scopes.h"
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/mode.h"
@@ -36,6 +37,13 @@ void OpenBlock(Globals *G) {
     ++G->function_scope;
     if (G->function_scope > G->max_scope_depth) {
         EmitScopeNotice(G);
+    }
+}
+
+void NoteJustBrace(Scan &scan, char brace, Globals *G) {
+    if (IsJust(scan, brace)) {
+        ++G->just_brace_count;
+        scan.non_effective = 1;
     }
 }
 
@@ -89,7 +97,11 @@ void OnOpenBrace(Scan &scan, Globals *G) {
     if (G->function_scope < 1 && G->open_paren == G->close_paren && (G->funcname_flag | G->class_pending | G->interface_flag)) {
         G->assignment_flag = 0;
     }
-    Open(scan, G);
+    if (G->reading & kBraces) {
+        OpenScope(scan, G);
+    } else {
+        Open(scan, G);
+    }
     if (scan.aborted) {
         return;
     }
@@ -103,12 +115,16 @@ void OnOpenBrace(Scan &scan, Globals *G) {
     if (G->class_flag) {
         ++G->class_scope;
     }
-    if (IsJust(scan, '{')) {
-        ++G->just_brace_count;
-        scan.non_effective = 1;
-    }
+    NoteJustBrace(scan, '{', G);
     if (G->debug) {
         DebugState("*** Debug: open { ***\n", 0, G);
+    }
+}
+
+void EndSwitch(Globals *G) {
+    --G->switch_depth;
+    if (G->switch_depth <= kNestingLimit) {
+        G->switch_scope = G->switch_stack[G->switch_depth];
     }
 }
 
@@ -130,13 +146,6 @@ void EndStatic(Globals *G) {
         G->comment_start_line = 0;
         G->c_comment = 0;
         G->comment_pending = 0;
-    }
-}
-
-void EndSwitch(Globals *G) {
-    --G->switch_depth;
-    if (G->switch_depth <= kNestingLimit) {
-        G->switch_scope = G->switch_stack[G->switch_depth];
     }
 }
 
@@ -171,10 +180,15 @@ void Close(Scan &scan, Globals *G) {
 
 void OnCloseBrace(Scan &scan, Globals *G) {
     ++G->closebrace_count;
+    G->break_flag = 0;
+    if (G->reading & kBraces) {
+        NoteJustBrace(scan, '}', G);
+        CloseScope(scan, G);
+        return;
+    }
     if (!(G->assignment_flag | G->enum_flag)) {
         --G->function_scope;
     }
-    G->break_flag = 0;
     if (G->closebrace_count > G->open_braces) {
         RepairBraces(G);
     }
@@ -195,10 +209,7 @@ void OnCloseBrace(Scan &scan, Globals *G) {
             G->method_flag = 0;
         }
     }
-    if (IsJust(scan, '}')) {
-        ++G->just_brace_count;
-        scan.non_effective = 1;
-    }
+    NoteJustBrace(scan, '}', G);
     if (G->function_scope == 0 && scan.line[scan.index + 1] != ';' && (G->enum_flag | G->struct_flag | G->typedef_flag)) {
         G->enum_flag = 0;
         G->struct_flag = 0;

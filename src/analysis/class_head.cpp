@@ -97,7 +97,7 @@ void GetClassname(const char *line, int col, Globals *G) {
         if (begin < 0) {
             return;
         }
-        const int end = EndOfName(line, begin);
+        const int end = G->reading & kBraces ? static_cast<int>(strlen(line)) : EndOfName(line, begin);
         if (line[end] == ';') {
             G->forward_decl_flag = 1;
         }

@@ -2,6 +2,7 @@
 #include "analysis/entities.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
+#include "analysis/scopes.h"
 #include "report/state_line.h"
 #include "run/char_tests.h"
 #include "run/globals.h"
@@ -49,6 +50,9 @@ void OnHash(Scan &scan, Globals *G) {
         ++(scan.line[i] == '\t' ? scan.passed_tabs : scan.passed_blanks);
     }
     NoteSpan(scan, hash, scan.index, kPassedOver);
+    if ((G->reading & kConditionals) && (G->reading & kBraces)) {
+        FollowBranch(word, G);
+    }
     if (IsWord(word, "define")) {
         Define(word + 6, G);
     } else if (IsWord(word, "error")) {

@@ -5,8 +5,10 @@
 #include <array>
 
 #include "analysis/keywords.h"
+#include "analysis/literals.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
+#include "analysis/scopes.h"
 #include "notices/raise.h"
 #include "run/char_tests.h"
 #include "run/globals.h"
@@ -150,12 +152,13 @@ void NoteStep(const Scan &scan, char c, Globals *G) {
 } // namespace
 
 // The position and the table are locals, so that the run through plain characters stays in registers.
-void ScanCode(Scan &scan, Globals *G) {
+[[gnu::noinline]] void ScanCode(Scan &scan, Globals *G) {
     const ClassTable &classes = ClassesFor(scan, G);
     const char *line = scan.line;
     int end = scan.length; // 0 once a comment or a literal opens
     int is_loc = scan.is_loc;
     int i = scan.index;
+    scan.head_mark = i;
     int waiting = IsWaiting(scan, G) && !G->is_other;
     for (; i < end; ++i) {
         const char c = line[i];
@@ -194,12 +197,16 @@ void ScanCode(Scan &scan, Globals *G) {
                 ++G->quote_count;
                 G->string_flag = 1;
                 end = 0;
-                NoteSpan(scan, i, i + 1, kStringSpan);
+                i += G->reading & kLiterals ? OpenLiteral(scan, G) : 0;
+                NoteSpan(scan, scan.index, i + 1, kStringSpan);
             } else if (EndsBackslashLiteral(scan)) {
                 ++G->string_count;
             }
             break;
         case kApostrophe:
+            if ((G->reading & kLiterals) && IsDigitSeparator(scan, G)) {
+                break;
+            }
             G->char_flag = !IsEscaped(scan);
             end = G->char_flag ? 0 : end;
             break;
@@ -224,6 +231,9 @@ void ScanCode(Scan &scan, Globals *G) {
         case kDot: Call(OnDot, scan, i, G); break;
         }
         is_loc = 1;
+    }
+    if ((G->reading & kBraces) && G->function_scope == 0 && !G->is_other) {
+        TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : i, G);
     }
     scan.is_loc = is_loc;
     scan.index = i;

@@ -155,8 +155,10 @@ NodeData *OwnerOf(const char *name, int depth, const Globals *G) {
 
 void OpenFunction(Scan &scan, Globals *G) {
     FormatTemplateLine(G->funcname);
-    packParams(G->params, G->funcname, G);
-    G->local_params = countParams(G->params);
+    if (!(G->reading & kBraces)) { // which reads them with the head
+        packParams(G->params, G->funcname, G);
+        G->local_params = countParams(G->params);
+    }
     if (G->class_flag && G->method_flag) {
         G->method_flag = 0;
         G->method_done = 1;

@@ -22,6 +22,13 @@ void packParams(std::span<char> params, const char *name, const Globals *G);
 // The number of parameters of a packed text.
 int countParams(const char *params);
 
+// "f(" in a class A is A::f, in Java and C# A.f; a name that is qualified already stays.
+void QualifyByClass(Globals *G);
+// The same with the namespace around both.
+void QualifyFunction(Globals *G);
+// The template heading that was gathered becomes the candidate's.
+void TakeFunctionTemplate(Globals *G);
+
 // The candidate becomes a function at the "{" in hand.
 void OpenFunction(Scan &scan, Globals *G);
 // The open function ends at the "}" in hand: figures, notices, record, roll-up, output, resets. When its record can't be made: a

@@ -295,6 +295,13 @@ void GetFunction(const char *line, int col, Globals *G) {
     }
 }
 
+void QualifyFunction(Globals *G) {
+    QualifyByNamespace(G);
+    if (G->class_flag) {
+        QualifyByClass(G);
+    }
+}
+
 int ValFunctionName(Globals *G, const char *op) {
     Rtrim(G->funcname);
     if (op && !G->is_c) {

@@ -152,6 +152,9 @@ void OnSet(Scan &scan, int end, Globals *G) {
 // static { count = 0; }        an initialiser in Java
 // static int table[] = { 1 };  the same, and its brace is no scope
 void OnStatic(Scan &scan, int end, Globals *G) {
+    if (G->reading & kBraces) {
+        return;
+    }
     const char *rest = scan.line + end;
     const char next = Behind(scan, end);
     if (next == '{' || (strchr(rest, '=') && !strstr(rest, "=="))) {
@@ -189,6 +192,9 @@ void OnClass(Scan &scan, int end, Globals *G) {
     if (G->friend_flag) {
         G->friend_class = 1;
     }
+    if (G->reading & kBraces) {
+        return;
+    }
     if (IsDeclaration(scan, 5)) {
         G->forward_decl_flag = 1;
         return;
@@ -204,7 +210,7 @@ void OnClass(Scan &scan, int end, Globals *G) {
 }
 
 void OnInterface(Scan &scan, int end, Globals *G) {
-    if (G->template_beg_flag || G->funcname_flag) {
+    if (G->template_beg_flag || G->funcname_flag || (G->reading & kBraces)) {
         return;
     }
     if (IsDeclaration(scan, 9)) {
@@ -275,6 +281,9 @@ void OnStruct(Scan &scan, int end, Globals *G) {
     if (G->friend_flag) {
         G->friend_class = 1;
     }
+    if (G->reading & kBraces) {
+        return;
+    }
     if (IsDeclaration(scan, 5)) {
         G->forward_decl_flag = 1;
         if (G->class_flag) { // a member of its type
@@ -293,6 +302,9 @@ void OnStruct(Scan &scan, int end, Globals *G) {
 // The heading is the line up to the ">" that closes its first "<".
 void OnTemplate(Scan &scan, int, Globals *G) {
     G->angle_depth = 0;
+    if (G->reading & kBraces) {
+        return;
+    }
     const char *semicolon = strchr(scan.line, ';');
     const char *brace = strchr(scan.line, '{');
     if (semicolon && (!brace || semicolon < brace)) { // template class Stack<int>; is an instantiation

@@ -117,10 +117,17 @@ void OnNamespace(Scan &scan, int end, Globals *G) {
         NoticeAtLine(kNoticeUsingNamespace, G);
         return;
     }
+    if (G->reading & kBraces) {
+        return;
+    }
     LineText token;
     if (!GetNextToken(scan.line, end, token)) {
         ClearText(token);
     }
+    OpenNamespace(token, scan, G);
+}
+
+void OpenNamespace(const char *token, Scan &scan, Globals *G) {
     if (G->namespace_flag) {
         LineText full;
         CopyText(full, G->namespace_name);

@@ -8,6 +8,8 @@ struct Scan;
 // The keywords; end is the index behind the word. When a record can't be made: a message, and scan.aborted is set.
 void OnNamespace(Scan &scan, int end, Globals *G);
 void OnPackage(Scan &scan, int end, Globals *G);
+// A namespace of this name begins inside the one in hand.
+void OpenNamespace(const char *name, Scan &scan, Globals *G);
 // The line that tells that the scope in hand begins, or with 0 ends.
 void EmitNamespace(Globals *G, int begin);
 // The "}" in hand ends the open namespace.

@@ -63,7 +63,8 @@ void DebugOpenParen(const Scan &scan, Globals *G) {
             G->typedef_flag, G->define_flag, G->template_beg_flag);
 }
 
-// "f(" in a class A is A::f, in Java and C# A.f; a name that is qualified already stays.
+} // namespace
+
 void QualifyByClass(Globals *G) {
     const char *separator = G->is_java || G->is_cs ? "." : G->is_cpp ? "::" : nullptr;
     if (!separator || strstr(G->funcname, separator)) {
@@ -75,6 +76,8 @@ void QualifyByClass(Globals *G) {
         CopyText(G->funcname, name);
     }
 }
+
+namespace {
 
 void BeginParams(const Scan &scan, const char *text, Globals *G) {
     CopyText(G->params, text);
@@ -109,7 +112,9 @@ void LookForHead(const Scan &scan, Globals *G) {
     }
 }
 
-void TakeTemplate(Globals *G) {
+} // namespace
+
+void TakeFunctionTemplate(Globals *G) {
     G->func_template = 1;
     ++G->template_func_count;
     Strip_nrt(G->template_line, G->func_template_text);
@@ -117,8 +122,6 @@ void TakeTemplate(Globals *G) {
     ClearText(G->template_line);
     G->template_flag = 0;
 }
-
-} // namespace
 
 void OnOpenParen(Scan &scan, Globals *G) {
     ++G->open_paren;
@@ -134,6 +137,9 @@ void OnOpenParen(Scan &scan, Globals *G) {
     if (IsJust(scan, '(')) {
         ++G->just_paren_count;
         scan.non_effective = 1;
+    }
+    if (G->reading & kBraces) {
+        return;
     }
     if (G->macro_like_name && G->function_scope < 1 && G->local_paren <= 0) { // DECLARE_IT(x) (y)
         ForgetCandidate(G);
@@ -156,7 +162,7 @@ void OnOpenParen(Scan &scan, Globals *G) {
         LookForHead(scan, G);
     }
     if (G->template_flag) {
-        TakeTemplate(G);
+        TakeFunctionTemplate(G);
     }
 }
 

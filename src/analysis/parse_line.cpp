@@ -16,6 +16,7 @@
 #include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/line_code.h"
+#include "analysis/literals.h"
 #include "analysis/scan.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
@@ -145,6 +146,12 @@ void ScanBlockComment(Scan &scan, Globals *G) {
 }
 
 void ScanString(Scan &scan, Globals *G) {
+    if (G->literal_kind) {
+        const int ends = ScanOwnLiteral(scan, G);
+        G->string_count += ends;
+        G->string_flag = !ends;
+        return;
+    }
     while (LeapTo(scan, '"')) {
         if (!IsEscaped(scan)) {
             ++G->quote_count;
@@ -236,7 +243,9 @@ void EndContinuation(const Scan &scan, Globals *G) {
     static_cast<DirectiveState &>(*G) = DirectiveState{};
     G->cpp_comment = 0;
     G->continuation = 0;
-    if (G->quote_count % 2 == 0) {
+    if (G->reading & kLiterals) {
+        EndLineOfLiteral(G);
+    } else if (G->quote_count % 2 == 0) {
         G->string_flag = 0;
     }
 }

@@ -4,6 +4,7 @@
 #include "analysis/function.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
+#include "analysis/scopes.h"
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/mode.h"
@@ -86,6 +87,15 @@ void EndMember(const Scan &scan, Globals *G) {
 void OnSemicolon(Scan &scan, Globals *G) {
     ++G->local_semicolon;
     ++G->semicolon_count;
+    scan.is_logical = 1;
+    if (G->reading & kBraces) {
+        EndStatement(scan, G);
+        if (G->friend_flag && G->friend_class && G->is_cpp) {
+            EmitFriendClassNotice(scan.line, scan.index, G);
+        }
+        static_cast<StatementState &>(*G) = StatementState{};
+        return;
+    }
     if (G->class_scope < 1 && G->class_pending && G->class_flag) {
         G->class_pending = 0;
         G->class_flag = 0;
@@ -114,7 +124,6 @@ void OnSemicolon(Scan &scan, Globals *G) {
         EmitFriendClassNotice(scan.line, scan.index, G);
         G->funcname_flag = 0;
     }
-    scan.is_logical = 1;
 }
 
 namespace {
@@ -141,6 +150,9 @@ void AssignOutsideFunction(const Scan &scan, Globals *G) {
 
 void OnAssign(Scan &scan, Globals *G) {
     const char before = scan.line[scan.index - 1];
+    if (scan.line[scan.index + 1] == '>' && (G->reading & kBraces)) { // x => y
+        return;
+    }
     if (before == '=' || before == '!' || before == '<' || before == '>' || scan.line[scan.index + 1] == '=' || G->template_flag ||
         G->preproc_flag || strchr(G->funcname, '=')) { // operator=
         return;
@@ -171,6 +183,9 @@ void OnGreater(Scan &scan, Globals *G) {
     const char next = scan.line[scan.index + 1];
     if (next != '=' && before != '>' && before != '-' && next != '>') {
         --G->angle_depth;
+    }
+    if (before == '=' && (G->reading & kBraces)) {
+        OpenExpression(scan, G);
     }
     if (G->angle_depth <= 0) {
         G->template_beg_flag = 0;

@@ -9,6 +9,7 @@ struct Scan {
     int length;         // characters without the line end
     int first_nonblank; // index of the first byte above 32; the length when there is none
     int index;          // the character in hand; a handler may move it forward
+    int head_mark;      // from here on the code isn't in the text of the statement yet
     int blank;          // no byte above 32 in the line
     int is_loc;         // a line of code
     int non_effective;  // just a brace or just a parenthesis
@@ -33,6 +34,8 @@ void OnOpenParen(Scan &scan, Globals *G);
 void OnCloseParen(Scan &scan, Globals *G);
 void OnOpenBrace(Scan &scan, Globals *G);
 void OnCloseBrace(Scan &scan, Globals *G);
+// The innermost switch has ended.
+void EndSwitch(Globals *G);
 void OnOpenBracket(Scan &scan, Globals *G);
 void OnCloseBracket(Scan &scan, Globals *G);
 void OnSemicolon(Scan &scan, Globals *G);

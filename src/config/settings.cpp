@@ -195,6 +195,9 @@ void WriteHead(FILE *stream, bool html, const Globals *G) {
     fprintf(stream, "%s: %s\n", "# Current Working Dir.", Escaped(OneLine(G->start_dir), html).c_str());
     fprintf(stream, "%s: %s\n", "# Located Config. File", Escaped(OneLine(G->cfg_file), html).c_str());
     fprintf(stream, "%s: %s\n", "# Located Macro File  ", Escaped(OneLine(G->macro_file), html).c_str());
+    if (G->modern_constructs) { // a row of its user's
+        fprintf(stream, "%sModern Source Constructs : Yes\n", stream == gTLYOUT ? "# " : "");
+    }
     fputs("\n# The following is the current configuration data\n\n", stream);
 }
 

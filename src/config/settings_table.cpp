@@ -583,6 +583,7 @@ constexpr Setting kSettings[] = {
     ReadOnly(Flag("Force use of linear lookahead algorithm", at<&S::force_lla>, kNo)),
     ReadOnly(Flag("Use LLA for files > LCS file size", at<&S::lla_for_big_files>, kNo)),
     ReadOnly(Plain("Allowable source code extensions", at<&S::extension_list>, "c,cc,cpp,cxx,C,CC,h,hh,H,hxx,java,jav,cs")),
+    ReadOnly(Flag("Modern Source Constructs",        at<&S::modern_constructs>, kNo)),
     ReadOnly(Flag("Quality Notice 25",               notice<kTreatHeadersAsCpp>, kYes)),
     ReadOnly(TypedText(SettingType::kDeprecated, "Include cyclo complexity in work files", {}, "")),
 };

@@ -39,7 +39,8 @@ struct OperationalSettings {
     int exclude_dirs_active;
     LineText excluded_dirs;
     int wrap_long_names;
-    char cfg_version[41]; // version of the program that wrote the file
+    int modern_constructs; // the modern reading is on without its switch
+    char cfg_version[41];  // version of the program that wrote the file
 };
 
 struct SkipTokens {

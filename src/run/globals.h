@@ -15,6 +15,7 @@
 #include "run/line_state.h"
 #include "run/namespace_state.h"
 #include "run/notices_state.h"
+#include "run/reading_state.h"
 #include "run/records.h"
 #include "run/report_cfg_state.h"
 #include "run/report_state.h"
@@ -33,6 +34,7 @@ struct PerFile : FileCounters,
                  FunctionSums,
                  ClassState,
                  NamespaceState,
+                 ReadingState,
                  UdqnFileState {};
 
 struct Globals : RunSwitches,
@@ -52,6 +54,8 @@ struct Globals : RunSwitches,
                  EntityLists,
                  ClassRun,
                  NamespaceRun,
+                 ReadingRun,
+                 ReadingStacks,
                  NoticeRun,
                  UdqnRun,
                  ExtractionState,

@@ -305,6 +305,7 @@ does; -i shows no tree, -Ti does.
     -xNOCOMMAND   The head without the command line
     -xNOHEADER    No head; what programs read in CSV and XML stays
     -xNOWRAP      Long names are not wrapped
+    -xMODERN      Read today's C++, C#, Java: see Source File Requirements
     -xUDQNSHOW    Show your own quality notices with their sample tests
     -xDEBUG       Show how each line was read
     -xDIFFDEBUG   Show how two baselines were compared

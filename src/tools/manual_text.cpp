@@ -291,6 +291,26 @@ file tells so:
     #endif
     }
 
+Sources in C++ from 11 on, C# and Java are best measured with -xMODERN.
+Without it sources are read as ever, so that figures of many years can be
+compared: lambdas, tuples, records, annotations with arguments, raw and
+verbatim strings may then hide functions.  With it a brace ends what its
+partner opened, and every statement outside of functions is read as a
+whole.  Baselines that are to be compared need the same reading.
+
+    tly -xMODERN -fa -o -r"cs ."
+
+The line "Modern Source Constructs : Yes" in tly.cfg turns it on for all
+runs; the report then says "Reading     : Modern" in its head.  Single
+rules are switched on by name, as in -xMODERN:braces,literals; a wrong
+name lists them all.  All but literals need braces beside them.
+
+What it doesn't see as functions either: methods of classes that stand
+inside functions, accessors of properties, lambdas, local functions, and
+methods of classes without a name.  Their lines belong to what holds them.
+Where one #if opens a brace and another one, not its #else, opens it too,
+the function stays open: the end of the file tells so.
+
 Code between the skip tokens TLY_IGNORE_BEGIN and TLY_IGNORE_END isn't
 measured, and between TLY_IGNORE_QUALITY_BEGIN and TLY_IGNORE_QUALITY_END
 none but your own notices is raised, when the settings activate them:

@@ -79,12 +79,19 @@ static void ShowProductLines(Mode mode, const Globals *G) {
     UnderscoreRule();
 }
 
+// The setting alone turned the modern reading on: the command line doesn't show it.
+static bool IsReadingShown(const Globals *G) {
+    return G->reading != 0 && G->switch_rules == 0;
+}
+
 // Which settings and which arguments the report comes from.
 static void ShowOrigin(Mode mode, const Globals *G) {
     static constexpr Forms<Shown> kConfig{.text = "  Config. File: %s\n",
                                           .html = "  <b><font color=\"%{header}\">Config. File</font></b>: %s\n"};
     static constexpr Forms<> kCommand{.text = "  Command Line: ",
                                       .html = "  <b><font color=\"%{header}\">Command Line</font></b>: "};
+    static constexpr Forms<> kReading{.text = "  Reading     : Modern\n",
+                                      .html = "  <b><font color=\"%{header}\">Reading     </font></b>: Modern\n"};
     static constexpr Wrap kConfigWrap{58, 22}; // indented deeper than its label
     if (!G->no_config) {
         LineText name;
@@ -95,6 +102,9 @@ static void ShowOrigin(Mode mode, const Globals *G) {
         PrintAs(mode, G, kCommand);
         ShowCmdLine(G);
         Put("\n");
+    }
+    if (IsReadingShown(G)) {
+        PrintAs(mode, G, kReading);
     }
 }
 
@@ -147,6 +157,9 @@ void CSV_Header(Globals *G) {
     if (!G->no_command) {
         Put("TLY Command Line,%s\n", G->command_line);
     }
+    if (IsReadingShown(G)) {
+        Put("Reading,Modern\n");
+    }
     if (!G->no_config) {
         PrintOnly(Mode::kCsv, "Configuration File,%s\n", Shown{G->cfg_file});
     }
@@ -184,6 +197,9 @@ void XML_Header(Globals *G) {
     PrintOnly(xml, "<date>%s</date>\n", Shown{get_date(&now)});
     if (!G->no_command) {
         PrintOnly(xml, "<command>%s</command>\n", Shown{G->command_line});
+    }
+    if (IsReadingShown(G)) {
+        Put("<reading>Modern</reading>\n");
     }
     if (!G->no_config) {
         PrintOnly(xml, "<config_file>%s</config_file>\n", Shown{G->cfg_file});

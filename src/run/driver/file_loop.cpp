@@ -7,6 +7,7 @@
 #include "analysis/namespaces.h"
 #include "analysis/parse_line.h"
 #include "analysis/roll_up.h"
+#include "analysis/scopes.h"
 #include "baseline/line_records.h"
 #include "baseline/work_file.h"
 #include "config/languages.h"
@@ -209,11 +210,11 @@ void EndFile(FileData *file, Globals *G) {
     if (G->file_list_mode) {
         AddToDirectory(file, G);
     }
-    if (G->namespace_flag && G->is_java) { // a package has no closing brace
+    if (G->namespace_flag && (G->is_java || G->file_namespace)) { // a package has no closing brace
         CloseNamespace(G);
     }
     if (!G->totals_only) {
-        if (G->open_braces != G->closebrace_count) {
+        if (G->reading & kBraces ? AreScopesUneven(G) : G->open_braces != G->closebrace_count) {
             WarnOfBraces(G);
         }
         if (G->function_scope > 0 && G->funcname_flag) {

@@ -4,6 +4,7 @@
 #include <strings.h>
 #include <unistd.h>
 
+#include "analysis/reading.h"
 #include "baseline/diff_report.h"
 #include "report/project/csv_elements.h"
 #include "run/driver/switches.h"
@@ -200,7 +201,31 @@ void SwitchWork(const char *parameter, Globals *G) {
     }
 }
 
+// "MODERN" turns every rule of the modern reading on, "MODERN:braces,literals" those.
+static bool TakeReading(const char *parameter, Globals *G) {
+    constexpr size_t kLength = 6;
+    if (strncasecmp(parameter, "MODERN", kLength) != 0 || (parameter[kLength] != '\0' && parameter[kLength] != ':')) {
+        return false;
+    }
+    G->switch_rules = parameter[kLength] == ':' ? RulesOf(parameter + kLength + 1) : kAllRules;
+    if (G->switch_rules == 0) {
+        std::string names;
+        int count = 0;
+        for (const ReadingRule &row : ReadingRules()) {
+            names += count == 0 ? "" : count % 6 == 0 ? ",\n         " : ", ";
+            names += row.name;
+            ++count;
+        }
+        EndWithError(G, 1, "\n  Error: Unknown rule in %s\n         The rules of the -xMODERN option are:\n         %s\n",
+                     parameter, names.c_str());
+    }
+    return true;
+}
+
 void SwitchExtended(const char *parameter, Globals *G) {
+    if (TakeReading(parameter, G)) {
+        return;
+    }
     for (const WordRow &row : kExtended) {
         if (strcasecmp(parameter, row.word) == 0) {
             SetFlags(row.flags, G);

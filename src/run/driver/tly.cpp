@@ -112,6 +112,11 @@ void LoadSettings(int argc, char **argv, Globals *G) {
     IndexMacros(G);
 }
 
+// The rules that the switch names, or all of them where the setting is on.
+void SettleReading(Globals *G) {
+    G->reading = G->switch_rules ? G->switch_rules : G->modern_constructs ? kAllRules : 0;
+}
+
 // The report goes to a file: only then is progress shown, whatever the settings say. Classes need their functions measured.
 void SettleSwitches(Globals *G) {
     G->show_progress = G->output_to_file;
@@ -320,6 +325,7 @@ int tly(int argc, char **argv) {
     LoadSettings(argc, argv, G);
     const int first_argument = SetUpParams(argc, argv, G);
     SettleSwitches(G);
+    SettleReading(G);
     BeginReport(&timer, G);
     GatherFiles(first_argument, G);
     ProcessFiles(G);

@@ -1,0 +1,24 @@
+// The modern reading: a second way to read sources, which -xMODERN or a setting turns on. One row per rule; the scanner asks for a
+// rule by its bit in G->reading, and with none of them it reads as ever.
+#pragma once
+
+#include <span>
+
+#include "run/reading_state.h"
+
+struct Globals;
+
+struct ReadingRule {
+    ReadingBit rule;
+    const char *name;     // of -xMODERN:name,...
+    const char *change;   // what it changes, in a line
+    const char *language; // of the sample
+    const char *sample;   // a source
+    const char *with;     // its functions with all rules on, "name:line of its }", joined by blanks
+    const char *without;  // the same with all rules but this one
+    int brings;           // functions of the measured trees that are lost without it
+};
+
+std::span<const ReadingRule> ReadingRules();
+// The rules of a list of names, separated by commas; 0 if one of them is unknown.
+unsigned RulesOf(const char *names);

@@ -1,0 +1,132 @@
+// The modern reading: every rule's sample with the rule and without it, and what no sample holds.
+#include "bench.h"
+
+#include "analysis/parse_line.h"
+#include "analysis/reading.h"
+#include "analysis/roll_up.h"
+#include "analysis/scopes.h"
+#include "run/llist.h"
+
+namespace {
+
+struct Bench : StateBench {
+    Bench(const std::string &language, unsigned rules) {
+        ResetState(G);
+        G->is_c = language == "C";
+        G->is_cpp = language == "C++";
+        G->is_java = language == "Java";
+        G->is_cs = language == "C#";
+        G->function_metrics = G->object_metrics = G->totals_only = 1;
+        G->max_scope_depth = 100;
+        G->reading = rules;
+        G->file_name = "bench";
+    }
+    void Scan(const std::string &text) const {
+        for (size_t begin = 0; begin < text.size(); begin = text.find('\n', begin) + 1) {
+            const std::string line = text.substr(begin, text.find('\n', begin) + 1 - begin);
+            memset(G->line_buffer, 0, sizeof G->line_buffer);
+            memcpy(G->line_buffer, line.data(), line.size());
+            ++G->file_line_no;
+            Written([&] { ParseLine(static_cast<int>(line.size()), G->file_line_no, G); });
+        }
+    }
+    // "name:line of its }", joined by blanks.
+    std::string Functions() const {
+        std::string found;
+        for (const NodeData *node : Records<NodeData>(G->function_list)) {
+            found += (found.empty() ? "" : " ") + std::string(node->name) + ":" + std::to_string(node->line);
+        }
+        return found;
+    }
+    const NodeData &Only(const Llist &list) const {
+        REQUIRE(list.count == 1);
+        return *Record<NodeData>(list.head);
+    }
+};
+
+std::string Functions(const std::string &language, const std::string &text, unsigned rules = kAllRules) {
+    const Bench bench(language, rules);
+    bench.Scan(text);
+    CHECK(!AreScopesUneven(bench.G));
+    return bench.Functions();
+}
+
+} // namespace
+
+TEST_CASE("every rule of the modern reading changes its sample") {
+    unsigned rules = 0;
+    for (const ReadingRule &row : ReadingRules()) {
+        CAPTURE(row.name);
+        CHECK(Functions(row.language, row.sample) == row.with);
+        const Bench bench(row.language, kAllRules & ~row.rule);
+        bench.Scan(row.sample);
+        CHECK(bench.Functions() == row.without);
+        CHECK(RulesOf(row.name) == row.rule);
+        rules |= row.rule;
+    }
+    CHECK(rules == kAllRules);
+    CHECK(RulesOf("Braces,literals") == (kBraces | kLiterals));
+    CHECK(RulesOf("braces,brace") == 0);
+    CHECK(RulesOf("") == 0);
+}
+
+TEST_CASE("statements outside of functions are judged as a whole") {
+    struct {
+        const char *language, *text, *functions;
+    } cases[] = {
+        {"C", "int f(a, b) int a; char *b; {\n}\nM(x) int n;\nstruct s {\n int a;\n};\nint g(void) {\n}\n", "f:2 g:8"},
+        {"C", "struct s *f(struct s *p) {\n}\nstruct s v = { { 1 }, g };\nint (*h(int a))(char) {\n}\n", "f:2 h:5"},
+        {"C", "#if A\nint f(int a)\n#else\nint f(long a)\n#endif\n{\n}\n#define B(x) { x\nint g(void) {\n}\n", "f:7 g:10"},
+        {"C", "#if A\nint f(int a) {\n#else\nint f(long a) {\n#endif\n}\nint g(void) {\n}\n", "f:6 g:8"},
+        {"C++", "extern \"C\" {\nint f() { return R\"(}\")\"[1'0]; }\n}\nbool A::operator<(A a) const {\n}\n",
+         "f:2 A::operator<:5"},
+        {"C++", "struct A {\n union { int a; };\n A() noexcept : b(1), c{2} try {\n } catch (...) {\n }\n int d{3};\n};\n",
+         "A::A:4"},
+        {"C++",
+         "auto f() -> decltype(g(1)) {\n}\nint h = [](int a) { return a; }(1);\nATTR(1, 2) static int k(int a = g({1})) {\n}\n",
+         "f:2 k:5"},
+        {"Java", "enum E {\n A(1) { void f() { } }, B;\n E(int a) { }\n @interface I { int v() default 1; }\n}\n", "E.E:3"},
+        {"Java",
+         "record P(int x) {\n P {\n }\n static { g(); }\n void f() throws E { run(new R() { public void run() { } }); }\n}\n",
+         "P.P:3 P.f:5"},
+        {"C#",
+         "class A<T> : B where T : class {\n int P { get { return 1; } } = 2;\n static bool operator ==(A a, A b) { }\n"
+         " public A() : base(1) { }\n void I<T>.F() where T : new() { }\n enum E { X = 0 }\n ~A() { }\n}\n",
+         "A<T>.operator ==:3 A<T>.A:4 I<T>.F:5 A<T>.~A:7"},
+    };
+    for (const auto &c : cases) {
+        CAPTURE(c.text);
+        CHECK(Functions(c.language, c.text) == c.functions);
+    }
+}
+
+TEST_CASE("classes and their members by the modern reading") {
+    const Bench cpp("C++", kAllRules);
+    cpp.Scan("class A : public B<int, C(int)>, private D {\n friend class F;\n void f(std::function<void(int, int)> a, int b);\n"
+             "public:\n int a, *b, c[2];\n using E = int;\n int (*p)(int);\n A(std::string a, void (*g)(int, int)) { int local; "
+             "}\n};\n");
+    const NodeData &a = cpp.Only(cpp.G->class_list);
+    CHECK(a.parents == 2);
+    CHECK(a.public_data == 4);
+    CHECK(a.private_methods == 1);
+    CHECK(a.public_methods == 1);
+    CHECK(cpp.Only(cpp.G->function_list).params == 2);
+    CHECK(std::string(cpp.Only(cpp.G->function_list).parameters) == "(std::string a, void (*g)(int, int))");
+
+    const Bench stray("C++", kAllRules);
+    stray.Scan("}\nint f() { return 1; }\n");
+    CHECK(stray.Functions() == "f:2");
+    CHECK(AreScopesUneven(stray.G));
+    const Bench open("C++", kAllRules);
+    open.Scan("namespace n {\nint f() {\n");
+    CHECK(AreScopesUneven(open.G));
+    const Bench deep("C++", kAllRules);
+    deep.Scan("int f() {\n" + std::string(300, '{') + "\n" + std::string(300, '}') + "\n}\nint g() { return 1; }\n");
+    CHECK(deep.Functions() == "f:4 g:5");
+    std::string classes, ends;
+    for (int i = 0; i < 300; ++i) {
+        classes += "class A {\n";
+        ends += "}\n";
+    }
+    CHECK(Functions("C#", classes + "void F() { }\nint G() => 1;\n" + ends + "class B { void H() { } }\n") == "B.H:603");
+}
