@@ -48,9 +48,8 @@ const char *CommentType(int line_has_c_comment, const Globals *G) {
 
 void ReportSource(const Scan &scan, int line_has_c_comment, Globals *G) {
     if (OutputMode(G) == Mode::kHtml) {
-        PrintOnly<int, const char *, Shown>(Mode::kHtml,
-                                            "\n  <b>Line</b> %d: <font color=\"%s\">%s</font>  <b>LOC Type(s)</b>:", scan.number,
-                                            G->html_line_color, Shown{Ltrim(scan.line)});
+        PrintHtml(G, "\n  <b>Line</b> %d: <font color=\"%{line}\">%s</font>  <b>LOC Type(s)</b>:", scan.number,
+                  Shown{Ltrim(scan.line)});
     } else if (OutputMode(G) == Mode::kCsv) { // the source as it is, commas too
         Put("\n  Line %d: %s  LOC Type(s):", scan.number, scan.line);
     } else {

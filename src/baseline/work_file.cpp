@@ -48,10 +48,7 @@ void TellOfWorkFile(Globals *G) {
     LineText name;
     AdjNameLength(G->work_file_name, name, kNameWidth, kNameIndent, G);
     switch (OutputMode(G)) {
-    case Mode::kHtml:
-        PrintOnly<Shown, Shown>(Mode::kHtml, "  <b><font color=\"%s\">Creating Work File</font></b>: %s\n",
-                                Shown{G->html_header_color}, Shown{name});
-        break;
+    case Mode::kHtml: PrintHtml(G, "  <b><font color=\"%{header}\">Creating Work File</font></b>: %s\n", Shown{name}); break;
     case Mode::kCsv: break;
     default: Message(G, "\n  Creating Work File: %s\n", name);
     }

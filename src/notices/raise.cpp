@@ -55,8 +55,7 @@ static void ShortForm(const char *file, int given, int line, int n, const char *
     if (G->notice_vs_format) {
         PrintOnly<Shown, int, int, const char *>(mode, "%s(%d) : Notice #%-4d - %s\n", Shown{file}, line, n, encoded.get());
     } else if (mode == Mode::kHtml) {
-        PrintOnly<Shown, int, int, const char *>(mode, "  <font color=%s><b>Notice</b></font> <b>#%4d</b>: Line <b>%d</b>, %s\n",
-                                                 Shown{G->html_notice_color}, n, line, encoded.get());
+        PrintHtml(G, "  <font color=%{notice}><b>Notice</b></font> <b>#%4d</b>: Line <b>%d</b>, %s\n", n, line, encoded.get());
     } else if (mode == Mode::kXml && !G->totals_no_file_names) {
         PrintOnly<int, int, const char *>(
             mode, "<notice>\n<type>%d</type>\n<line>%d</line><description>%s</description>\n</notice>\n", n, given, encoded.get());

@@ -67,11 +67,11 @@ void WriteStrayHead(const Globals *G) {
     const Shown file{G->file_name};
     const Mode mode = OutputMode(G);
     if (mode == Mode::kHtml) {
-        PrintOnly<Shown, Shown, int>(mode,
-                                     "\n<font color=\"%s\"><b>    Notice</b></font> #12:\n"
-                                     "           <b>File</b>: %s\n"
-                                     "           <b>Line</b>: %d\n",
-                                     Shown{G->html_notice_color}, file, G->file_line_no);
+        PrintHtml(G,
+                  "\n<font color=\"%{notice}\"><b>    Notice</b></font> #12:\n"
+                  "           <b>File</b>: %s\n"
+                  "           <b>Line</b>: %d\n",
+                  file, G->file_line_no);
     } else if (G->reorder_notice_line) {
         PrintOnly<int, Shown>(mode, "\n    Line: %d\n           File: %s\n           Notice: #12\n", G->file_line_no, file);
     } else {

@@ -179,7 +179,7 @@ void LongForm(Udqn *record, Globals *G) {
         emit_message(record->message, G);
         return;
     }
-    PrintOnly<Shown, int>(mode, "\n    <font color=\"%s\"><b>Notice</b></font> #%d: ", Shown{G->html_notice_color}, record->id);
+    PrintHtml(G, "\n    <font color=\"%{notice}\"><b>Notice</b></font> #%d: ", record->id);
     if (record->message) {
         Expand(Escaped(record->message).c_str(), true, G);
     }
@@ -291,9 +291,8 @@ void emit_udqn_lite(Udqn *record, Globals *G) {
         PrintOnly<Shown, int, int, Shown>(mode, "%s(%d) : Notice #%-4d - %s\n", Shown{G->file_name}, G->file_line_no, record->id,
                                           Shown{record->summary});
     } else if (mode == Mode::kHtml) {
-        PrintOnly<Shown, int, int, const char *>(mode, "  <font color=%s>Notice</font> <b>#%4d</b>: Line <b>%d</b>, %s\n",
-                                                 Shown{G->html_notice_color}, record->id, G->file_line_no,
-                                                 Escaped(record->summary).c_str());
+        PrintHtml(G, "  <font color=%{notice}>Notice</font> <b>#%4d</b>: Line <b>%d</b>, %s\n", record->id, G->file_line_no,
+                  Escaped(record->summary).c_str());
     } else if (mode == Mode::kCsv) {
         StripCommas(record->summary);
         PrintOnly<int, int, Shown>(mode, "Notice #,%4d,Line,%d,%s\n", record->id, G->file_line_no, Shown{record->summary});
@@ -324,25 +323,18 @@ int udqn_notice_total_count(const Globals *G) {
 
 void udqn_profile(int total, const Globals *G) {
     static constexpr Forms<int, int, double, Shown> kRow{.text = "  %-4d %6d  %6.2f  %s\n",
+                                                         .html = "  <b><font color=\"%{notice}\">%-4d</font></b> "
+                                                                 "<b><font color=\"%{function}\">%6d</font></b>  "
+                                                                 "<b><font color=\"%{class}\">%6.2f</font></b>  <b>%s</b>\n",
                                                          .csv = "%4d,%6d,%6.2f,%s\n",
                                                          .xml = "<notice>\n<type>%d</type>\n<count>%d</count>\n"
                                                                 "<percent>%.2f</percent>\n<description>%s</description>\n"
                                                                 "</notice>\n"};
-    const Mode mode = OutputMode(G);
     for (const Udqn *record : Records<Udqn>(G->udqn_list)) {
         if (!record->active || record->silent || record->count <= 0) {
             continue;
         }
         const double percent = total > 0 ? static_cast<double>(record->count) / total * 100.0 : 0.0;
-        if (mode != Mode::kHtml) {
-            Print(G, kRow, record->id, record->count, percent, Shown{record->summary});
-            continue;
-        }
-        PrintOnly<Shown, int, Shown, int, Shown, double, Shown>(
-            mode,
-            "  <b><font color=\"%s\">%-4d</font></b> <b><font color=\"%s\">%6d</font></b>  <b><font color=\"%s\">%6.2f</font></b>  "
-            "<b>%s</b>\n",
-            Shown{G->html_notice_color}, record->id, Shown{G->html_function_color}, record->count, Shown{G->html_class_color},
-            percent, Shown{record->summary});
+        Print(G, kRow, record->id, record->count, percent, Shown{record->summary});
     }
 }

@@ -190,26 +190,25 @@ void Refuse(const char *path, Globals *G) {
 }
 
 void Announce(const char *path, bool included, const Globals *G) {
-    static constexpr Forms<Shown, Shown> kMain{.text = "  UDQN File   : %s\n",
-                                               .html = "  <b><font color=\"%s\">UDQN File</font></b>   : %s\n",
-                                               .csv = "UDQN File,%s\n",
-                                               .xml = "<udqn_file>%s</udqn_file>\n"};
-    static constexpr Forms<Shown, Shown> kInclude{.text = "  UDQN Inc. File: %s\n",
-                                                  .html = "  <b><font color=\"%s\">UDQN Inc. File</font></b>: %s\n",
-                                                  .csv = "UDQN Inc. File: %s\n",
-                                                  .xml = "<UDQN_include_file>%s</UDQN_include_file>"};
+    static constexpr Forms<Shown> kMain{.text = "  UDQN File   : %s\n",
+                                        .html = "  <b><font color=\"%{header}\">UDQN File</font></b>   : %s\n",
+                                        .csv = "UDQN File,%s\n",
+                                        .xml = "<udqn_file>%s</udqn_file>\n"};
+    static constexpr Forms<Shown> kInclude{.text = "  UDQN Inc. File: %s\n",
+                                           .html = "  <b><font color=\"%{header}\">UDQN Inc. File</font></b>: %s\n",
+                                           .csv = "UDQN Inc. File: %s\n",
+                                           .xml = "<UDQN_include_file>%s</UDQN_include_file>"};
     if (G->no_config || !G->quality_notices) {
         return;
     }
-    const Forms<Shown, Shown> &forms = included ? kInclude : kMain;
+    const Forms<Shown> &forms = included ? kInclude : kMain;
     LineText wrapped;
     switch (OutputMode(G)) {
-    case Mode::kHtml: Print(G, forms, Shown{G->html_header_color}, Shown{path}); break;
     case Mode::kText:
         AdjNameLength(path, wrapped, 61, 13, G);
-        Print(G, forms, Shown{wrapped}, Shown{});
+        Print(G, forms, Shown{wrapped});
         break;
-    default: Print(G, forms, Shown{path}, Shown{}); break;
+    default: Print(G, forms, Shown{path}); break;
     }
 }
 

@@ -110,53 +110,43 @@ void AddToDirectory(const FileData *file, Globals *G) {
     Add(*sums, *file);
 }
 
-constexpr Forms<int, int> kBracesDiffer{.text = "\n    NOTICE: The end of the source file has been reached where the\n"
-                                                "            open brace count { %d != %d } close brace count \n"
-                                                "            This is an indication of non-compilable code within the source\n"
-                                                "            file.  TLY processes all source code including code wrapped\n"
-                                                "            with preprocessor directives.  Accurate metrics requires that\n"
-                                                "            all code present in this file must be compilable.\n",
-                                        .csv = "\n    NOTICE: The end of the source file has been reached where the\n"
-                                               "            open brace count { %d != %d } close brace count \n"
-                                               "            This is an indication of non-compilable code within the source\n"
-                                               "            file.  TLY processes all source code including code wrapped\n"
-                                               "            with preprocessor directives.  Accurate metrics requires that\n"
-                                               "            all code present in this file must be compilable.\n"};
+constexpr Forms<int, int> kBracesDiffer{
+    .text = "\n    NOTICE: The end of the source file has been reached where the\n"
+            "            open brace count { %d != %d } close brace count \n"
+            "            This is an indication of non-compilable code within the source\n"
+            "            file.  TLY processes all source code including code wrapped\n"
+            "            with preprocessor directives.  Accurate metrics requires that\n"
+            "            all code present in this file must be compilable.\n",
+    .html = "\n    <font color=\"%{notice}\"><b>Notice</b></font>: The end of the source file has been reached where the\n"
+            "            <b>open brace count { %d != %d } close brace count</b>\n"
+            "            This is an indication of non-compilable code within the source\n"
+            "            file.  TLY processes all source code including code wrapped\n"
+            "            with preprocessor directives.  Accurate metrics requires that\n"
+            "            all code present in this file must be compilable.\n",
+    .csv = "\n    NOTICE: The end of the source file has been reached where the\n"
+           "            open brace count { %d != %d } close brace count \n"
+           "            This is an indication of non-compilable code within the source\n"
+           "            file.  TLY processes all source code including code wrapped\n"
+           "            with preprocessor directives.  Accurate metrics requires that\n"
+           "            all code present in this file must be compilable.\n"};
 
-void WarnOfBraces(Globals *G) {
-    if (OutputMode(G) != Mode::kHtml) {
-        Print(G, kBracesDiffer, G->open_braces, G->closebrace_count);
-        return;
-    }
-    PrintOnly<Shown, int, int>(
-        Mode::kHtml,
-        "\n    <font color=\"%s\"><b>Notice</b></font>: The end of the source file has been reached where the\n"
-        "            <b>open brace count { %d != %d } close brace count</b>\n"
-        "            This is an indication of non-compilable code within the source\n"
-        "            file.  TLY processes all source code including code wrapped\n"
-        "            with preprocessor directives.  Accurate metrics requires that\n"
-        "            all code present in this file must be compilable.\n",
-        Shown{G->html_notice_color}, G->open_braces, G->closebrace_count);
-}
-
-constexpr const char *kOpenFunction = "\n    NOTICE: The end of the source file has been reached where the\n"
-                                      "            local function scope remains open.  The last known function\n"
-                                      "            will be emitted but metrics cannot be generated in this\n"
-                                      "            condition.\n";
-
-void WarnOfOpenFunction(Globals *G) {
-    if (OutputMode(G) != Mode::kHtml) {
-        Put("%s", kOpenFunction);
-    } else {
-        PrintOnly<Shown>(Mode::kHtml,
-                         "\n    <font color=\"%s\"><b>Notice</b></font>: The end of the source file has been reached where the\n"
-                         "            <b>local function scope remains open</b>.  The last known function\n"
-                         "            will be emitted but metrics cannot be generated in this\n"
-                         "            condition.\n",
-                         Shown{G->html_notice_color});
-    }
-    EmitFunction(G);
-}
+constexpr Forms<> kOpenFunction{
+    .text = "\n    NOTICE: The end of the source file has been reached where the\n"
+            "            local function scope remains open.  The last known function\n"
+            "            will be emitted but metrics cannot be generated in this\n"
+            "            condition.\n",
+    .html = "\n    <font color=\"%{notice}\"><b>Notice</b></font>: The end of the source file has been reached where the\n"
+            "            <b>local function scope remains open</b>.  The last known function\n"
+            "            will be emitted but metrics cannot be generated in this\n"
+            "            condition.\n",
+    .csv = "\n    NOTICE: The end of the source file has been reached where the\n"
+           "            local function scope remains open.  The last known function\n"
+           "            will be emitted but metrics cannot be generated in this\n"
+           "            condition.\n",
+    .xml = "\n    NOTICE: The end of the source file has been reached where the\n"
+           "            local function scope remains open.  The last known function\n"
+           "            will be emitted but metrics cannot be generated in this\n"
+           "            condition.\n"};
 
 void RaiseBelow(int n, float measured, float limit, Globals *G) {
     if (limit > measured) {
@@ -215,10 +205,11 @@ void EndFile(FileData *file, Globals *G) {
     }
     if (!G->totals_only) {
         if (G->reading & kBraces ? AreScopesUneven(G) : G->open_braces != G->closebrace_count) {
-            WarnOfBraces(G);
+            Print(G, kBracesDiffer, G->open_braces, G->closebrace_count);
         }
         if (G->function_scope > 0 && G->funcname_flag) {
-            WarnOfOpenFunction(G);
+            Print(G, kOpenFunction);
+            EmitFunction(G);
         }
     }
     FileNotices(G);
