@@ -1,4 +1,4 @@
-// What a function prints: its identification lines and its block of figures.
+// What a function prints: its identification lines and its block of figures. An XML report has none of them: it holds totals only.
 //
 // In notice mode a function has a head at its "{" and a tail at its last "}", with the notices between; in all other modes its
 // lines come once. A listing (-l) has one line per function.
@@ -41,9 +41,6 @@ constexpr Forms<Shown, ShownList> kRowTexts{
     .text = "%s %s", .html = "%s</font></b> <b><font color=\"%{function_parameter}\">%s</font></b>", .csv = "%s,%s"};
 constexpr Forms<Shown> kRowTemplate{.html = " <b>template</b> <b><font color=\"%{template}\">%s</font></b>", .csv = ",template %s"};
 
-constexpr forms::Format<int, Shown, Shown> kXmlBody = "<line>%d</line>\n<name>%s</name>\n<parameters>%s</parameters>\n";
-constexpr forms::Format<Shown> kXmlTemplate = "<template>%s</template>\n";
-
 // The head and the tail of notice mode, which stand in a CSV report as they stand on a page.
 constexpr Forms<Shown> kBeginName{.text = "  Function: %s\n",
                                   .html = "  <b>Function</b>: <b><font color=\"%{function}\">%s</font></b>\n",
@@ -73,7 +70,7 @@ void ReadIdentity(Identity &f, const Globals *G) {
     // a method with a body in its class is inline without the word
     f.is_inline = G->inline_flag || (G->class_flag && G->is_cpp && !G->list_functions);
     f.has_template = G->func_template != 0;
-    if (G->list_functions || mode == Mode::kCsv || mode == Mode::kXml) {
+    if (G->list_functions || mode == Mode::kCsv) {
         CopyText(f.name, G->funcname);
         CopyText(f.params, G->params);
         CopyText(f.template_text, G->func_template_text);
@@ -103,27 +100,10 @@ void EmitRow(const Identity &f, const Globals *G) {
     Put("\n");
 }
 
-void EmitXml(const Identity &f, const Globals *G) {
-    if (!f.is_inline && !f.has_template && !G->list_functions) {
-        return;
-    }
-    Put("<function>\n");
-    if (f.is_inline) {
-        Put("<state>inline</state>\n");
-    }
-    PrintOnly(Mode::kXml, kXmlBody, G->file_line_no, Shown{f.name}, Shown{f.params});
-    if (f.has_template) {
-        PrintOnly(Mode::kXml, kXmlTemplate, Shown{f.template_text});
-    }
-    Put("</function>\n");
-}
-
 void EmitLines(const Globals *G) {
     Identity f;
     ReadIdentity(f, G);
-    if (OutputMode(G) == Mode::kXml) {
-        EmitXml(f, G);
-    } else if (G->list_functions) {
+    if (G->list_functions) {
         EmitRow(f, G);
     } else {
         EmitPage(f, G);
