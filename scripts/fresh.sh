@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Shows that the README is true on a machine that has nothing: makes a clean Debian 12 root, clones what is committed into it and runs
-# the README's two commands there, word for word, and a plain cmake build between them. Ends with a status other than 0 at the first thing that fails. Needs root and Debian's
-# packages; takes some minutes. fresh.sh --keep leaves the root where it is, to look around in.
+# the README's two commands there, word for word, and a plain cmake build between them. Ends with a status other than 0 at the first
+# thing that fails. Needs root and Debian's packages; takes some minutes. fresh.sh --keep leaves the root where it is, to look around in.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 release=bookworm
@@ -24,7 +24,7 @@ root=$(mktemp -d "${TMPDIR:-/tmp}/tly-fresh-XXXXXX")
 
 step "clean root $root"
 # From where this machine gets its packages, and set up as it is.
-mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Codename: $release" | head -n 1)
+mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Codename: $release" | sed -n 1p)
 debootstrap --variant=minbase "$release" "$root" ${mirror:+"$mirror"} >"$root.log" 2>&1 || { tail -n 30 "$root.log" >&2; exit 1; }
 rm "$root.log"
 rm -f "$root/etc/apt/sources.list"
