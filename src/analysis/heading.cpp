@@ -756,6 +756,13 @@ bool IsForwardDeclaration(const Tokens &t, int i) {
            (t.count <= i + 2 || (word == "enum" && t.KindAt(t.count - 1) == '{'));
 }
 
+void TakeCandidate(const Candidate &found, Member *member) {
+    member->is_method = found.list >= 0;
+    member->is_operator = found.is_operator;
+    member->name = found.name_text;
+    member->params = found.params;
+}
+
 Member ReadCppMember(const Tokens &t, const Globals *G) {
     Text unused;
     Member member{};
@@ -766,10 +773,7 @@ Member ReadCppMember(const Tokens &t, const Globals *G) {
     }
     End end;
     const Candidate found = FindCppFunction(t, i, &end, G);
-    member.is_method = found.list >= 0;
-    member.is_operator = found.is_operator;
-    member.name = found.name_text;
-    member.params = found.params;
+    TakeCandidate(found, &member);
     if (!member.is_method) {
         member.data = CountDeclared(t, i, G);
     }
@@ -786,10 +790,7 @@ Member ReadManagedMember(const Tokens &t, const Globals *G) {
     }
     int stop;
     const Candidate found = FindMethod(t, i, &stop, G);
-    member.is_method = found.list >= 0;
-    member.is_operator = found.is_operator;
-    member.name = found.name_text;
-    member.params = found.params;
+    TakeCandidate(found, &member);
     const bool property = t.KindAt(stop) == 'A' || t.KindAt(t.count - 1) == '{';
     if (!member.is_method && (!property || t.KindAt(stop) == '=')) {
         member.data = CountDeclared(t, i, G);

@@ -122,7 +122,6 @@ void OnSemicolon(Scan &scan, Globals *G) {
     }
     if (friend_class) {
         EmitFriendClassNotice(scan.line, scan.index, G);
-        G->funcname_flag = 0;
     }
 }
 
