@@ -9,6 +9,7 @@
 #include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "analysis/scopes.h"
+#include "analysis/spans.h"
 #include "notices/raise.h"
 #include "run/char_tests.h"
 #include "run/globals.h"
@@ -109,23 +110,6 @@ int EndOfWord(const char *line, int index) {
     return index;
 }
 
-// True if a comment opens here.
-bool OnSlash(Scan &scan, Globals *G) {
-    const char next = scan.line[scan.index + 1];
-    if (next == '*') {
-        G->c_comment = 1;
-        G->comment_star_index = scan.index + 1;
-        G->comment_start_line = scan.number;
-        scan.c_comment_line = 1;
-        return true;
-    }
-    if (next == '/' && scan.line[scan.index - 1] != '*') { // the "/" that ends a comment opens none
-        G->cpp_comment = 1;
-        return true;
-    }
-    return false;
-}
-
 // Where the handler gave up, so does the line.
 void Call(void (*handler)(Scan &, Globals *), Scan &scan, int &index, Globals *G) {
     handler(scan, G);
@@ -186,29 +170,23 @@ void NoteStep(const Scan &scan, char c, Globals *G) {
             break;
         }
         case kSlash:
-            if (OnSlash(scan, G)) {
+            if (OpenComment(scan, G)) {
                 end = 0;
                 --i; // the "/" belongs to the comment
             }
             continue;
         case kStar: G->star_flag |= !scan.c_comment_line; break;
         case kQuote:
-            if (!IsEscaped(scan)) {
-                ++G->quote_count;
-                G->string_flag = 1;
+            if (OpenString(scan, G)) {
                 end = 0;
                 i += G->reading & kLiterals ? OpenLiteral(scan, G) : 0;
                 NoteSpan(scan, scan.index, i + 1, kStringSpan);
-            } else if (EndsBackslashLiteral(scan)) {
-                ++G->string_count;
             }
             break;
         case kApostrophe:
-            if ((G->reading & kLiterals) && IsDigitSeparator(scan, G)) {
-                break;
+            if (!((G->reading & kLiterals) && IsDigitSeparator(scan, G)) && OpenCharLiteral(scan, G)) {
+                end = 0;
             }
-            G->char_flag = !IsEscaped(scan);
-            end = G->char_flag ? 0 : end;
             break;
         case kTwice: CountTwice(scan, c, G); break;
         case kStep: NoteStep(scan, c, G); break;

@@ -268,6 +268,25 @@ bool KeywordTermin(const char *line, int index, int *counter, char term1, char t
     return true;
 }
 
+void CountLoop(const char *line, int index, Globals *G) {
+    const char *word = line + index;
+    if (!(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+        return;
+    }
+    int length = 0;
+    while (IsWordChar(word[length])) {
+        ++length;
+    }
+    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
+    for (int row = group.begin; row < group.end; ++row) {
+        const Keyword &keyword = kKeywords[row];
+        if (keyword.file_counter == &File::for_count && keyword.word == std::string_view(word, length)) {
+            IsClosed(keyword, line, index + length, &G->for_count);
+            return;
+        }
+    }
+}
+
 void OnWord(Scan &scan, int end, Globals *G) {
     const char *word = scan.line + scan.index;
     const int length = end - scan.index;

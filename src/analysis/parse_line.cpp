@@ -1,8 +1,6 @@
 // The spine of the program: one physical line, walked once.
 //
-// Comments and literals are one small machine with four states, kept in G from line to line: c_comment, cpp_comment, string_flag
-// and char_flag; with none of them set the line is in code. Each state has a walker that leaps to the character that can end it, so
-// most of a comment or a literal is never looked at byte by byte; code is walked by ScanCode in dispatch.cpp.
+// It goes from state to state: code is walked by ScanCode in dispatch.cpp, comments and literals by spans.cpp.
 #include "analysis/parse_line.h"
 
 #include <array>
@@ -16,8 +14,8 @@
 #include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/line_code.h"
-#include "analysis/literals.h"
 #include "analysis/scan.h"
+#include "analysis/spans.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
 #include "run/globals.h"
@@ -76,13 +74,17 @@ struct White {
     int blanks, tabs;
 };
 
-// Blanks and tabs of a line, 16 bytes at a time: the bytes behind the line's end are zero up to the next 16.
+// Blanks and tabs of a line, 16 bytes at a time.
 White CountWhite(const char *line, int length) {
     Bytes blanks{};
     Bytes tabs{};
     for (int i = 0; i < length; i += 16) {
-        Bytes chunk;
-        memcpy(&chunk, line + i, sizeof chunk);
+        Bytes chunk{};
+        if (length - i >= 16) {
+            memcpy(&chunk, line + i, sizeof chunk);
+        } else {
+            memcpy(&chunk, line + i, length - i);
+        }
         blanks -= (Bytes)(chunk == ' ');
         tabs -= (Bytes)(chunk == '\t');
     }
@@ -122,64 +124,6 @@ int CountTabs(const char *text, int length) {
         tabs += text[i] == '\t';
     }
     return tabs;
-}
-
-// Moves index to the next ch, or to the end of the line when there is none. True if there is one.
-bool LeapTo(Scan &scan, char ch) {
-    const void *found = memchr(scan.line + scan.index, ch, scan.length - scan.index);
-    scan.index = found ? static_cast<int>(static_cast<const char *>(found) - scan.line) : scan.length;
-    return found != nullptr;
-}
-
-void ScanBlockComment(Scan &scan, Globals *G) {
-    while (LeapTo(scan, '*')) {
-        // in "/*/" the star that opened the comment doesn't close it
-        const int opener = scan.number == G->comment_start_line && scan.index <= G->comment_star_index;
-        if (scan.line[scan.index + 1] == '/' && !opener) {
-            G->c_comment = 0;
-            G->comment_star_index = -1;
-            scan.c_comment_line = 1;
-            return;
-        }
-        ++scan.index;
-    }
-}
-
-void ScanString(Scan &scan, Globals *G) {
-    if (G->literal_kind) {
-        const int ends = ScanOwnLiteral(scan, G);
-        G->string_count += ends;
-        G->string_flag = !ends;
-        return;
-    }
-    while (LeapTo(scan, '"')) {
-        if (!IsEscaped(scan)) {
-            ++G->quote_count;
-        } else if (!EndsBackslashLiteral(scan)) {
-            ++scan.index;
-            continue;
-        }
-        ++G->string_count;
-        G->string_flag = 0;
-        return;
-    }
-}
-
-void ScanCharLiteral(Scan &scan, Globals *G) {
-    while (LeapTo(scan, '\'')) {
-        if (!IsEscaped(scan)) {
-            G->char_flag = 0;
-            return;
-        }
-        ++scan.index;
-    }
-}
-
-// In a literal any printable character but "/" makes the line code, as it does outside.
-void CountLiteral(Scan &scan, int begin) {
-    for (int i = begin; !scan.is_loc && i <= scan.index && i < scan.length; ++i) {
-        scan.is_loc = scan.line[i] > 32 && scan.line[i] != '/';
-    }
 }
 
 void WalkLiteral(Scan &scan, int begin, Globals *G) {
@@ -223,30 +167,6 @@ void WalkLine(Scan &scan, Globals *G) {
             RaiseTabs(scan, begin, G);
         }
         scan.index += scan.index < scan.length; // the closing character; the "/" of a "*/" is looked at as code
-    }
-}
-
-// A backslash behind which only blanks follow continues the line. It keeps a // comment and an open string alive.
-void EndContinuation(const Scan &scan, Globals *G) {
-    int last = scan.length - 1;
-    while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
-        --last;
-    }
-    if (last >= 0 && scan.line[last] == '\\') {
-        ++G->continuation_count;
-        G->continuation = 1;
-        return;
-    }
-    if (G->macro_flag) {
-        EndMacroRegion(G);
-    }
-    static_cast<DirectiveState &>(*G) = DirectiveState{};
-    G->cpp_comment = 0;
-    G->continuation = 0;
-    if (G->reading & kLiterals) {
-        EndLineOfLiteral(G);
-    } else if (G->quote_count % 2 == 0) {
-        G->string_flag = 0;
     }
 }
 
@@ -326,18 +246,6 @@ void BeginLine(const Scan &scan, Globals *G) {
 
 } // namespace
 
-bool IsEscaped(const Scan &scan) {
-    int run = 0;
-    while (scan.line[scan.index - 1 - run] == '\\') {
-        ++run;
-    }
-    return run % 2;
-}
-
-bool EndsBackslashLiteral(const Scan &scan) {
-    return scan.index >= 3 && memcmp(scan.line + scan.index - 3, "@\"\\", 3) == 0;
-}
-
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
     if (scan.kinds && begin < end) {
         memset(scan.kinds + begin, kind, end - begin);
@@ -349,10 +257,10 @@ int WhiteSoFar(const Globals *G) {
     return G->file_white + white.blanks + G->tab_width * white.tabs;
 }
 
-void ParseLine(int line_bytes, int line_number, Globals *G) {
+void ParseLine(const char *line, int line_bytes, int line_number, Globals *G) {
     char kinds[sizeof(LineText)];
     Scan scan{};
-    scan.line = G->line_buffer;
+    scan.line = line;
     scan.number = line_number;
     scan.length = LengthWithoutLineEnd(scan.line, line_bytes);
     scan.c_comment_line = G->c_comment;
@@ -401,7 +309,16 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     if (scan.is_loc) {
         memcpy(G->prev_code_line, scan.line, line_bytes + 1);
     }
-    EndContinuation(scan, G);
+    if (GoesOn(scan)) {
+        ++G->continuation_count;
+        G->continuation = 1;
+    } else {
+        if (G->macro_flag) {
+            EndMacroRegion(G);
+        }
+        static_cast<DirectiveState &>(*G) = DirectiveState{};
+        EndSpans(G);
+    }
     if (G->debug) {
         ShowSplitLine(scan, G);
     }

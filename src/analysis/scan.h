@@ -59,10 +59,6 @@ void ScanCode(Scan &scan, Globals *G);
 
 // True if ch is the only significant character of the line: SingleChar, refused at a glance where it can be.
 bool IsJust(const Scan &scan, char ch);
-// True if the character at index stands behind an odd run of backslashes.
-bool IsEscaped(const Scan &scan);
-// True if the quote at index ends the C# literal @"\", whose backslash escapes nothing.
-bool EndsBackslashLiteral(const Scan &scan);
 // Notes for the line's split what the characters from begin up to end are.
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
 

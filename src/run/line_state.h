@@ -85,11 +85,10 @@ struct Scan;
 
 // The line in hand, and its split by kind in debug mode.
 struct LineBuffers {
-    const Scan *scan;              // the line in hand; null between lines
-    alignas(16) char line_pad[16]; // NULs: what stands in front of the first character
-    char line_buffer[2048 + 16];   // the current line, NUL terminated; the bytes behind it are zero up to the next 16
-    LineText mname;                // name of the macro whose #define was read last
-    LineText line_code;            // characters outside comments and strings
-    LineText line_string;          // characters of string literals, quotes included
-    LineText line_comment;         // characters of comments
+    const Scan *scan;      // the line in hand; null between lines
+    const char *line_text; // its text, behind the last line what stands there; null ahead of the first file
+    LineText mname;        // name of the macro whose #define was read last
+    LineText line_code;    // characters outside comments and strings
+    LineText line_string;  // characters of string literals, quotes included
+    LineText line_comment; // characters of comments
 };

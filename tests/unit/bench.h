@@ -124,10 +124,10 @@ struct SourceBench : StateBench {
         const auto reader = std::make_unique<SourceReader>();
         REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), 0));
         std::string letters;
-        int length;
-        for (Piece piece; (piece = NextPiece(reader.get(), G->line_buffer, &length)) != Piece::kEnd;) {
+        SourceLine line;
+        for (Piece piece; (piece = NextPiece(reader.get(), &line)) != Piece::kEnd;) {
             if (piece == Piece::kLine) {
-                ParseLine(length, ++G->file_line_no, G);
+                ParseLine(line.text, line.length, ++G->file_line_no, G);
                 letters += G->line_letter ? G->line_letter : '.';
             } else {
                 letters += '!';
