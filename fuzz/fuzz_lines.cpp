@@ -38,7 +38,7 @@ Lines LongWay(SourceReader *reader, Globals *G) {
     SourceLine line;
     for (Piece piece; (piece = NextPiece(reader, &line)) != Piece::kEnd;) {
         if (piece == Piece::kLine) {
-            ParseLine(line.text, line.length, ++G->file_line_no, G);
+            ParseLine(line, ++G->file_line_no, G);
         }
     }
     return Take(G);

@@ -3,6 +3,7 @@
 // A line of code is a line with a printable ASCII character outside comments, other than "/": so every class but kPassed and kSlash
 // makes the line code.
 #include <array>
+#include <bit>
 
 #include "analysis/keywords.h"
 #include "analysis/literals.h"
@@ -103,19 +104,6 @@ const ClassTable &ClassesFor(const Scan &scan, const Globals *G) {
     return G->is_other ? kLiteralClasses : kCodeClasses;
 }
 
-int EndOfWord(const char *line, int index) {
-    do {
-        ++index;
-    } while (kLiteralClasses[static_cast<unsigned char>(line[index])] == kWord);
-    return index;
-}
-
-// Where the handler gave up, so does the line.
-void Call(void (*handler)(Scan &, Globals *), Scan &scan, int &index, Globals *G) {
-    handler(scan, G);
-    index = scan.aborted ? scan.length : scan.index;
-}
-
 // Something is waited for since an earlier line: the value of an assignment, or the body of an if.
 bool IsWaiting(const Scan &scan, const Globals *G) {
     return G->scope_pending_line > 0 && G->scope_pending_line < scan.number;
@@ -133,23 +121,51 @@ void NoteStep(const Scan &scan, char c, Globals *G) {
     }
 }
 
+// The bytes of a line that are looked at in code, one after the other: the set bits of its masks.
+struct CodeWalk {
+    const ByteMasks *masks;
+    uint64_t tabs; // all bits where tabs are looked at too
+    size_t word;   // the 64 bytes in hand
+    uint64_t bits; // of them, those still to come
+
+    uint64_t Bits() const { return masks[word].code | (masks[word].tab & tabs); }
+    // Goes on at a place of the masks.
+    void Place(size_t at) {
+        word = at / kMaskBytes;
+        bits = Bits() >> at % kMaskBytes << at % kMaskBytes;
+    }
+    // The next place, or one from end on.
+    size_t Next(size_t end) {
+        while (!bits) {
+            if (++word * kMaskBytes >= end) {
+                return end;
+            }
+            bits = Bits();
+        }
+        const size_t found = word * kMaskBytes + static_cast<size_t>(std::countr_zero(bits));
+        bits &= bits - 1;
+        return found;
+    }
+};
+
 } // namespace
 
-// The position and the table are locals, so that the run through plain characters stays in registers.
+// The position and the table are locals, so that the run from event to event stays in registers.
 [[gnu::noinline]] void ScanCode(Scan &scan, Globals *G) {
     const ClassTable &classes = ClassesFor(scan, G);
     const char *line = scan.line;
-    int end = scan.length; // 0 once a comment or a literal opens
+    const size_t origin = scan.origin;
+    const size_t end = origin + static_cast<size_t>(scan.length);
     int is_loc = scan.is_loc;
-    int i = scan.index;
-    scan.head_mark = i;
     int waiting = IsWaiting(scan, G) && !G->is_other;
-    for (; i < end; ++i) {
+    int behind = -1; // the index behind the opener of a comment or literal
+    scan.head_mark = scan.index;
+    CodeWalk walk{scan.masks, scan.notices_print ? ~uint64_t{0} : 0, 0, 0};
+    walk.Place(origin + static_cast<size_t>(scan.index));
+    for (size_t at; behind < 0 && (at = walk.Next(end)) < end;) {
+        const int i = static_cast<int>(at - origin);
         const char c = line[i];
         const CharClass found = classes[static_cast<unsigned char>(c)];
-        if (found == kPassed) {
-            continue;
-        }
         scan.index = i;
         if (waiting && found > kStar) {
             waiting = IsWaiting(scan, G);
@@ -160,59 +176,57 @@ void NoteStep(const Scan &scan, char c, Globals *G) {
         switch (found) {
         case kPassed: continue;
         case kTab: NoticeAtLine(kNoticeTab, G); continue;
+        case kSlash: behind = OpenComment(scan, G) ? i : -1; continue; // the "/" belongs to the comment
         case kOperator: break;
-        case kWord: {
-            const int behind = EndOfWord(line, i);
+        case kWord:
             if (!G->is_other) {
-                OnWord(scan, behind, G);
+                OnWord(scan, G);
             }
-            i = scan.aborted ? end : behind - 1;
             break;
-        }
-        case kSlash:
-            if (OpenComment(scan, G)) {
-                end = 0;
-                --i; // the "/" belongs to the comment
-            }
-            continue;
         case kStar: G->star_flag |= !scan.c_comment_line; break;
         case kQuote:
             if (OpenString(scan, G)) {
-                end = 0;
-                i += G->reading & kLiterals ? OpenLiteral(scan, G) : 0;
-                NoteSpan(scan, scan.index, i + 1, kStringSpan);
+                behind = i + 1 + (G->reading & kLiterals ? OpenLiteral(scan, G) : 0);
+                NoteSpan(scan, i, behind, kStringSpan);
             }
             break;
         case kApostrophe:
             if (!((G->reading & kLiterals) && IsDigitSeparator(scan, G)) && OpenCharLiteral(scan, G)) {
-                end = 0;
+                behind = i + 1;
             }
             break;
         case kTwice: CountTwice(scan, c, G); break;
         case kStep: NoteStep(scan, c, G); break;
         case kTilde: G->virtual_dtor |= G->virtual_flag; break;
         case kAt: G->at_flag |= G->is_java; break;
-        case kHash: Call(OnHash, scan, i, G); break;
-        case kOpenParen: Call(OnOpenParen, scan, i, G); break;
-        case kCloseParen: Call(OnCloseParen, scan, i, G); break;
-        case kOpenBrace: Call(OnOpenBrace, scan, i, G); break;
-        case kCloseBrace: Call(OnCloseBrace, scan, i, G); break;
-        case kOpenBracket: Call(OnOpenBracket, scan, i, G); break;
-        case kCloseBracket: Call(OnCloseBracket, scan, i, G); break;
-        case kSemicolon: Call(OnSemicolon, scan, i, G); break;
-        case kComma: Call(OnComma, scan, i, G); break;
-        case kColon: Call(OnColon, scan, i, G); break;
-        case kAssign: Call(OnAssign, scan, i, G); break;
-        case kLess: Call(OnLess, scan, i, G); break;
-        case kGreater: Call(OnGreater, scan, i, G); break;
-        case kQuestion: Call(OnQuestion, scan, i, G); break;
-        case kDot: Call(OnDot, scan, i, G); break;
+        case kHash: OnHash(scan, G); break;
+        case kOpenParen: OnOpenParen(scan, G); break;
+        case kCloseParen: OnCloseParen(scan, G); break;
+        case kOpenBrace: OnOpenBrace(scan, G); break;
+        case kCloseBrace: OnCloseBrace(scan, G); break;
+        case kOpenBracket: OnOpenBracket(scan, G); break;
+        case kCloseBracket: OnCloseBracket(scan, G); break;
+        case kSemicolon: OnSemicolon(scan, G); break;
+        case kComma: OnComma(scan, G); break;
+        case kColon: OnColon(scan, G); break;
+        case kAssign: OnAssign(scan, G); break;
+        case kLess: OnLess(scan, G); break;
+        case kGreater: OnGreater(scan, G); break;
+        case kQuestion: OnQuestion(scan, G); break;
+        case kDot: OnDot(scan, G); break;
         }
         is_loc = 1;
+        if (scan.aborted) {
+            break;
+        }
+        if (scan.index != i) { // the handler used more up
+            walk.Place(origin + static_cast<size_t>(scan.index) + 1);
+        }
     }
+    const int stop = behind < 0 ? scan.length : behind;
     if ((G->reading & kBraces) && G->function_scope == 0 && !G->is_other) {
-        TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : i, G);
+        TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : stop, G);
     }
     scan.is_loc = is_loc;
-    scan.index = i;
+    scan.index = stop;
 }

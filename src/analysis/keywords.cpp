@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <string_view>
 
@@ -257,6 +258,18 @@ bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     return true;
 }
 
+// Of the word at index.
+int WordLength(const Scan &scan) {
+    const size_t at = static_cast<size_t>(scan.origin) + static_cast<size_t>(scan.index);
+    const ByteMasks *masks = scan.masks + at / kMaskBytes;
+    const int room = static_cast<int>(kMaskBytes - at % kMaskBytes);
+    int length = std::countr_one(masks->word >> at % kMaskBytes);
+    for (int more = kMaskBytes; length >= room && more == static_cast<int>(kMaskBytes); length += more) {
+        more = std::countr_one((++masks)->word);
+    }
+    return length;
+}
+
 } // namespace
 
 bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
@@ -287,14 +300,14 @@ void CountLoop(const char *line, int index, Globals *G) {
     }
 }
 
-void OnWord(Scan &scan, int end, Globals *G) {
+void OnWord(Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const int length = end - scan.index;
     const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
-    if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
+    if (!group.lengths || !(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
         return;
     }
-    if (!(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+    const int length = WordLength(scan);
+    if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
         return;
     }
     for (int row = group.begin; row < group.end; ++row) {

@@ -11,10 +11,8 @@
 
 namespace {
 
-// The line in hand, and what its bytes are.
+// The line in hand, and whether the scanner has to look at it.
 struct CountedLine : Scan {
-    const ByteMasks *masks;
-    int origin; // of the line's first byte in the masks
     bool uncertain;
 };
 
@@ -154,8 +152,8 @@ bool CountAll(SourceReader *reader, Globals *G) {
         line.line = source.text;
         line.number = G->file_line_no;
         line.length = LengthWithoutLineEnd(source.text, source.length);
-        line.masks = reader->masks;
-        line.origin = source.index;
+        line.masks = source.masks;
+        line.origin = source.origin;
         CountLine(line, G);
         if (line.uncertain) {
             return false;

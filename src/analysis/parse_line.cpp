@@ -16,6 +16,7 @@
 #include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "analysis/spans.h"
+#include "files/source_reader.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
 #include "run/globals.h"
@@ -257,12 +258,14 @@ int WhiteSoFar(const Globals *G) {
     return G->file_white + white.blanks + G->tab_width * white.tabs;
 }
 
-void ParseLine(const char *line, int line_bytes, int line_number, Globals *G) {
+void ParseLine(const SourceLine &line, int line_number, Globals *G) {
     char kinds[sizeof(LineText)];
     Scan scan{};
-    scan.line = line;
+    scan.line = line.text;
+    scan.masks = line.masks;
+    scan.origin = line.origin;
     scan.number = line_number;
-    scan.length = LengthWithoutLineEnd(scan.line, line_bytes);
+    scan.length = LengthWithoutLineEnd(line.text, line.length);
     scan.c_comment_line = G->c_comment;
     scan.white_end = scan.length;
     if (G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G)) {
@@ -276,9 +279,7 @@ void ParseLine(const char *line, int line_bytes, int line_number, Globals *G) {
     BeginLine(scan, G);
 
     // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
-    while (scan.first_nonblank < scan.length && scan.line[scan.first_nonblank] < 33) {
-        ++scan.first_nonblank;
-    }
+    scan.first_nonblank = NextByte(scan.masks, &ByteMasks::visible, scan.origin, scan.origin + scan.length) - scan.origin;
     scan.blank = scan.first_nonblank == scan.length;
     scan.notices_print = NoticesArePrinted(G);
     scan.index = scan.kinds || scan.notices_print ? 0 : scan.first_nonblank;
@@ -307,7 +308,7 @@ void ParseLine(const char *line, int line_bytes, int line_number, Globals *G) {
         ShowExtractedComment(scan.number, G);
     }
     if (scan.is_loc) {
-        memcpy(G->prev_code_line, scan.line, line_bytes + 1);
+        memcpy(G->prev_code_line, scan.line, line.length + 1);
     }
     if (GoesOn(scan)) {
         ++G->continuation_count;

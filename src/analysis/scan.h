@@ -1,27 +1,31 @@
 // The line in hand: what the scanner's handlers are given beside G. It lives as long as one call of ParseLine.
 #pragma once
 
+#include "files/byte_masks.h"
+
 struct Globals;
 
 struct Scan {
-    const char *line;   // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
-    int number;         // line number in the file
-    int length;         // characters without the line end
-    int first_nonblank; // index of the first byte above 32; the length when there is none
-    int index;          // the character in hand; a handler may move it forward
-    int head_mark;      // from here on the code isn't in the text of the statement yet
-    int blank;          // no byte above 32 in the line
-    int is_loc;         // a line of code
-    int non_effective;  // just a brace or just a parenthesis
-    int is_logical;     // a ";" in code
-    int c_comment_line; // a /* */ comment covers part of the line
-    int white_end;      // white space counts up to here
-    int string_tabs;    // tabs inside string literals, which raise no notice
-    int passed_blanks;  // blanks between a "#" and its word, where the scan goes on: they count for nothing
-    int passed_tabs;    // tabs there
-    int notices_print;  // a notice prints in its place; otherwise it only counts
-    int aborted;        // a record couldn't be made: the line isn't scanned to its end
-    char *kinds;        // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
+    const ByteMasks *masks; // what its bytes are
+    int origin;             // of its first byte in them
+    const char *line;       // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
+    int number;             // line number in the file
+    int length;             // characters without the line end
+    int first_nonblank;     // index of the first byte above 32; the length when there is none
+    int index;              // the character in hand; a handler may move it forward
+    int head_mark;          // from here on the code isn't in the text of the statement yet
+    int blank;              // no byte above 32 in the line
+    int is_loc;             // a line of code
+    int non_effective;      // just a brace or just a parenthesis
+    int is_logical;         // a ";" in code
+    int c_comment_line;     // a /* */ comment covers part of the line
+    int white_end;          // white space counts up to here
+    int string_tabs;        // tabs inside string literals, which raise no notice
+    int passed_blanks;      // blanks between a "#" and its word, where the scan goes on: they count for nothing
+    int passed_tabs;        // tabs there
+    int notices_print;      // a notice prints in its place; otherwise it only counts
+    int aborted;            // a record couldn't be made: the line isn't scanned to its end
+    char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
 };
 
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.

@@ -1,5 +1,7 @@
 #include "files/byte_masks.h"
 
+#include "run/char_tests.h"
+
 #ifdef __SSE2__
 #include <immintrin.h>
 #endif
@@ -10,7 +12,15 @@ bool IsEvent(char c) {
     return c == '"' || c == '\'' || c == '/' || c == '#' || c == ';' || c == '{' || c == '}';
 }
 
+// The bytes of code, once the others are known. in_word: the last byte ahead of the 64 was in a word; the answer is the same for
+// the next 64.
+uint64_t FindCode(ByteMasks &found, uint64_t in_word) {
+    found.code = found.visible & ~(found.word & (found.word << 1 | in_word));
+    return found.word >> (kMaskBytes - 1);
+}
+
 void ClassifyPlainly(const char *bytes, size_t count, ByteMasks *masks) {
+    uint64_t in_word = 0;
     for (size_t begin = 0; begin < count; begin += kMaskBytes) {
         ByteMasks found{};
         for (size_t i = 0; i < kMaskBytes; ++i) {
@@ -18,9 +28,12 @@ void ClassifyPlainly(const char *bytes, size_t count, ByteMasks *masks) {
             const char c = *p;
             const uint64_t bit = uint64_t{1} << i;
             found.feed |= c == '\n' ? bit : 0;
+            found.tab |= c == '\t' ? bit : 0;
             found.visible |= c > ' ' ? bit : 0;
             found.event |= IsEvent(c) || (c == 'f' && p[1] == 'o' && p[2] == 'r') ? bit : 0;
+            found.word |= IsWordChar(c) ? bit : 0;
         }
+        in_word = FindCode(found, in_word);
         *masks++ = found;
     }
 }
@@ -42,6 +55,10 @@ inline Vector Is(Vector v, char c) {
 inline Vector Above(Vector v, char c) {
     return _mm_cmpgt_epi8(v, _mm_set1_epi8(c));
 }
+inline Vector IsIn(Vector v, char first, char last) {
+    const Vector above = _mm_sub_epi8(v, _mm_set1_epi8(first));
+    return _mm_cmpeq_epi8(_mm_min_epu8(above, _mm_set1_epi8(static_cast<char>(last - first))), above);
+}
 inline uint32_t Bits(Vector v) {
     return static_cast<uint32_t>(_mm_movemask_epi8(v));
 }
@@ -60,6 +77,10 @@ LANES_TARGET inline Vector Is(Vector v, char c) {
 }
 LANES_TARGET inline Vector Above(Vector v, char c) {
     return _mm256_cmpgt_epi8(v, _mm256_set1_epi8(c));
+}
+LANES_TARGET inline Vector IsIn(Vector v, char first, char last) {
+    const Vector above = _mm256_sub_epi8(v, _mm256_set1_epi8(first));
+    return _mm256_cmpeq_epi8(_mm256_min_epu8(above, _mm256_set1_epi8(static_cast<char>(last - first))), above);
 }
 LANES_TARGET inline uint32_t Bits(Vector v) {
     return static_cast<uint32_t>(_mm256_movemask_epi8(v));

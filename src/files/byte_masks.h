@@ -11,8 +11,11 @@
 // Bit 0 is the first of the 64 bytes. A byte is read as signed: one with the high bit set is not visible.
 struct ByteMasks {
     uint64_t feed;    // line feeds
+    uint64_t tab;     // tabs
     uint64_t visible; // 33 to 127: what isn't white
     uint64_t event;   // what the count of lines looks at in code: " ' / # ; { } and the "f" of "for"
+    uint64_t word;    // letters, digits and "_"
+    uint64_t code;    // what the scanner looks at in code: the first byte of every word, and what is visible and in no word
 };
 
 inline constexpr size_t kMaskBytes = 64;

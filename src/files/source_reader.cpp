@@ -143,7 +143,7 @@ Piece NextPiece(SourceReader *reader, SourceLine *line) {
     }
     text[-1] = '\0';
     const size_t length = reader->has_nul ? strlen(text) : bytes;
-    *line = {text, static_cast<int>(length), static_cast<int>(text - reader->Block())};
+    *line = {text, static_cast<int>(length), static_cast<int>(text - reader->Block()), reader->masks};
     if (filled) {
         return length < bytes ? Piece::kLine : Piece::kTooLong;
     }

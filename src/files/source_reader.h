@@ -34,9 +34,10 @@ struct SourceReader {
 
 // A line in hand, until the next one is asked for. The bytes ahead of it and behind it are NUL.
 struct SourceLine {
-    const char *text; // with its line end, NUL terminated
-    int length;       // of the text
-    int index;        // of its first byte in the reader's masks
+    const char *text;       // with its line end, NUL terminated
+    int length;             // of the text
+    int origin;             // of its first byte in the masks
+    const ByteMasks *masks; // of the block that it stands in
 };
 
 enum class Piece { kLine, kTooLong, kEnd };

@@ -91,6 +91,20 @@ inline bool WellFormed(const std::string &xml) {
     return open.empty();
 }
 
+// A line that stands in no file, as the reader would hand it out.
+struct TextLine {
+    std::string room;
+    std::vector<ByteMasks> masks;
+    SourceLine line;
+
+    explicit TextLine(const std::string &text)
+        : room('\0' + text + std::string(2 * kMaskBytes + kBytesBehind, '\0'))
+        , masks(text.size() / kMaskBytes + 2) {
+        BestClassifier()(room.data(), text.size() + 1, masks.data());
+        line = {room.data() + 1, static_cast<int>(text.size()), 1, masks.data()};
+    }
+};
+
 constexpr int kNone = -1; // no language at all
 
 // A state record at the head of a source, functions and classes wanted, reports as short as they can be.
@@ -127,7 +141,7 @@ struct SourceBench : StateBench {
         SourceLine line;
         for (Piece piece; (piece = NextPiece(reader.get(), &line)) != Piece::kEnd;) {
             if (piece == Piece::kLine) {
-                ParseLine(line.text, line.length, ++G->file_line_no, G);
+                ParseLine(line, ++G->file_line_no, G);
                 letters += G->line_letter ? G->line_letter : '.';
             } else {
                 letters += '!';

@@ -24,9 +24,9 @@ struct Bench : StateBench {
     void Scan(const std::string &text) const {
         for (size_t begin = 0; begin < text.size(); begin = text.find('\n', begin) + 1) {
             const std::string line = text.substr(begin, text.find('\n', begin) + 1 - begin);
-            const std::string padded = '\0' + line;
+            const TextLine source(line);
             ++G->file_line_no;
-            Written([&] { ParseLine(padded.c_str() + 1, static_cast<int>(line.size()), G->file_line_no, G); });
+            Written([&] { ParseLine(source.line, G->file_line_no, G); });
         }
     }
     // "name:line of its }", joined by blanks.

@@ -72,7 +72,7 @@ void ReadLines(SourceReader *reader, Globals *G) {
         if (G->skip_tokens_active && FollowSkipTokens(line.text, G)) {
             ++G->skipped_lines;
         } else {
-            ParseLine(line.text, line.length, G->file_line_no, G);
+            ParseLine(line, G->file_line_no, G);
             if (G->line_letter) {
                 WorkDiffDataLineWrite(G->diff_data_file, G->line_letter, line.text, G);
             }
