@@ -259,7 +259,7 @@ void OpenClass(Scan &scan, Globals *G) {
     TakeSnapshots(G);
     FormatInheritline(G->inherit_line, G);
     if (!RecordClass(G)) {
-        scan.aborted = 1;
+        Abort(scan);
         return;
     }
     if (is_struct) {
@@ -281,7 +281,7 @@ void OpenInterface(Scan &scan, Globals *G) {
     if (!FindInterface(G->classname, G)) {
         ++G->interface_count;
         if (!AddInterfaceRecord(G->classname, G->file_line_no, G->class_index, G)) {
-            scan.aborted = 1;
+            Abort(scan);
             return;
         }
     }

@@ -63,7 +63,7 @@ void OnHash(Scan &scan, Globals *G) {
     }
     ++G->preproc_count;
     const char *word = Ltrim(scan.line + hash + 1);
-    scan.index = static_cast<int>(word - scan.line) - 1;
+    GoOnBehind(scan, static_cast<int>(word - scan.line) - 1);
     for (int i = hash + 1; i <= scan.index; ++i) {
         ++(scan.line[i] == '\t' ? scan.passed_tabs : scan.passed_blanks);
     }
@@ -79,7 +79,7 @@ void OnHash(Scan &scan, Globals *G) {
         ++G->include_count;
     } else if (IsRegion(word)) { // "#region Don't touch": its text is prose
         scan.white_end = scan.index + 1;
-        scan.index = scan.length - 1;
+        GoOnBehind(scan, scan.length - 1);
     } else if (word[0] == 'i' && word[1] == 'f') { // if, ifdef, ifndef
         G->if_directive = 1;
     }

@@ -1,7 +1,6 @@
-// Everything the scanner reacts to in code, on one screen: the class of every byte, and what each class does.
+// Everything the scanner reacts to in code, on one screen: the handler of every byte.
 //
-// A line of code is a line with a printable ASCII character outside comments, other than "/": so every class but kPassed and kSlash
-// makes the line code.
+// A line of code is a line with a printable ASCII character outside comments, other than "/".
 #include <array>
 #include <bit>
 
@@ -17,216 +16,204 @@
 
 namespace {
 
-enum CharClass : unsigned char {
-    kPassed,     // blanks, control bytes, bytes with the high bit set: nothing
-    kTab,        // the same, but it raises a notice
-    kSlash,      // may open a comment
-    kQuote,      // opens a string
-    kApostrophe, // opens a character literal
-    kStar,       // remembered: the statement may declare a pointer
-    // what follows is code proper: what is waited for since an earlier line is looked for ahead of it
-    kOperator, // makes the line code, nothing else
-    kWord,     // a letter, digit or "_": the whole run is one step
-    kTwice,    // & and |: the second of two counts
-    kStep,     // + and -: in front of a name, the second of two is a notice
-    kTilde,    // a virtual destructor
-    kAt,       // a Java annotation
-    kHash,
-    kOpenParen,
-    kCloseParen,
-    kOpenBrace,
-    kCloseBrace,
-    kOpenBracket,
-    kCloseBracket,
-    kSemicolon,
-    kComma,
-    kColon,
-    kAssign,
-    kLess,
-    kGreater,
-    kQuestion,
-    kDot,
-};
+void OnNothing(Scan &, Globals *) {}
 
-using ClassTable = std::array<CharClass, 256>;
+void OnTab(Scan &, Globals *G) {
+    NoticeAtLine(kNoticeTab, G);
+}
 
-// Files of the other language have comments and literals, and no construct.
-constexpr ClassTable kLiteralClasses = [] {
-    ClassTable classes{};
-    for (int c = 33; c < 128; ++c) {
-        classes[c] = IsWordChar(static_cast<char>(c)) ? kWord : kOperator;
+void OnSlash(Scan &scan, Globals *G) {
+    if (OpenComment(scan, G)) {
+        EndWalk(scan, scan.index); // the "/" belongs to the comment
     }
-    classes['/'] = kSlash;
-    classes['"'] = kQuote;
-    classes['\''] = kApostrophe;
-    return classes;
-}();
-
-constexpr ClassTable kCodeClasses = [] {
-    ClassTable classes = kLiteralClasses;
-    classes['*'] = kStar;
-    classes['&'] = kTwice;
-    classes['|'] = kTwice;
-    classes['+'] = kStep;
-    classes['-'] = kStep;
-    classes['~'] = kTilde;
-    classes['@'] = kAt;
-    classes['#'] = kHash;
-    classes['('] = kOpenParen;
-    classes[')'] = kCloseParen;
-    classes['{'] = kOpenBrace;
-    classes['}'] = kCloseBrace;
-    classes['['] = kOpenBracket;
-    classes[']'] = kCloseBracket;
-    classes[';'] = kSemicolon;
-    classes[','] = kComma;
-    classes[':'] = kColon;
-    classes['='] = kAssign;
-    classes['<'] = kLess;
-    classes['>'] = kGreater;
-    classes['?'] = kQuestion;
-    classes['.'] = kDot;
-    return classes;
-}();
-
-// Where notices print, every tab raises its own in its place; otherwise they are counted behind the line.
-constexpr ClassTable WithTabs(ClassTable classes) {
-    classes['\t'] = kTab;
-    return classes;
 }
-constexpr ClassTable kLiteralTabClasses = WithTabs(kLiteralClasses);
-constexpr ClassTable kCodeTabClasses = WithTabs(kCodeClasses);
 
-const ClassTable &ClassesFor(const Scan &scan, const Globals *G) {
-    if (scan.notices_print) {
-        return G->is_other ? kLiteralTabClasses : kCodeTabClasses;
+void OnQuote(Scan &scan, Globals *G) {
+    if (OpenString(scan, G)) {
+        const int stop = scan.index + 1 + (G->reading & kLiterals ? OpenLiteral(scan, G) : 0);
+        NoteSpan(scan, scan.index, stop, kStringSpan);
+        EndWalk(scan, stop);
     }
-    return G->is_other ? kLiteralClasses : kCodeClasses;
 }
 
-// Something is waited for since an earlier line: the value of an assignment, or the body of an if.
-bool IsWaiting(const Scan &scan, const Globals *G) {
-    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number;
+void OnApostrophe(Scan &scan, Globals *G) {
+    if (!((G->reading & kLiterals) && IsDigitSeparator(scan, G)) && OpenCharLiteral(scan, G)) {
+        EndWalk(scan, scan.index + 1);
+    }
 }
 
-void CountTwice(const Scan &scan, char c, Globals *G) {
+// The statement may declare a pointer.
+void OnStar(Scan &scan, Globals *G) {
+    G->star_flag |= !scan.c_comment_line;
+}
+
+// & and |: the second of two counts.
+void OnTwice(Scan &scan, Globals *G) {
+    const char c = scan.line[scan.index];
     if (scan.line[scan.index - 1] == c && G->function_scope > 0 && G->funcname_flag) {
         ++(c == '&' ? G->local_and : G->local_or);
     }
 }
 
-void NoteStep(const Scan &scan, char c, Globals *G) {
-    if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) { // --x
+// + and -: in front of a name, the second of two is a notice: --x
+void OnStep(Scan &scan, Globals *G) {
+    const char c = scan.line[scan.index];
+    if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) {
         NoticePreStep(c == '-' ? kNoticePreDecrement : kNoticePreIncrement, G);
     }
 }
 
+// A virtual destructor.
+void OnTilde(Scan &, Globals *G) {
+    G->virtual_dtor |= G->virtual_flag;
+}
+
+// A Java annotation.
+void OnAt(Scan &, Globals *G) {
+    G->at_flag |= G->is_java;
+}
+
+using Handler = void (*)(Scan &, Globals *);
+using Handlers = std::array<Handler, 128>;
+
+// Files of the other language have comments and literals, and no construct. Where notices print, every tab raises its own in its
+// place; otherwise they are counted behind the line.
+constexpr Handlers kLiteralHandlers = [] {
+    Handlers handlers{};
+    for (Handler &handler : handlers) {
+        handler = OnNothing;
+    }
+    handlers['\t'] = OnTab;
+    handlers['/'] = OnSlash;
+    handlers['"'] = OnQuote;
+    handlers['\''] = OnApostrophe;
+    return handlers;
+}();
+
+constexpr Handlers kCodeHandlers = [] {
+    Handlers handlers = kLiteralHandlers;
+    for (int c = 33; c < 128; ++c) {
+        if (IsWordChar(static_cast<char>(c))) {
+            handlers[c] = OnWord;
+        }
+    }
+    handlers['*'] = OnStar;
+    handlers['&'] = OnTwice;
+    handlers['|'] = OnTwice;
+    handlers['+'] = OnStep;
+    handlers['-'] = OnStep;
+    handlers['~'] = OnTilde;
+    handlers['@'] = OnAt;
+    handlers['#'] = OnHash;
+    handlers['('] = OnOpenParen;
+    handlers[')'] = OnCloseParen;
+    handlers['{'] = OnOpenBrace;
+    handlers['}'] = OnCloseBrace;
+    handlers['['] = OnOpenBracket;
+    handlers[']'] = OnCloseBracket;
+    handlers[';'] = OnSemicolon;
+    handlers[','] = OnComma;
+    handlers[':'] = OnColon;
+    handlers['='] = OnAssign;
+    handlers['<'] = OnLess;
+    handlers['>'] = OnGreater;
+    handlers['?'] = OnQuestion;
+    handlers['.'] = OnDot;
+    return handlers;
+}();
+
+// Something is waited for since an earlier line: the value of an assignment, or the body of an if.
+bool IsWaiting(const Scan &scan, const Globals *G) {
+    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number && !G->is_other;
+}
+
+// Code proper, ahead of which it is looked for.
+bool IsProper(char c) {
+    return c > ' ' && c != '/' && c != '"' && c != '\'' && c != '*';
+}
+
 // The bytes of a line that are looked at in code, one after the other: the set bits of its masks.
 struct CodeWalk {
-    const ByteMasks *masks;
-    uint64_t tabs; // all bits where tabs are looked at too
-    size_t word;   // the 64 bytes in hand
-    uint64_t bits; // of them, those still to come
-
-    uint64_t Bits() const { return masks[word].code | (masks[word].tab & tabs); }
-    // Goes on at a place of the masks.
-    void Place(size_t at) {
-        word = at / kMaskBytes;
-        bits = Bits() >> at % kMaskBytes << at % kMaskBytes;
-    }
-    // The next place, or one from end on.
-    size_t Next(size_t end) {
-        while (!bits) {
-            if (++word * kMaskBytes >= end) {
-                return end;
-            }
-            bits = Bits();
-        }
-        const size_t found = word * kMaskBytes + static_cast<size_t>(std::countr_zero(bits));
-        bits &= bits - 1;
-        return found;
-    }
+    const ByteMasks *masks; // of the 64 bytes in hand
+    uint64_t bits;          // of them, those still to come
+    const char *bytes;      // their text
 };
+
+// Where something is waited for, every token is looked at.
+uint64_t BitsOf(const ByteMasks *masks, const Scan &scan, bool waiting) {
+    return (waiting ? masks->token : masks->code) | (scan.notices_print ? masks->tab : 0);
+}
+
+CodeWalk WalkFrom(const Scan &scan, int index, bool waiting) {
+    const size_t at = static_cast<size_t>(scan.origin) + static_cast<size_t>(index);
+    const ByteMasks *masks = scan.masks + at / kMaskBytes;
+    return {masks, BitsOf(masks, scan, waiting) >> at % kMaskBytes << at % kMaskBytes, scan.line + index - at % kMaskBytes};
+}
+
+// Calls the handlers of what is looked at from index on, until a comment or a literal opens or the line ends. With waiting it ends
+// too, behind the byte in hand, where nothing is waited for any more. Returns the index where it ended.
+template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers, Globals *G) {
+    const char *end = scan.line + scan.length;
+    CodeWalk walk = WalkFrom(scan, begin, waiting);
+    for (;;) {
+        while (!walk.bits) {
+            walk.bytes += kMaskBytes;
+            if (walk.bytes >= end) {
+                return scan.length;
+            }
+            walk.bits = BitsOf(++walk.masks, scan, waiting);
+        }
+        const char *p = walk.bytes + std::countr_zero(walk.bits);
+        if (p >= end) {
+            return scan.length;
+        }
+        walk.bits &= walk.bits - 1;
+        scan.index = static_cast<int>(p - scan.line);
+        if (waiting && IsProper(*p)) {
+            CheckPending(scan, G);
+        }
+        handlers[static_cast<unsigned char>(*p)](scan, G);
+        if (scan.moved) {
+            scan.moved = 0;
+            if (scan.stop >= 0) {
+                return scan.stop;
+            }
+            walk = WalkFrom(scan, scan.index + 1, waiting);
+        }
+        if (waiting && !IsWaiting(scan, G)) {
+            return scan.index + 1;
+        }
+    }
+}
+
+// Code from begin up to end makes the line a line of code.
+bool HoldsCode(const char *line, int begin, int end) {
+    while (begin < end && (line[begin] <= ' ' || line[begin] == '/')) {
+        ++begin;
+    }
+    return begin < end;
+}
+
+bool IsInCode(const Globals *G) {
+    return !(G->c_comment | G->cpp_comment | G->string_flag | G->char_flag);
+}
 
 } // namespace
 
-// The position and the table are locals, so that the run from event to event stays in registers.
 [[gnu::noinline]] void ScanCode(Scan &scan, Globals *G) {
-    const ClassTable &classes = ClassesFor(scan, G);
-    const char *line = scan.line;
-    const size_t origin = scan.origin;
-    const size_t end = origin + static_cast<size_t>(scan.length);
-    int is_loc = scan.is_loc;
-    int waiting = IsWaiting(scan, G) && !G->is_other;
-    int behind = -1; // the index behind the opener of a comment or literal
-    scan.head_mark = scan.index;
-    CodeWalk walk{scan.masks, scan.notices_print ? ~uint64_t{0} : 0, 0, 0};
-    walk.Place(origin + static_cast<size_t>(scan.index));
-    for (size_t at; behind < 0 && (at = walk.Next(end)) < end;) {
-        const int i = static_cast<int>(at - origin);
-        const char c = line[i];
-        const CharClass found = classes[static_cast<unsigned char>(c)];
-        scan.index = i;
-        if (waiting && found > kStar) {
-            waiting = IsWaiting(scan, G);
-            if (waiting) {
-                CheckPending(scan, G);
-            }
-        }
-        switch (found) {
-        case kPassed: continue;
-        case kTab: NoticeAtLine(kNoticeTab, G); continue;
-        case kSlash: behind = OpenComment(scan, G) ? i : -1; continue; // the "/" belongs to the comment
-        case kOperator: break;
-        case kWord:
-            if (!G->is_other) {
-                OnWord(scan, G);
-            }
-            break;
-        case kStar: G->star_flag |= !scan.c_comment_line; break;
-        case kQuote:
-            if (OpenString(scan, G)) {
-                behind = i + 1 + (G->reading & kLiterals ? OpenLiteral(scan, G) : 0);
-                NoteSpan(scan, i, behind, kStringSpan);
-            }
-            break;
-        case kApostrophe:
-            if (!((G->reading & kLiterals) && IsDigitSeparator(scan, G)) && OpenCharLiteral(scan, G)) {
-                behind = i + 1;
-            }
-            break;
-        case kTwice: CountTwice(scan, c, G); break;
-        case kStep: NoteStep(scan, c, G); break;
-        case kTilde: G->virtual_dtor |= G->virtual_flag; break;
-        case kAt: G->at_flag |= G->is_java; break;
-        case kHash: OnHash(scan, G); break;
-        case kOpenParen: OnOpenParen(scan, G); break;
-        case kCloseParen: OnCloseParen(scan, G); break;
-        case kOpenBrace: OnOpenBrace(scan, G); break;
-        case kCloseBrace: OnCloseBrace(scan, G); break;
-        case kOpenBracket: OnOpenBracket(scan, G); break;
-        case kCloseBracket: OnCloseBracket(scan, G); break;
-        case kSemicolon: OnSemicolon(scan, G); break;
-        case kComma: OnComma(scan, G); break;
-        case kColon: OnColon(scan, G); break;
-        case kAssign: OnAssign(scan, G); break;
-        case kLess: OnLess(scan, G); break;
-        case kGreater: OnGreater(scan, G); break;
-        case kQuestion: OnQuestion(scan, G); break;
-        case kDot: OnDot(scan, G); break;
-        }
-        is_loc = 1;
-        if (scan.aborted) {
-            break;
-        }
-        if (scan.index != i) { // the handler used more up
-            walk.Place(origin + static_cast<size_t>(scan.index) + 1);
-        }
+    const Handlers &handlers = G->is_other ? kLiteralHandlers : kCodeHandlers;
+    const int begin = scan.index;
+    scan.head_mark = begin;
+    int stop = begin;
+    if (IsWaiting(scan, G)) {
+        stop = Walk<true>(scan, begin, handlers, G);
     }
-    const int stop = behind < 0 ? scan.length : behind;
+    if (stop < scan.length && IsInCode(G) && !scan.aborted) {
+        stop = Walk<false>(scan, stop, handlers, G);
+    }
     if ((G->reading & kBraces) && G->function_scope == 0 && !G->is_other) {
         TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : stop, G);
     }
-    scan.is_loc = is_loc;
+    scan.is_loc = scan.is_loc || HoldsCode(scan.line, begin, stop);
     scan.index = stop;
 }

@@ -192,7 +192,7 @@ void CloseFunction(Scan &scan, Globals *G) {
     AddToClass(figures, cyclo, G);
     if (!AddRecord(figures, cyclo, G)) {
         MemoryError(G);
-        scan.aborted = 1;
+        Abort(scan);
         return;
     }
     ++G->function_count;

@@ -110,10 +110,10 @@ void WalkLine(CountedLine &line, Globals *G) {
     }
 }
 
-bool IsLoneParen(const CountedLine &line, const Globals *G) {
+// A parenthesis further on is taken for alone too where the line begins with one inside of a comment.
+bool HasLoneParen(const CountedLine &line, const Globals *G) {
     const char c = line.line[line.first_nonblank];
-    const bool in_code = !(G->c_comment | G->cpp_comment | G->string_flag | G->char_flag | G->is_other);
-    return (c == '(' || c == ')') && in_code && IsJust(line, c);
+    return (c == '(' || c == ')') && !G->is_other && IsJust(line, c);
 }
 
 int LengthWithoutLineEnd(const char *line, int bytes) {
@@ -131,7 +131,7 @@ void CountLine(CountedLine &line, Globals *G) {
     line.first_nonblank = Next(line, &ByteMasks::visible, 0);
     line.index = line.first_nonblank;
     line.blank = line.index == line.length;
-    line.uncertain = IsLoneParen(line, G);
+    line.uncertain = HasLoneParen(line, G);
     WalkLine(line, G);
     G->file_blank += line.blank;
     G->file_loc += line.is_loc;

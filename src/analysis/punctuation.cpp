@@ -23,7 +23,7 @@ void OnComma(Scan &scan, Globals *G) {
 void OnColon(Scan &scan, Globals *G) {
     if (scan.line[scan.index + 1] == ':') {
         NoteSpan(scan, scan.index, scan.index + 1, kPassedOver);
-        ++scan.index;
+        GoOnBehind(scan, scan.index + 1);
         return;
     }
     if (G->funcname_flag && G->function_scope < 1) { // A::A() : b(1) {
@@ -228,7 +228,7 @@ void OnCloseBracket(Scan &, Globals *G) {
 void OnQuestion(Scan &scan, Globals *G) {
     if (scan.line[scan.index + 1] == '?') {
         NoteSpan(scan, scan.index, scan.index + 1, kPassedOver);
-        ++scan.index;
+        GoOnBehind(scan, scan.index + 1);
         return;
     }
     ++G->local_inline_if;

@@ -25,14 +25,31 @@ struct Scan {
     int passed_tabs;        // tabs there
     int notices_print;      // a notice prints in its place; otherwise it only counts
     int aborted;            // a record couldn't be made: the line isn't scanned to its end
+    int moved;              // the walk through code doesn't go on behind the character that it called a handler for
+    int stop;               // where it ends, with moved; -1 where it goes on behind index
     char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
 };
 
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
 enum SpanKind : char { kCodeSpan, kStringSpan, kCommentSpan, kPassedOver };
 
+// The walk through code goes on behind index, which a handler has moved forward.
+inline void GoOnBehind(Scan &scan, int index) {
+    scan.index = index;
+    scan.moved = 1;
+    scan.stop = -1;
+}
+// The walk through code ends; what stands from stop on is no code.
+inline void EndWalk(Scan &scan, int stop) {
+    scan.moved = 1;
+    scan.stop = stop;
+}
+inline void Abort(Scan &scan) {
+    scan.aborted = 1;
+    EndWalk(scan, scan.length);
+}
+
 // The handlers of the characters that mean something in code, each called with scan.index on its character.
-// They leave index on the last character that they used up.
 void OnHash(Scan &scan, Globals *G);
 void OnOpenParen(Scan &scan, Globals *G);
 void OnCloseParen(Scan &scan, Globals *G);

@@ -12,17 +12,42 @@ bool IsEvent(char c) {
     return c == '"' || c == '\'' || c == '/' || c == '#' || c == ';' || c == '{' || c == '}';
 }
 
-// The bytes of code, once the others are known. in_word: the last byte ahead of the 64 was in a word; the answer is the same for
-// the next 64.
-uint64_t FindCode(ByteMasks &found, uint64_t in_word) {
-    found.code = found.visible & ~(found.word & (found.word << 1 | in_word));
-    return found.word >> (kMaskBytes - 1);
+// Operators that mean something only twice in a row, or nothing: most of them are passed over.
+bool IsPassed(char before, char c, char next) {
+    const bool once = (c == '+' || c == '-' || c == '&' || c == '|') && c != before;
+    return once || (c == '.' && c != next) || c == '!' || c == '%';
+}
+
+// No keyword begins with another letter, and none stands behind a byte of other kinds. What this lets pass is looked at again.
+bool MayBeginKeyword(char c) {
+    return (c >= 'a' && c <= 'w') || c == '_';
+}
+bool MayStandAhead(char c) {
+    return c <= ' ' || c == '(' || c == ')' || (c >= ':' && c <= '=') || (c >= '{' && c <= '}');
+}
+
+// What the last byte ahead of the 64 in hand was: bit 0 tells of it.
+struct Carry {
+    uint64_t word, ahead;
+};
+
+// The tokens and those of the code, from the bytes of words and others: passed operators, first letters of keywords, and what may
+// stand ahead of one.
+void FindTokens(ByteMasks &found, uint64_t passed, uint64_t first, uint64_t ahead, Carry &carry) {
+    const uint64_t begins = found.word & ~(found.word << 1 | carry.word);
+    const uint64_t others = found.visible & ~found.word;
+    found.token = begins | others;
+    found.code = (begins & first & (ahead << 1 | carry.ahead)) | (others & ~passed);
+    carry = {found.word >> (kMaskBytes - 1), ahead >> (kMaskBytes - 1)};
 }
 
 void ClassifyPlainly(const char *bytes, size_t count, ByteMasks *masks) {
-    uint64_t in_word = 0;
+    Carry carry{0, 1};
     for (size_t begin = 0; begin < count; begin += kMaskBytes) {
         ByteMasks found{};
+        uint64_t passed = 0;
+        uint64_t first = 0;
+        uint64_t ahead = 0;
         for (size_t i = 0; i < kMaskBytes; ++i) {
             const char *p = bytes + begin + i;
             const char c = *p;
@@ -32,8 +57,11 @@ void ClassifyPlainly(const char *bytes, size_t count, ByteMasks *masks) {
             found.visible |= c > ' ' ? bit : 0;
             found.event |= IsEvent(c) || (c == 'f' && p[1] == 'o' && p[2] == 'r') ? bit : 0;
             found.word |= IsWordChar(c) ? bit : 0;
+            passed |= IsPassed(p[-1], c, p[1]) ? bit : 0;
+            first |= MayBeginKeyword(c) ? bit : 0;
+            ahead |= MayStandAhead(c) ? bit : 0;
         }
-        in_word = FindCode(found, in_word);
+        FindTokens(found, passed, first, ahead, carry);
         *masks++ = found;
     }
 }
@@ -51,6 +79,12 @@ inline Vector Load(const char *p) {
 }
 inline Vector Is(Vector v, char c) {
     return _mm_cmpeq_epi8(v, _mm_set1_epi8(c));
+}
+inline Vector Same(Vector a, Vector b) {
+    return _mm_cmpeq_epi8(a, b);
+}
+inline Vector AndNot(Vector not_these, Vector these) {
+    return _mm_andnot_si128(not_these, these);
 }
 inline Vector Above(Vector v, char c) {
     return _mm_cmpgt_epi8(v, _mm_set1_epi8(c));
@@ -74,6 +108,12 @@ LANES_TARGET inline Vector Load(const char *p) {
 }
 LANES_TARGET inline Vector Is(Vector v, char c) {
     return _mm256_cmpeq_epi8(v, _mm256_set1_epi8(c));
+}
+LANES_TARGET inline Vector Same(Vector a, Vector b) {
+    return _mm256_cmpeq_epi8(a, b);
+}
+LANES_TARGET inline Vector AndNot(Vector not_these, Vector these) {
+    return _mm256_andnot_si256(not_these, these);
 }
 LANES_TARGET inline Vector Above(Vector v, char c) {
     return _mm256_cmpgt_epi8(v, _mm256_set1_epi8(c));

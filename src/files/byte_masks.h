@@ -15,7 +15,8 @@ struct ByteMasks {
     uint64_t visible; // 33 to 127: what isn't white
     uint64_t event;   // what the count of lines looks at in code: " ' / # ; { } and the "f" of "for"
     uint64_t word;    // letters, digits and "_"
-    uint64_t code;    // what the scanner looks at in code: the first byte of every word, and what is visible and in no word
+    uint64_t token;   // the first byte of every word, and what is visible and in no word
+    uint64_t code;    // of the tokens those that the scanner reacts to: see IsPassed and MayBeKeyword in byte_masks.cpp
 };
 
 inline constexpr size_t kMaskBytes = 64;
