@@ -74,24 +74,28 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     snprintf(name, sizeof name, "/proc/self/fd/%d", fd);
     WhichFile(kNames[data[0] % (sizeof kNames / sizeof *kNames)], G, 0);
     G->file_name = name;
-    const Classifiers all = AllClassifiers();
-    Lines scanned{};
-    for (const auto &[way, classify] : {std::pair{"plain", all.plain}, {"SSE2", all.sse2}, {"AVX2", all.avx2}}) {
-        if (!classify) {
+    const Classifiers all = AllClassifiers(MaskUse::kLines);
+    const Classifiers code = AllClassifiers(MaskUse::kCode);
+    struct Way {
+        const char *name;
+        Classifier lines, code;
+    };
+    for (const Way &way : {Way{"plain", all.plain, code.plain}, {"SSE2", all.sse2, code.sse2}, {"AVX2", all.avx2, code.avx2}}) {
+        if (!way.lines) {
             continue;
         }
-        reader->classify = classify;
-        if (!OpenSource(reader.get(), name, 0)) {
+        if (!OpenSource(reader.get(), name, MaskUse::kCode, 0)) {
             abort();
         }
-        if (classify == all.plain) {
-            scanned = LongWay(reader.get(), G);
-            RewindSource(reader.get());
-        }
+        reader->classify = way.code;
+        const Lines scanned = LongWay(reader.get(), G);
+        RewindSource(reader.get(), MaskUse::kLines);
+        reader->classify = way.lines;
+        ForgetMacros(0, G);
         if (CountLines(reader.get(), G)) {
             const Lines counted = Take(G);
             if (memcmp(&counted, &scanned, sizeof counted) != 0) {
-                Fail(way, counted, scanned);
+                Fail(way.name, counted, scanned);
             }
         }
         CloseSource(reader.get());

@@ -167,9 +167,15 @@ constexpr bool IsPrefix(const Keyword &keyword) {
     return keyword.closing == kName || keyword.closing == kOpName;
 }
 
-// The rows of a first letter, and the lengths that a word of theirs can have: most names of a program fail here.
+// Bit of a letter: the small letters have 1 to 26, "_" has 31.
+constexpr int LetterBit(char letter) {
+    return letter & 31;
+}
+
+// The rows of a first letter, and the second letters and lengths that a word of theirs can have: most names of a program fail here.
 struct Group {
     uint32_t lengths;
+    uint32_t seconds; // LetterBit of the second letters
     unsigned char begin, end;
 };
 
@@ -187,15 +193,11 @@ constexpr std::array<Group, 128> kGroups = [] {
         }
         group.end = static_cast<unsigned char>(row + 1);
         const uint32_t own = 1U << keyword.word.size();
+        group.seconds |= 1U << LetterBit(keyword.word[1]);
         group.lengths |= IsPrefix(keyword) ? ~(own - 1) : own;
     }
     return groups;
 }();
-
-// Bit of a first letter: the small letters have 1 to 26, "_" has 31.
-constexpr int LetterBit(char letter) {
-    return letter & 31;
-}
 
 // For every character the first letters that it may stand in front of; NUL stands in front of the line.
 constexpr std::array<uint32_t, 256> kMayFollow = [] {
@@ -303,7 +305,7 @@ void CountLoop(const char *line, int index, Globals *G) {
 void OnWord(Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
     const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
-    if (!group.lengths || !(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+    if (!(group.seconds >> LetterBit(word[1]) & 1) || !(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
         return;
     }
     const int length = WordLength(scan);

@@ -167,7 +167,7 @@ bool CountAll(SourceReader *reader, Globals *G) {
 bool CountLines(SourceReader *reader, Globals *G) {
     const FileCounters counters = *G;
     const int macros = G->macro_list.count;
-    if (CountAll(reader, G) || !RewindSource(reader)) {
+    if (CountAll(reader, G) || !RewindSource(reader, MaskUse::kCode)) {
         return true;
     }
     ForgetMacros(macros, G);

@@ -1,5 +1,7 @@
 #include "files/byte_masks.h"
 
+#include <cstring>
+
 #include "run/char_tests.h"
 
 #ifdef __SSE2__
@@ -12,56 +14,72 @@ bool IsEvent(char c) {
     return c == '"' || c == '\'' || c == '/' || c == '#' || c == ';' || c == '{' || c == '}';
 }
 
-// Operators that mean something only twice in a row, or nothing: most of them are passed over.
+// Operators that mean something only twice in a row: most of them are passed over.
 bool IsPassed(char before, char c, char next) {
     const bool once = (c == '+' || c == '-' || c == '&' || c == '|') && c != before;
-    return once || (c == '.' && c != next) || c == '!' || c == '%';
+    return once || (c == '.' && c != next);
 }
 
-// No keyword begins with another letter, and none stands behind a byte of other kinds. What this lets pass is looked at again.
-bool MayBeginKeyword(char c) {
-    return (c >= 'a' && c <= 'w') || c == '_';
-}
+// No keyword stands behind a byte of other kinds. What this lets pass is looked at again.
 bool MayStandAhead(char c) {
     return c <= ' ' || c == '(' || c == ')' || (c >= ':' && c <= '=') || (c >= '{' && c <= '}');
 }
+
+// What the tokens of 64 bytes are found from.
+struct CodeBytes {
+    uint64_t white;  // not visible
+    uint64_t upper;  // capitals and digits: no keyword begins with one
+    uint64_t lower;  // small letters and "_"
+    uint64_t passed; // operators that are passed over
+    uint64_t ahead;  // what may stand ahead of a keyword
+};
 
 // What the last byte ahead of the 64 in hand was: bit 0 tells of it.
 struct Carry {
     uint64_t word, ahead;
 };
 
-// The tokens and those of the code, from the bytes of words and others: passed operators, first letters of keywords, and what may
-// stand ahead of one.
-void FindTokens(ByteMasks &found, uint64_t passed, uint64_t first, uint64_t ahead, Carry &carry) {
+void FindTokens(ByteMasks &found, const CodeBytes &code, Carry &carry) {
+    found.visible = ~code.white;
+    found.word = code.upper | code.lower;
     const uint64_t begins = found.word & ~(found.word << 1 | carry.word);
     const uint64_t others = found.visible & ~found.word;
     found.token = begins | others;
-    found.code = (begins & first & (ahead << 1 | carry.ahead)) | (others & ~passed);
-    carry = {found.word >> (kMaskBytes - 1), ahead >> (kMaskBytes - 1)};
+    found.code = (begins & code.lower & (code.ahead << 1 | carry.ahead)) | (others & ~code.passed);
+    carry = {found.word >> (kMaskBytes - 1), code.ahead >> (kMaskBytes - 1)};
 }
 
-void ClassifyPlainly(const char *bytes, size_t count, ByteMasks *masks) {
+void ClassifyLines(const char *bytes, size_t count, ByteMasks *masks) {
+    for (size_t begin = 0; begin < count; begin += kMaskBytes, ++masks) {
+        *masks = {};
+        for (size_t i = 0; i < kMaskBytes; ++i) {
+            const char *p = bytes + begin + i;
+            const uint64_t bit = uint64_t{1} << i;
+            masks->feed |= *p == '\n' ? bit : 0;
+            masks->visible |= *p > ' ' ? bit : 0;
+            masks->event |= IsEvent(*p) || memcmp(p, "for", 3) == 0 ? bit : 0;
+        }
+    }
+}
+
+void ClassifyCode(const char *bytes, size_t count, ByteMasks *masks) {
     Carry carry{0, 1};
     for (size_t begin = 0; begin < count; begin += kMaskBytes) {
         ByteMasks found{};
-        uint64_t passed = 0;
-        uint64_t first = 0;
-        uint64_t ahead = 0;
+        CodeBytes code{};
         for (size_t i = 0; i < kMaskBytes; ++i) {
             const char *p = bytes + begin + i;
             const char c = *p;
             const uint64_t bit = uint64_t{1} << i;
             found.feed |= c == '\n' ? bit : 0;
             found.tab |= c == '\t' ? bit : 0;
-            found.visible |= c > ' ' ? bit : 0;
-            found.event |= IsEvent(c) || (c == 'f' && p[1] == 'o' && p[2] == 'r') ? bit : 0;
-            found.word |= IsWordChar(c) ? bit : 0;
-            passed |= IsPassed(p[-1], c, p[1]) ? bit : 0;
-            first |= MayBeginKeyword(c) ? bit : 0;
-            ahead |= MayStandAhead(c) ? bit : 0;
+            code.white |= c <= ' ' ? bit : 0;
+            code.upper |= IsDigit(c) || (c >= 'A' && c <= 'Z') ? bit : 0;
+            code.lower |= c == '_' || (c >= 'a' && c <= 'z') ? bit : 0;
+            code.passed |= IsPassed(p[-1], c, p[1]) ? bit : 0;
+            code.ahead |= MayStandAhead(c) ? bit : 0;
         }
-        FindTokens(found, passed, first, ahead, carry);
+        FindTokens(found, code, carry);
         *masks++ = found;
     }
 }
@@ -88,6 +106,9 @@ inline Vector AndNot(Vector not_these, Vector these) {
 }
 inline Vector Above(Vector v, char c) {
     return _mm_cmpgt_epi8(v, _mm_set1_epi8(c));
+}
+inline Vector Below(Vector v, char c) {
+    return _mm_cmplt_epi8(v, _mm_set1_epi8(c));
 }
 inline Vector IsIn(Vector v, char first, char last) {
     const Vector above = _mm_sub_epi8(v, _mm_set1_epi8(first));
@@ -118,6 +139,9 @@ LANES_TARGET inline Vector AndNot(Vector not_these, Vector these) {
 LANES_TARGET inline Vector Above(Vector v, char c) {
     return _mm256_cmpgt_epi8(v, _mm256_set1_epi8(c));
 }
+LANES_TARGET inline Vector Below(Vector v, char c) {
+    return _mm256_cmpgt_epi8(_mm256_set1_epi8(c), v);
+}
 LANES_TARGET inline Vector IsIn(Vector v, char first, char last) {
     const Vector above = _mm256_sub_epi8(v, _mm256_set1_epi8(first));
     return _mm256_cmpeq_epi8(_mm256_min_epu8(above, _mm256_set1_epi8(static_cast<char>(last - first))), above);
@@ -131,16 +155,18 @@ LANES_TARGET inline uint32_t Bits(Vector v) {
 
 } // namespace
 
-Classifiers AllClassifiers() {
-    return {ClassifyPlainly, sse2::Classify, __builtin_cpu_supports("avx2") ? avx2::Classify : nullptr};
+Classifiers AllClassifiers(MaskUse use) {
+    const bool has_avx2 = __builtin_cpu_supports("avx2");
+    return use == MaskUse::kLines ? Classifiers{ClassifyLines, sse2::ClassifyLines, has_avx2 ? avx2::ClassifyLines : nullptr}
+                                  : Classifiers{ClassifyCode, sse2::ClassifyCode, has_avx2 ? avx2::ClassifyCode : nullptr};
 }
 #else
-Classifiers AllClassifiers() {
-    return {ClassifyPlainly, nullptr, nullptr};
+Classifiers AllClassifiers(MaskUse use) {
+    return {use == MaskUse::kLines ? ClassifyLines : ClassifyCode, nullptr, nullptr};
 }
 #endif
 
-Classifier BestClassifier() {
-    const Classifiers all = AllClassifiers();
+Classifier BestClassifier(MaskUse use) {
+    const Classifiers all = AllClassifiers(use);
     return all.avx2 ? all.avx2 : all.sse2 ? all.sse2 : all.plain;
 }

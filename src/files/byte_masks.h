@@ -22,6 +22,9 @@ struct ByteMasks {
 inline constexpr size_t kMaskBytes = 64;
 inline constexpr size_t kBytesBehind = kMaskBytes; // that must be readable behind the last 64 bytes
 
+// For the count of lines feed, visible and event are filled in; for the scanner all but event.
+enum class MaskUse { kLines, kCode };
+
 // Fills one record for every 64 bytes begun. Bytes behind count, up to the next 64, and kBytesBehind more are read: they are to be
 // 0.
 using Classifier = void (*)(const char *bytes, size_t count, ByteMasks *masks);
@@ -30,9 +33,9 @@ using Classifier = void (*)(const char *bytes, size_t count, ByteMasks *masks);
 struct Classifiers {
     Classifier plain, sse2, avx2;
 };
-Classifiers AllClassifiers();
+Classifiers AllClassifiers(MaskUse use);
 // The fastest of them here.
-Classifier BestClassifier();
+Classifier BestClassifier(MaskUse use);
 
 // The index of the first set bit of a kind from begin on; end if there is none ahead of end.
 inline int NextByte(const ByteMasks *masks, uint64_t ByteMasks::*kind, int begin, int end) {

@@ -9,7 +9,19 @@
 
 namespace {
 
-void Begin(SourceReader *reader) {
+// A feed behind the last byte ends every search for one.
+void EndFeeds(SourceReader *reader) {
+    ByteMasks &last = reader->masks[reader->end / kMaskBytes];
+    if (reader->end % kMaskBytes == 0) {
+        last = {};
+    }
+    last.feed |= uint64_t{1} << reader->end % kMaskBytes;
+}
+
+void Begin(SourceReader *reader, MaskUse use) {
+    static const Classifier lines = BestClassifier(MaskUse::kLines);
+    static const Classifier code = BestClassifier(MaskUse::kCode);
+    reader->classify = use == MaskUse::kLines ? lines : code;
     reader->at_end = 0;
     reader->has_nul = 0;
     reader->failed = 0;
@@ -18,12 +30,12 @@ void Begin(SourceReader *reader) {
     reader->end = 0;
     reader->cut = 0;
     reader->behind_cut = '\0';
+    EndFeeds(reader);
 }
 
 } // namespace
 
-int OpenSource(SourceReader *reader, const char *name, int modify) {
-    static const Classifier best = BestClassifier();
+int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify) {
     reader->fd = open(name, (modify ? O_RDWR : O_RDONLY) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (reader->fd < 0) {
         return 0;
@@ -35,8 +47,7 @@ int OpenSource(SourceReader *reader, const char *name, int modify) {
         return 0;
     }
     reader->size = info.st_size;
-    reader->classify = reader->classify ? reader->classify : best;
-    Begin(reader);
+    Begin(reader, use);
     return 1;
 }
 
@@ -44,12 +55,12 @@ void CloseSource(SourceReader *reader) {
     close(reader->fd);
 }
 
-int RewindSource(SourceReader *reader) {
+int RewindSource(SourceReader *reader, MaskUse use) {
     if (lseek(reader->fd, 0, SEEK_SET) != 0) {
         reader->failed = errno;
         return 0;
     }
-    Begin(reader);
+    Begin(reader, use);
     return 1;
 }
 
@@ -81,6 +92,7 @@ void Refill(SourceReader *reader) {
     reader->cut = reader->end;
     reader->behind_cut = '\0';
     reader->classify(block, reader->end, reader->masks);
+    EndFeeds(reader);
     reader->has_nul = memchr(block, '\0', reader->end) != nullptr;
 }
 
@@ -90,8 +102,8 @@ struct RawPiece {
     bool feed; // it ends in a line feed
 };
 
-// The next piece, in the block and still unread. Every line of every file comes through here.
-[[gnu::always_inline]] inline RawPiece FindPiece(SourceReader *reader) {
+// The next piece, in the block and still unread.
+RawPiece FindPiece(SourceReader *reader) {
     reader->Block()[reader->cut] = reader->behind_cut;
     for (;;) {
         char *text = reader->Block() + reader->begin;
@@ -127,7 +139,8 @@ int NextBytes(SourceReader *reader, char *bytes, int *count) {
     return piece.bytes > 0;
 }
 
-Piece NextPiece(SourceReader *reader, SourceLine *line) {
+// A piece that is the last one, has no line feed, begins with high bytes, may hold a NUL, or is still to be read.
+[[gnu::noinline]] static Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     const auto [begin, raw_bytes, feed] = FindPiece(reader);
     char *text = begin;
     size_t bytes = raw_bytes;
@@ -148,4 +161,29 @@ Piece NextPiece(SourceReader *reader, SourceLine *line) {
         return length < bytes ? Piece::kLine : Piece::kTooLong;
     }
     return feed || *text == '\t' || *text > 11 ? Piece::kLine : Piece::kEnd;
+}
+
+// Every line of every file comes through here.
+Piece NextPiece(SourceReader *reader, SourceLine *line) {
+    char *block = reader->Block();
+    block[reader->cut] = reader->behind_cut;
+    const size_t begin = reader->begin;
+    size_t word = begin / kMaskBytes;
+    uint64_t feeds = reader->masks[word].feed >> begin % kMaskBytes << begin % kMaskBytes;
+    while (!feeds) {
+        feeds = reader->masks[++word].feed;
+    }
+    const size_t feed = word * kMaskBytes + static_cast<size_t>(std::countr_zero(feeds));
+    char *text = block + begin;
+    if (feed >= reader->end || feed - begin >= kMaxPiece || *text < 0 || reader->has_nul) {
+        return NextOddPiece(reader, line);
+    }
+    const size_t behind = feed + 1;
+    reader->begin = behind;
+    reader->cut = behind;
+    reader->behind_cut = block[behind];
+    block[behind] = '\0';
+    text[-1] = '\0';
+    *line = {text, static_cast<int>(behind - begin), static_cast<int>(begin), reader->masks};
+    return Piece::kLine;
 }

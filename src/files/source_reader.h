@@ -25,8 +25,8 @@ struct SourceReader {
     size_t end;   // up to here
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
     char behind_cut;
-    Classifier classify;                      // null where nobody asks for masks but the reader
-    ByteMasks masks[kBlock / kMaskBytes + 1]; // of the block, for the bytes up to end
+    Classifier classify;                      // fills the masks; what for is the caller's choice at OpenSource and RewindSource
+    ByteMasks masks[kBlock / kMaskBytes + 2]; // of the block, for the bytes up to end
     char room[kFront + kBlock + kMaskBytes + kBytesBehind];
 
     char *Block() { return room + kFront; }
@@ -42,12 +42,12 @@ struct SourceLine {
 
 enum class Piece { kLine, kTooLong, kEnd };
 
-// Opens a regular file; with modify only if it may be written to. Returns 0 and sets errno for anything else; a pipe or device is
-// not waited for.
-int OpenSource(SourceReader *reader, const char *name, int modify);
+// Opens a regular file, whose lines are for the use told; with modify only if it may be written to. Returns 0 and sets errno for
+// anything else; a pipe or device is not waited for.
+int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify);
 void CloseSource(SourceReader *reader);
-// Begins again at the first byte. Returns 0 if the file can't be read from there.
-int RewindSource(SourceReader *reader);
+// Begins again at the first byte, for another use. Returns 0 if the file can't be read from there.
+int RewindSource(SourceReader *reader, MaskUse use);
 // Reads the next piece into bytes as it stands, NULs too: up to and with the next line feed, at most kMaxPiece bytes. Returns 0 at
 // the end of the file; *count is the number of bytes.
 int NextBytes(SourceReader *reader, char *bytes, int *count);

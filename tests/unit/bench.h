@@ -98,9 +98,9 @@ struct TextLine {
     SourceLine line;
 
     explicit TextLine(const std::string &text)
-        : room('\0' + text + std::string(2 * kMaskBytes + kBytesBehind, '\0'))
-        , masks(text.size() / kMaskBytes + 2) {
-        BestClassifier()(room.data(), text.size() + 1, masks.data());
+        : room('\0' + text + std::string(2 * kMaskBytes + kBytesBehind, '\0')),
+          masks(text.size() / kMaskBytes + 2) {
+        BestClassifier(MaskUse::kCode)(room.data(), text.size() + 1, masks.data());
         line = {room.data() + 1, static_cast<int>(text.size()), 1, masks.data()};
     }
 };
@@ -136,7 +136,7 @@ struct SourceBench : StateBench {
         const TempDir dir;
         WriteText(dir / "source", text);
         const auto reader = std::make_unique<SourceReader>();
-        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), 0));
+        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), MaskUse::kCode, 0));
         std::string letters;
         SourceLine line;
         for (Piece piece; (piece = NextPiece(reader.get(), &line)) != Piece::kEnd;) {

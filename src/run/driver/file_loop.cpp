@@ -270,7 +270,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     if (static_cast<unsigned char>(*file->name) <= 32 || strcmp(file->name, ".") == 0) {
         return;
     }
-    if (!OpenSource(reader, file->name, G->decharacter_mode)) {
+    if (!OpenSource(reader, file->name, G->lines_only ? MaskUse::kLines : MaskUse::kCode, G->decharacter_mode)) {
         Message(G, "\n  Error: Problem opening input file:\n         %s\n         For %s, %s\n\n", file->name,
                 G->decharacter_mode ? "modification" : "read", errno == EINVAL ? "Not a regular file" : strerror(errno));
         return;
