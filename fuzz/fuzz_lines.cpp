@@ -35,6 +35,7 @@ Lines Take(Globals *G) {
 }
 
 Lines LongWay(SourceReader *reader, Globals *G) {
+    BeginSource(G);
     SourceLine line;
     for (Piece piece; (piece = NextPiece(reader, &line)) != Piece::kEnd;) {
         if (piece == Piece::kLine) {

@@ -3,19 +3,14 @@
 // It goes from state to state: code is walked by ScanCode in dispatch.cpp, comments and literals by spans.cpp.
 #include "analysis/parse_line.h"
 
-#include <array>
-#include <bit>
 #include <climits>
-#include <cstdint>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 #include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "analysis/spans.h"
+#include "analysis/white_space.h"
 #include "files/source_reader.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
@@ -57,54 +52,9 @@ bool IsJust(const Scan &scan, char ch) {
 
 namespace {
 
-using Bytes = unsigned char __attribute__((vector_size(16)));
-
-int SumOfBytes(Bytes bytes) {
-#ifdef __SSE2__ // one instruction for all 16
-    const auto sums = std::bit_cast<std::array<uint64_t, 2>>(_mm_sad_epu8(std::bit_cast<__m128i>(bytes), _mm_setzero_si128()));
-    return static_cast<int>(sums[0] + sums[1]);
-#else
-    const auto halves = std::bit_cast<std::array<uint64_t, 2>>(bytes);
-    constexpr uint64_t kEven = 0x00ff00ff00ff00ffu;
-    const uint64_t pairs = (halves[0] & kEven) + ((halves[0] >> 8) & kEven) + (halves[1] & kEven) + ((halves[1] >> 8) & kEven);
-    return static_cast<int>((pairs * 0x0001000100010001u) >> 48);
-#endif
-}
-
-struct White {
-    int blanks, tabs;
-};
-
-// Blanks and tabs of a line, 16 bytes at a time.
-White CountWhite(const char *line, int length) {
-    Bytes blanks{};
-    Bytes tabs{};
-    for (int i = 0; i < length; i += 16) {
-        Bytes chunk{};
-        if (length - i >= 16) {
-            memcpy(&chunk, line + i, sizeof chunk);
-        } else {
-            memcpy(&chunk, line + i, length - i);
-        }
-        blanks -= (Bytes)(chunk == ' ');
-        tabs -= (Bytes)(chunk == '\t');
-    }
-    return {SumOfBytes(blanks), SumOfBytes(tabs)};
-}
-
-// Blanks and tabs ahead of a character.
-White CountWhiteAhead(const char *line, int end) {
-    White white{};
-    for (int i = 0; i < end; ++i) {
-        white.blanks += line[i] == ' ';
-        white.tabs += line[i] == '\t';
-    }
-    return white;
-}
-
 // Blanks and tabs that count, up to a character; what a "#" passed over stands ahead of it.
 White CountWhiteOf(const Scan &scan, int end) {
-    White white = end == scan.length ? CountWhite(scan.line, end) : CountWhiteAhead(scan.line, end);
+    White white = CountWhite(scan.line, end);
     white.blanks -= scan.passed_blanks;
     white.tabs -= scan.passed_tabs;
     return white;
@@ -258,17 +208,72 @@ int WhiteSoFar(const Globals *G) {
     return G->file_white + white.blanks + G->tab_width * white.tabs;
 }
 
-void ParseLine(const SourceLine &line, int line_number, Globals *G) {
-    char kinds[sizeof(LineText)];
-    Scan scan{};
-    scan.line = line.text;
+void BeginSource(Globals *G) {
+    const bool split = G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G);
+    const bool after = G->determine_source | G->work_deterministic | G->recording_lines | (G->udqn_list.count > 0);
+    G->line_wants = split * kWantsSplit + after * kWantsLook + NoticesArePrinted(G) * kWantsNotices;
+}
+
+namespace {
+
+// Field by field: most of them are set anyway.
+void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G) {
     scan.masks = line.masks;
     scan.origin = line.origin;
-    scan.number = line_number;
+    scan.line = line.text;
+    scan.number = number;
     scan.length = LengthWithoutLineEnd(line.text, line.length);
+    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
+    scan.first_nonblank = NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + scan.length) - line.origin;
+    scan.index = scan.first_nonblank;
+    scan.head_mark = 0;
+    scan.blank = scan.first_nonblank == scan.length;
+    scan.is_loc = 0;
+    scan.non_effective = 0;
+    scan.is_logical = 0;
     scan.c_comment_line = G->c_comment;
     scan.white_end = scan.length;
-    if (G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G)) {
+    scan.string_tabs = 0;
+    scan.passed_blanks = 0;
+    scan.passed_tabs = 0;
+    scan.notices_print = G->line_wants & kWantsNotices;
+    scan.aborted = 0;
+    scan.moved = 0;
+    scan.stop = -1;
+    scan.kinds = nullptr;
+}
+
+// Whoever wants to look at the line once it is scanned.
+void LookAtLine(const Scan &scan, int line_has_c_comment, Globals *G) {
+    if (G->determine_source || G->work_deterministic) {
+        ReportLine(scan, line_has_c_comment, G);
+    }
+    if (G->recording_lines) {
+        G->line_letter = LineLetter(scan, line_has_c_comment || G->cpp_comment, G);
+    }
+}
+
+// What goes on from line to line behind a backslash, and what ends here.
+void EndLine(const Scan &scan, Globals *G) {
+    if (GoesOn(scan)) {
+        ++G->continuation_count;
+        G->continuation = 1;
+        return;
+    }
+    if (G->macro_flag) {
+        EndMacroRegion(G);
+    }
+    static_cast<DirectiveState &>(*G) = DirectiveState{};
+    EndSpans(G);
+}
+
+} // namespace
+
+void ParseLine(const SourceLine &line, int line_number, Globals *G) {
+    char kinds[sizeof(LineText)];
+    Scan scan;
+    BeginScan(scan, line, line_number, G);
+    if (G->line_wants & kWantsSplit) {
         memset(kinds, kCodeSpan, sizeof kinds);
         scan.kinds = kinds;
         if (!G->continuation) {
@@ -277,13 +282,12 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
     }
     G->scan = &scan;
     BeginLine(scan, G);
-
-    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
-    scan.first_nonblank = NextByte(scan.masks, &ByteMasks::visible, scan.origin, scan.origin + scan.length) - scan.origin;
-    scan.blank = scan.first_nonblank == scan.length;
-    scan.notices_print = NoticesArePrinted(G);
-    scan.index = scan.kinds || scan.notices_print ? 0 : scan.first_nonblank;
-    scan.string_tabs = G->string_flag ? CountTabs(scan.line, scan.index) : 0; // the indent of a string's next line
+    if (G->line_wants & (kWantsSplit | kWantsNotices)) {
+        scan.index = 0;
+    }
+    if (G->string_flag) {
+        scan.string_tabs = CountTabs(scan.line, scan.index); // the indent of a string's next line
+    }
     WalkLine(scan, G);
     G->scan = nullptr;
     G->line_letter = '\0';
@@ -293,37 +297,27 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
 
     CountWhiteSpace(scan, G);
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
-    if (G->determine_source || G->work_deterministic) {
-        ReportLine(scan, line_has_c_comment, G);
-    }
-    if (G->recording_lines) {
-        G->line_letter = LineLetter(scan, line_has_c_comment || G->cpp_comment, G);
+    if (G->line_wants & kWantsLook) {
+        LookAtLine(scan, line_has_c_comment, G);
     }
     CountLine(scan, line_has_c_comment, G);
     if (scan.kinds) {
         SplitLine(scan, G);
     }
-    udqn_process(scan.line, 0, G);
+    if (G->line_wants & kWantsLook) {
+        udqn_process(scan.line, 0, G);
+    }
     if (scan.kinds && G->extract_comments && (line_has_c_comment || G->cpp_comment)) {
         ShowExtractedComment(scan.number, G);
     }
     if (scan.is_loc) {
         memcpy(G->prev_code_line, scan.line, line.length + 1);
     }
-    if (GoesOn(scan)) {
-        ++G->continuation_count;
-        G->continuation = 1;
-    } else {
-        if (G->macro_flag) {
-            EndMacroRegion(G);
-        }
-        static_cast<DirectiveState &>(*G) = DirectiveState{};
-        EndSpans(G);
-    }
-    if (G->debug) {
-        ShowSplitLine(scan, G);
-    }
+    EndLine(scan, G);
     if (scan.kinds) { // at the end of a file the rules see no line
+        if (G->debug) {
+            ShowSplitLine(scan, G);
+        }
         ClearText(G->line_code);
         ClearText(G->line_string);
         ClearText(G->line_comment);

@@ -138,6 +138,7 @@ struct SourceBench : StateBench {
         const auto reader = std::make_unique<SourceReader>();
         REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), MaskUse::kCode, 0));
         std::string letters;
+        BeginSource(G);
         SourceLine line;
         for (Piece piece; (piece = NextPiece(reader.get(), &line)) != Piece::kEnd;) {
             if (piece == Piece::kLine) {

@@ -22,6 +22,7 @@ struct Bench : StateBench {
         G->file_name = "bench";
     }
     void Scan(const std::string &text) const {
+        BeginSource(G);
         for (size_t begin = 0; begin < text.size(); begin = text.find('\n', begin) + 1) {
             const std::string line = text.substr(begin, text.find('\n', begin) + 1 - begin);
             const TextLine source(line);

@@ -54,6 +54,7 @@ bool FollowSkipTokens(const char *line, Globals *G) {
 }
 
 void ReadLines(SourceReader *reader, Globals *G) {
+    BeginSource(G);
     for (;;) {
         SourceLine line;
         const Piece piece = NextPiece(reader, &line);
