@@ -302,12 +302,9 @@ void CountLoop(const char *line, int index, Globals *G) {
     }
 }
 
-void OnWord(Scan &scan, Globals *G) {
+// A word that is a keyword by its first two letters and what stands in front of it.
+[[gnu::noinline]] static void OnLikelyKeyword(const Group &group, Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
-    if (!(group.seconds >> LetterBit(word[1]) & 1) || !(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
-        return;
-    }
     const int length = WordLength(scan);
     if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
         return;
@@ -319,5 +316,13 @@ void OnWord(Scan &scan, Globals *G) {
         if (fits && memcmp(keyword.word.data(), word, size) == 0 && TakeKeyword(keyword, scan, G)) {
             return;
         }
+    }
+}
+
+void OnWord(Scan &scan, Globals *G) {
+    const char *word = scan.line + scan.index;
+    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
+    if ((group.seconds >> LetterBit(word[1]) & 1) && (kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+        OnLikelyKeyword(group, scan, G);
     }
 }

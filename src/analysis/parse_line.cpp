@@ -53,7 +53,7 @@ bool IsJust(const Scan &scan, char ch) {
 namespace {
 
 // Blanks and tabs that count, up to a character; what a "#" passed over stands ahead of it.
-White CountWhiteOf(const Scan &scan, int end) {
+[[gnu::always_inline]] inline White CountWhiteOf(const Scan &scan, int end) {
     White white = CountWhite(scan.line, end);
     white.blanks -= scan.passed_blanks;
     white.tabs -= scan.passed_tabs;
