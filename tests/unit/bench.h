@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 #include "analysis/parse_line.h"
 #include "analysis/roll_up.h"
@@ -98,10 +99,10 @@ struct TextLine {
     SourceLine line;
 
     explicit TextLine(const std::string &text)
-        : room('\0' + text + std::string(2 * kMaskBytes + kBytesBehind, '\0')),
+        : room(std::string(2, '\0') + text + std::string(2 * kMaskBytes + kBytesBehind, '\0')),
           masks(text.size() / kMaskBytes + 2) {
-        BestClassifier(MaskUse::kCode)(room.data(), text.size() + 1, masks.data());
-        line = {room.data() + 1, static_cast<int>(text.size()), 1, masks.data()};
+        BestClassifier(MaskUse::kCode)(room.data() + 1, text.size() + 1, masks.data());
+        line = {room.data() + 2, static_cast<int>(text.size()), 1, masks.data()};
     }
 };
 
