@@ -129,16 +129,6 @@ TEST_CASE("values by type") {
     }
 }
 
-TEST_CASE_FIXTURE(Bench, "keys that are read only") {
-    Load("Force use of linear lookahead algorithm: Yes\nUse LLA for files > LCS file size: Y\n"
-         "Allowable source code extensions: c,x\nhtml alink color: blue\n");
-    CHECK(G->force_lla == 1);
-    CHECK(G->lla_for_big_files == 1);
-    CHECK(std::string(G->extension_list) == "c,x");
-    CHECK(std::string(G->html_alink_color) == "blue");
-    CHECK(!Has(Shown(), "linear lookahead"));
-}
-
 TEST_CASE_FIXTURE(Bench, "files that aren't settings files") {
     SUBCASE("a directory or a FIFO is left alone and doesn't block") {
         mkdir(Path("tly.cfg").c_str(), 0700);

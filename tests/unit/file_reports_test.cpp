@@ -152,24 +152,6 @@ TEST_CASE_FIXTURE(Bench, "file summary") {
     }
 }
 
-TEST_CASE("CSV table of files") {
-    Bench bench(Mode::kCsv);
-    const auto line = [&](int64_t size, int loc, int eloc) {
-        char name[] = "a";
-        FileData file{};
-        static_cast<Metrics &>(file) = {{loc, eloc, 2, 3, 4, 5}, 1, 2, 3, 4};
-        file.name = name;
-        file.size = size;
-        return Written([&] { CSV_File_Line(file, bench.G); });
-    };
-    CHECK(Has(line(70, 10, 2), ", 70, 10, 2, 2, 3, 4, 5, 1.50, 0, 1, 2, 3, 5, 4, 9, 0\n"));
-    CHECK(Has(line(INT64_C(3000000000), 3, -1), " 3000000000, 3, -1, 2, 3, 4, 5, 0.00, 0,"));
-    bench.G->csv_file_lines = 1;
-    const auto closing = [&] { return Written([&] { CSV_File_Total(bench.G); }); };
-    CHECK(Has(closing(), "Total,, , 3000000070, 13, 1, 4, 6, 8, 10, 1.50, 0, 2, 4, 6, 10, 8, 18, 0\n"));
-    CHECK(Count(closing(), "\n") == 1); // cleared: just the column line
-}
-
 TEST_CASE_FIXTURE(Bench, "languages") {
     G->cs_files = G->java_files = 2;
     AddLanguage(kCsGroup, {30, 20, 10, 5, 0, 35}, G);

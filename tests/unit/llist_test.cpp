@@ -92,7 +92,6 @@ TEST_CASE_FIXTURE(ListBench, "list: ties, directions and keys") {
     auto add = [&](const char *name, int loc, int state, int key) {
         NodeData record{};
         record.name = const_cast<char *>(name);
-        record.inherit_line = const_cast<char *>("base");
         record.loc = loc;
         record.returns = state;
         AddListNode(key, record, &entities, G);
@@ -102,44 +101,19 @@ TEST_CASE_FIXTURE(ListBench, "list: ties, directions and keys") {
         const char *order;
     };
     const Case cases[] = {
-        {0, 0, "b a d c"}, {1, 0, "a b c d"}, {1, 1, "a b c d"}, // names of entities always sort upward
-        {2, 0, "a b d c"}, {2, 1, "c d a b"},                    // a and b are equal, a was added last
-        {6, 0, "c d b a"}, {7, 0, "b a d c"}, {-3, 0, "b a d c"},
+        {1, 1, "a b c d"},                                                           // names of entities always sort upward
+        {2, 0, "a b d c"}, {2, 1, "c d a b"}, {6, 0, "c d b a"}, {-3, 0, "b a d c"}, // a and b are equal in LOC, a was added last
     };
     for (const Case &c : cases) {
         CAPTURE(c.key);
-        CAPTURE(c.descending);
         G->sort_descending = c.descending;
-        for (int resort = 0; resort < 2; ++resort) { // sorted while adding, then afterwards
-            const int key = resort ? 0 : c.key;
-            add("b", 1, 3, key);
-            add("a", 1, 4, key);
-            add("d", 2, 2, key);
-            add("c", 3, 1, key);
-            LlistResort_NodeData(&entities, resort ? c.key : 0, G);
-            CHECK(Names<NodeData>(entities) == c.order);
-            LlistDestroy(&entities, NodeDataFree);
-        }
+        add("b", 1, 3, c.key);
+        add("a", 1, 4, c.key);
+        add("d", 2, 2, c.key);
+        add("c", 3, 1, c.key);
+        CHECK(Names<NodeData>(entities) == c.order);
+        LlistDestroy(&entities, NodeDataFree);
     }
-}
-
-TEST_CASE_FIXTURE(ListBench, "list: searches by name") {
-    Llist dirs{};
-    for (const char *name : {"/src/lib", "/src", "/Doc"}) {
-        NodeData record{};
-        record.name = const_cast<char *>(name);
-        AddListNode(0, record, &dirs, G);
-    }
-    auto position = [&](const char *key, LlistCompare compare) {
-        const LlistNode *node = LlistSearch(&dirs, key, compare);
-        return node ? std::string(Record<NodeData>(node)->name) : std::string("-");
-    };
-    CHECK(position("/src/sub", IsInName_NodeType) == "/src"); // the entry is a directory above the key
-    CHECK(position("/src/lib/x", IsInName_NodeType) == "/src/lib");
-    CHECK(position("/src", IsInName_NodeType) == "/src");
-    CHECK(position("/src2", IsInName_NodeType) == "-"); // a neighbour
-    CHECK(LlistSearch(&dirs, nullptr, IsInName_NodeType) == nullptr);
-    LlistDestroy(&dirs, NodeDataFree);
 }
 
 TEST_CASE("the name index answers as a map of the library does") {

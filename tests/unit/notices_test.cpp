@@ -10,11 +10,10 @@ namespace {
 struct Bench : StateBench {
     Bench() {
         G->head_written = 1;
-        G->file_name = "a&b.cpp";
+        G->file_name = "a.cpp";
         G->file_line_no = 7;
         G->quality_notices = 1;
         G->function_metrics = 1;
-        CopyText(G->html_notice_color, "#CC0000");
         std::fill(std::begin(G->notice_enabled), std::end(G->notice_enabled), 1);
     }
 };
@@ -29,37 +28,6 @@ std::string Listed(const Globals *G) {
 }
 
 } // namespace
-
-TEST_CASE("long forms: line first, HTML, XML") {
-    const std::string font = "\n    <font color=\"#CC0000\"><b>";
-    const struct {
-        void (*raise)(Globals *G);
-        std::string line_first, html;
-    } cases[] = {
-        {[](Globals *G) { NoticeFilePercent(19, 1.0F, 2.5F, G); }, "\n    Notice #19: File",
-         font + "Notice</b></font> #19: File white space percentage, <b>1.0%</b> is less than <b>2.5%</b> \n"},
-        {[](Globals *G) { EmitMultipleInheritanceNotice("A<T>", G); }, "\n    File a&b.cpp: Line 7: Notice #42\n           Class",
-         font + "NOTICE</b></font> #42: <b>Line 7:</b>\n           Class multiple inheritance has been identified for class "
-                "<b>A&lt;T&gt;</b>.\n"},
-        {[](Globals *G) { NoticeStray('}', G); },
-         "\n    Line: 7\n           File: a&b.cpp\n           Notice: #12\n           Brace",
-         "\n<font color=\"#CC0000\"><b>    Notice</b></font> #12:\n           <b>File</b>: a&amp;b.cpp\n           <b>Line</b>: "
-         "7\n"},
-    };
-    Bench bench;
-    for (const auto &c : cases) {
-        for (const int html : {0, 1}) {
-            bench.G->reorder_notice_line = !html;
-            bench.G->html_mode = html;
-            CHECK(Written([&] { c.raise(bench.G); }).starts_with(html ? c.html : c.line_first));
-        }
-    }
-    CHECK(Listed(bench.G) == "");
-    bench.G->html_mode = 0;
-    bench.G->xml_mode = 1;
-    CHECK(Has(Written([&] { Notice_MinFuncLloc(1, bench.G); }), "1 is &lt;= to"));
-    CHECK(Written([&] { NoticeStray(')', bench.G); }) == "");
-}
 
 TEST_CASE_FIXTURE(Bench, "what is off or skipped counts nothing") {
     G->notice_enabled[9] = 0;
@@ -85,23 +53,6 @@ TEST_CASE_FIXTURE(Bench, "the switches choose the form") {
     CHECK(Listed(G) == "9 ");
     CHECK(G->notice_cnt[9] == 2);
     CHECK(std::string(GetNoticeStr(101, G)) == "Unsupported");
-}
-
-TEST_CASE_FIXTURE(Bench, "a body without braces shows the line of its keyword") {
-    G->notice_short_format = G->notices_by_file = G->totals_notice_summary = 1;
-    for (const char *wanted : {"  Notice #  22: Line    5, 'else' is not bound with scope braces {}\n",
-                               "<notice>\n<type>22</type>\n<line>7</line><description>else is not bound with scope braces "
-                               "{}</description>\n</notice>\n",
-                               ""}) {
-        G->xml_mode = *wanted == '<';
-        G->function_metrics = *wanted != '\0';
-        G->scope_kind = 2;
-        G->scope_line = G->scope_paren = G->scope_pending_line = 5;
-        CHECK(Written([&] { EmitScopeError(G); }) == wanted);
-        CHECK((G->scope_kind | G->scope_line | G->scope_paren | G->scope_pending_line) == 0);
-    }
-    CHECK(G->notice_list.head->next->next == nullptr);
-    CHECK(Record<NameData>(G->notice_list.head)->line == 5);
 }
 
 TEST_CASE("assigned literals, on the line of the sign and behind it") {
