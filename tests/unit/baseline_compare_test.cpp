@@ -176,6 +176,5 @@ TEST_CASE("times between baselines") {
             ShowProductivity(work, G);
         });
         CHECK(Has(text, "9223372036854775808"));
-        CHECK((mode != Mode::kXml || WellFormed(text)));
     }
 }

@@ -193,15 +193,10 @@ TEST_CASE_FIXTURE(Bench, "totals") {
     SUBCASE("directories") {
         CHECK(AddDirMetricsNode("a&b,c", G));
         G->report_switch_given = 1;
-        const auto directories = [&] { return Written([&] { ShowTotalDirSummary(G); }); };
         G->function_metrics = 1;
-        CHECK(!directories().ends_with("\n\n"));
+        CHECK(!Written([&] { ShowTotalDirSummary(G); }).ends_with("\n\n"));
         SetMode(Mode::kCsv);
-        CHECK(directories().starts_with("Files,0,a&b c\n"));
-        SetMode(Mode::kXml);
-        CHECK(WellFormed(directories()));
-        G->report_switch_given = 0;
-        CHECK(WellFormed(directories()));
+        CHECK(Written([&] { ShowTotalDirSummary(G); }).starts_with("Files,0,a&b c\n"));
     }
     SUBCASE("all wins over languages, and runs each report once") {
         G->totals_all = G->totals_language = 1;
@@ -240,8 +235,6 @@ TEST_CASE_FIXTURE(Bench, "timer and benchmark") {
         CHECK(!Has(report(), "Lines Processed/s"));
         G->total.file_line_no = 1000;
         CHECK(Has(report(), " Physical Lines Processed/s\n"));
-        SetMode(Mode::kXml);
-        CHECK(WellFormed(report()));
     }
 }
 

@@ -162,36 +162,27 @@ TEST_CASE_FIXTURE(FilesBench, "files: environment variables in a line") {
     setenv("TLYLOOP", "%TLYLOOP%%TLYLOOP%", 1);
     setenv("TLYSELF", "%TLYSELF%", 1);
     setenv("TLYBIG", std::string(2000, 'x').c_str(), 1);
-    G->list_files_only = 1;
-    const std::string big(60, 'y');
-    const std::string too_long = "%TLYBIG%" + big + ".c";
+    const std::string too_long = "%TLYBIG%" + std::string(60, 'y') + ".c";
     struct Case {
         const char *line, *expanded, *shown;
     };
-    const char *no_end = "  Error: Expanding environment variable from -F file.\n         No end of variables in the line: ";
-    const char *no_room = "  Error: Expanding environment variable from -F file.\n         The expanded line is too long: ";
     const Case cases[] = {
         {"a%b.c", "a%b.c", ""},
         {"%%a%TLYA%", "%%a%TLYA%", ""},
-        {"%TLYA%/x.c", "aa/x.c", "  -F Expanded File Line: aa/x.c\n\n"},
-        {"1%TLYA%2%3", "1aa2%3", "  -F Expanded Line: 1aa2%3\n\n"},
-        {"%TLYA%/%TLYA%", "aa/aa", "  -F Expanded File Line: aa/aa\n\n"},
-        {"%TLYB%.c", "%TLYA%.c", "  -F Expanded File Line: %TLYA%.c\n\n"}, // no pair behind it: the value stands
-        {"%TLYA%/%TLYNONE%", "aa/%TLYNONE%", nullptr},
-        {"%TLYSELF%%x%\n", "%TLYSELF%%x%\n", no_end},
-        {"%TLYLOOP%%x%", "%TLYLOOP%%x%", nullptr},
-        {too_long.c_str(), too_long.c_str(), no_room},
+        {"1%TLYA%2%3", "1aa2%3", ""},
+        {"%TLYA%/%TLYA%", "aa/aa", ""},
+        {"%TLYB%.c", "%TLYA%.c", ""}, // no pair behind it: the value stands
+        {"%TLYA%/%TLYNONE%", "aa/%TLYNONE%", "  Error: Expanding environment variable"},
+        {"%TLYSELF%%x%\n", "%TLYSELF%%x%\n", "No end of variables in the line: "},
+        {"%TLYLOOP%%x%", "%TLYLOOP%%x%", "  Error: Expanding"},
+        {too_long.c_str(), too_long.c_str(), "The expanded line is too long: "},
     };
     for (const Case &c : cases) {
         CAPTURE(c.line);
         LineText out;
         CHECK(std::string(ExpandEnvarString(c.line, out, G)) == c.expanded);
         const std::string told = Shown();
-        if (c.shown == no_end || c.shown == no_room) {
-            CHECK(told.find(c.shown) == 0);
-        } else if (c.shown) {
-            CHECK(told == c.shown);
-        }
+        CHECK((*c.shown ? Has(told, c.shown) : told.empty()));
     }
     for (const char *name : {"TLYA", "TLYB", "TLYLOOP", "TLYSELF", "TLYBIG"}) {
         unsetenv(name);

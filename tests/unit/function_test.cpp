@@ -103,36 +103,6 @@ TEST_CASE_FIXTURE(Bench, "what an older candidate leaves") {
     CHECK(G->funcname_flag == 0);
 }
 
-TEST_CASE("parameters") {
-    struct {
-        const char *name, *text, *packed;
-        int count;
-    } cases[] = {
-        {"f", "(void)", "(void)", 0},
-        {"f", "( ) {", "()", 0},
-        {"f", "( int a,  int\tb ) x", "(int a, intb)", 2},
-        {"f", "(int (*cb)(void ), int b)", "(int (*cb)(void)", 1}, // a ")" behind a blank is the end
-        {"f", "(std::map<int, int> a, int b) const {", "(std::map<int, int> a, int b)", 2},
-        {"f", "(const A<B<C, D>, E> &a = {1}) {", "(const A<B<C, D>, E> &a = {1})", 1},
-        {"A::A", "(int a) : b(a), c(1) { d(); }", "(int a)", 1},
-        {"A::operator ()", "()(int x) { y(); }", "()(int x)", 1},
-        {"f", "", ")", 1},
-    };
-    Bench bench;
-    for (const auto &c : cases) {
-        CAPTURE(std::string(c.text));
-        LineText params;
-        CopyText(params, c.text);
-        packParams(params, c.name, bench.G);
-        CHECK(std::string(params) == c.packed);
-        CHECK(countParams(params) == c.count);
-    }
-    LineText params = "(a, b) int a; {";
-    bench.G->kr_flag = bench.G->if_directive = 1;
-    packParams(params, "f", bench.G);
-    CHECK(std::string(params) == "(a, b) Non-ANSI Parameter Construct Defined By Compiler Directive");
-}
-
 TEST_CASE_FIXTURE(Bench, "a file's extremes are those of its largest function") {
     Run("f", "(int a, int b)", [&] {
         G->file_loc = 5, G->local_if = 3;

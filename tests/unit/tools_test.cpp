@@ -1,7 +1,5 @@
-// How an extracted text is cleaned, and how a listed line is folded.
+// How an extracted text is cleaned, and where a listed page has its number.
 #include "bench.h"
-
-#include <algorithm>
 
 #include "analysis/extraction.h"
 #include "tools/listing.h"
@@ -33,31 +31,6 @@ TEST_CASE("an extracted text is cut to what can be read") {
     }
     char comment[] = " * x \t\r\n";
     CHECK(std::string(ExtractComment(comment)) == " * x");
-}
-
-TEST_CASE("a listed line is folded where the printed line ends") {
-    const StateBench bench;
-    Globals *G = bench.G;
-    G->print_line_length = 20; // 13 for the text
-    const struct {
-        const char *line, *listed;
-    } cases[] = {
-        {"\n", "    7| \n"},
-        {"", "    7| \n"},
-        {"1234567890123\n", "    7| 1234567890123\n"},
-        {"1234567890123\r\n", "    7| 1234567890123\r\n"},
-        {"12345678901234", "    7| 1234567890123\n     | 4\n"},
-        {"12345678901231234567890123\n", "    7| 1234567890123\n     | 1234567890123\n"},
-    };
-    for (const auto &row : cases) {
-        CAPTURE(row.line);
-        int rows = 0;
-        const std::string text = Written([&] { rows = PutLine(row.line, 7, G); });
-        CHECK(text == row.listed);
-        CHECK(rows == std::count(text.begin(), text.end(), '\n'));
-    }
-    G->print_line_length = -5; // from nowhere, but nothing to hang on
-    CHECK(Written([&] { PutLine("ab\n", 123456, G); }) == "123456| a\n     | b\n");
 }
 
 TEST_CASE("the page number ends at the right margin") {
