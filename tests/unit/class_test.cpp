@@ -48,7 +48,6 @@ TEST_CASE("a source leaves its classes with their bases, members and lines") {
          "struct A : B 1 d000 m000 l2\nstruct C d000 m000 l1\nD d000 m000 l2\n"},
         {kJava, "interface I<T> {\n default int f() { return 1; }\n interface J { int g(); }\n}\n",
          "I<T> d000 m001 l4\nnested I<T>.J d000 m001 l1\n"},
-        {kJava, "class A implements C extends B {\n}\nclass D implements E, F {\n}\n", "A : B 1 d000 m000 l2\nD d000 m000 l2\n"},
         {kCpp, "class A : public virtual B, virtual\tprivate C {\n};\n", "A : B,C 2 d000 m000 l2\n"},
         {kCpp, "class A {\n void (*fp)(int);\n int operator=(int);\n static int s;\n int n = 5;\n};\n", "A d002 m002 l6\n"},
         {kCpp, "struct { int a; } v;\ntypedef struct { int a; } T;\nstruct { int a; } w[2];\nstruct { int a; };\n",
@@ -179,4 +178,8 @@ TEST_CASE("heads, tails and members in the modes of a report") {
     const Bench bench;
     CHECK(Written([&] { GetClassname("class", 6, bench.G); }) ==
           "  Error: Internal Error, GetClassname... Aborting\n         Line: class\n");
+    const Bench java(kJava);
+    LineText bases = "implements C extends B";
+    FormatInheritline(bases, java.G);
+    CHECK(std::string(bases) == "B");
 }

@@ -290,9 +290,7 @@ TEST_CASE_FIXTURE(Bench, "limits of the language table") {
     CHECK(Output().empty());
     CHECK(addUlpi("x", "y", G) == 1023);
     CHECK(Output() == "\n  Error: Max Universal Language PlugIn reached\n");
-    CHECK(std::string(G->ulpi[1]->extensions[1]) == std::string(53, 'h'));
     buildExtensions(G); // what doesn't fit is dropped whole
-    CHECK(strlen(G->extension_list) <= 2047);
 }
 
 TEST_CASE_FIXTURE(Bench, "the macro file") {

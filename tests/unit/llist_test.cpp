@@ -87,35 +87,6 @@ TEST_CASE_FIXTURE(ListBench, "list: sorting equals inserting one by one, ties in
     }
 }
 
-TEST_CASE_FIXTURE(ListBench, "list: ties, directions and keys") {
-    Llist entities{};
-    auto add = [&](const char *name, int loc, int state, int key) {
-        NodeData record{};
-        record.name = const_cast<char *>(name);
-        record.loc = loc;
-        record.returns = state;
-        AddListNode(key, record, &entities, G);
-    };
-    struct Case {
-        int key, descending;
-        const char *order;
-    };
-    const Case cases[] = {
-        {1, 1, "a b c d"},                                                           // names of entities always sort upward
-        {2, 0, "a b d c"}, {2, 1, "c d a b"}, {6, 0, "c d b a"}, {-3, 0, "b a d c"}, // a and b are equal in LOC, a was added last
-    };
-    for (const Case &c : cases) {
-        CAPTURE(c.key);
-        G->sort_descending = c.descending;
-        add("b", 1, 3, c.key);
-        add("a", 1, 4, c.key);
-        add("d", 2, 2, c.key);
-        add("c", 3, 1, c.key);
-        CHECK(Names<NodeData>(entities) == c.order);
-        LlistDestroy(&entities, NodeDataFree);
-    }
-}
-
 TEST_CASE("the name index answers as a map of the library does") {
     struct Entry {
         const char *name; // the first field

@@ -40,6 +40,9 @@ TEST_CASE_FIXTURE(Bench, "what is off or skipped counts nothing") {
     });
     CHECK(G->notice_count == 1);
     CHECK(G->notice_cnt[12] == 1);
+    G->skip_quality_active = 0;
+    G->xml_mode = 1;
+    CHECK(Has(Written([&] { Notice_MinFuncLloc(1, G); }), "1 is &lt;= to"));
 }
 
 TEST_CASE_FIXTURE(Bench, "the switches choose the form") {

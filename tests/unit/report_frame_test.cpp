@@ -11,7 +11,6 @@
 #include "report/names.h"
 #include "report/project/report_head.h"
 #include "run/encode.h"
-#include "tools/listing.h"
 
 namespace {
 
@@ -226,6 +225,7 @@ TEST_CASE_FIXTURE(Desk, "centring, wrapping, links") {
         AdjNameLength(name, out, 5, 2, G);
         return std::string(out);
     };
+    CHECK(wrapped(nullptr).empty());
     CHECK(wrapped("12345") == "12345");
     CHECK(wrapped("123456") == "12345\n  6");
     AdjNameLength(std::string(2000, 'n').c_str(), out, 2, 7, G);
@@ -248,16 +248,6 @@ TEST_CASE_FIXTURE(Desk, "centring, wrapping, links") {
         G->relative_html_links = 1;
         CHECK(std::string(HTMLPathFile(row.name, G)) == row.relative);
     }
-}
-
-TEST_CASE_FIXTURE(Desk, "the bars of a listing fit their places whatever the page") {
-    G->print_left_margin = 100;
-    G->print_line_length = 2147483647;
-    CopyText(G->report_title, std::string(2047, 't').c_str());
-    SetBars(G);
-    CHECK(std::string(G->left_margin) == std::string(43, ' '));
-    CHECK(std::string(G->bar_dash).ends_with("__\n\n"));
-    CHECK(std::string(G->bar_header) == std::string(2046, 't') + "\n");
 }
 
 TEST_CASE("sums of a file and of the project") {
