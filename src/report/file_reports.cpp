@@ -131,9 +131,6 @@ void ShowFileLine(const char *name, int64_t date, int64_t size, int compact, int
 }
 
 void ShowFileEnd(const char *name, Globals *G) {
-    if (!G->report_switch_given || G->totals_only) {
-        return;
-    }
     const Mode mode = OutputMode(G);
     LineText wrapped;
     AdjNameLength(name, wrapped, Behind("End of File"), G);
