@@ -4,7 +4,6 @@
 
 #include "analysis/class.h"
 #include "analysis/entities.h"
-#include "analysis/namespaces.h"
 
 namespace {
 

@@ -8,13 +8,11 @@
 #include <vector>
 
 #include "config/languages.h"
-#include "report/frame.h"
 #include "report/project/report_head.h"
 #include "run/driver/command_line.h"
 #include "run/driver/switches.h"
 #include "run/driver/tly.h"
 #include "run/program_files.h"
-#include "tools/help.h"
 
 namespace {
 

@@ -4,8 +4,6 @@
 #include "config/languages.h"
 #include "report/benchmark.h"
 #include "report/file_reports.h"
-#include "report/forms.h"
-#include "report/frame.h"
 #include "report/project/totals.h"
 #include "run/compare.h"
 
