@@ -192,6 +192,7 @@ TEST_CASE("heads under hostile names and titles") {
     };
     const auto as_is = [](Globals *) {};
     const std::string encoded = "&lt;&amp;&quot;&apos;--??&gt;,%s";
+    CHECK(Has(head(Mode::kText, as_is), std::string(kUnderscores) + kUnderscores + "\n\n  Config. File: " + kHostile + "\n\n"));
     CHECK(Has(head(Mode::kHtml, as_is), "Config. File</font></b>: &lt;&amp;&quot;'--\x01\xFF&gt;,%s\n"));
     CHECK(Has(head(Mode::kXml, as_is), "href=\"file:///" + encoded + "\"?>\n<vxtly>\n<banner>" + encoded + "</banner>\n"));
     CHECK(Has(head(Mode::kCsv, as_is), "\n\nConfiguration File,<&\"'--\x01\xFF> %s\n\n" + std::string(kHostile) + "\n"));
