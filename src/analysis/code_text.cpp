@@ -193,9 +193,6 @@ void Strip_nrt(const char *text, std::span<char> out) {
 }
 
 void FormatTemplateLine(char *text) {
-    if (strlen(text) > sizeof(LineText) - 1) {
-        return;
-    }
     char *out = text;
     for (const char *p = text; *p;) {
         if (IsBlankOrTab(*p)) {

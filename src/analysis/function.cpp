@@ -23,9 +23,6 @@
 namespace {
 
 void ShowHead(const Scan &scan, Globals *G) {
-    if (!G->function_metrics && !G->list_functions && !G->template_ident) {
-        return;
-    }
     G->func_start_line = G->file_line_no;
     if (G->quality_notices && !G->list_functions) {
         FunctionBegin(G);
@@ -59,9 +56,6 @@ EntityFigures Measure(const Globals *G) {
     const int chars = G->file_chars - G->func_start_chars;
     f.white_pct = Percent(WhiteSoFar(G) - G->func_start_white, chars);
     f.blank_pct = Percent(f.blanks, total);
-    if (total == 0) {
-        f.loc = 1;
-    }
     return f;
 }
 

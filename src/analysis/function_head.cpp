@@ -73,9 +73,6 @@ int EnterPointerDeclarator(Head &head) {
     if (head.first_paren == head.last_paren) {
         return 0;
     }
-    if (head.line[head.col] == '(') {
-        return 1;
-    }
     do {
         ++head.col;
     } while (head.col < head.length && head.line[head.col] != '(' && NextBehindCol(head) != '*');

@@ -144,9 +144,6 @@ void OpenNamespace(const char *token, Scan &scan, Globals *G) {
 }
 
 void OnPackage(Scan &scan, int end, Globals *G) {
-    if (!G->is_java) {
-        return;
-    }
     if (!GetNextToken(scan.line, end, G->namespace_name)) {
         ClearText(G->namespace_name);
         return;

@@ -232,9 +232,7 @@ void OnQuestion(Scan &scan, Globals *G) {
         return;
     }
     ++G->local_inline_if;
-    if (!G->macro_flag) {
-        NoticeAtLine(kNoticeTernary, G);
-    }
+    NoticeAtLine(kNoticeTernary, G);
 }
 
 // "..." as a parameter; catch (...) isn't meant

@@ -71,27 +71,6 @@ inline bool Has(const std::string &text, const std::string &part) {
     return text.find(part) != std::string::npos;
 }
 
-// Every opened element is closed in its order, and no "&" stands raw.
-inline bool WellFormed(const std::string &xml) {
-    std::string open;
-    for (size_t i = 0; (i = xml.find_first_of("<&", i)) != std::string::npos; ++i) {
-        const size_t begin = i;
-        i = xml.find(xml[begin] == '<' ? '>' : ';', begin);
-        const std::string tag = xml.substr(begin, i - begin);
-        if (i == std::string::npos || (tag.starts_with("</") && !open.ends_with("<" + tag.substr(2)))) {
-            return false;
-        }
-        if (tag.starts_with("</")) {
-            open.resize(open.size() - tag.size() + 1);
-        } else if (tag[0] == '<') {
-            open += tag;
-        } else {
-            i = begin;
-        }
-    }
-    return open.empty();
-}
-
 // A line that stands in no file, as the reader would hand it out.
 struct TextLine {
     std::string room;
