@@ -1,0 +1,37 @@
+// One row per command.
+#include <cstdio>
+
+#include "options.h"
+#include "read_project.h"
+
+namespace {
+
+// What every report begins with. Remarks go to stderr.
+bool Load(const Options &options, Model &m) {
+    std::string error;
+    if (!ReadProject(options.inputs, options.root, m, error)) {
+        fprintf(stderr, "tly-report: %s\n", error.c_str());
+        return false;
+    }
+    for (const std::string &remark : m.remarks) {
+        fprintf(stderr, "tly-report: %s\n", remark.c_str());
+    }
+    return true;
+}
+
+int RunJson(const Options &options) {
+    Model m;
+    if (!Load(options, m)) {
+        return kBad;
+    }
+    printf("%zu files, %zu functions, %zu classes, %zu notices\n", m.files.size(), m.functions.size(), m.classes.size(),
+           m.notices.size());
+    return kFine;
+}
+
+} // namespace
+
+const Command kCommands[] = {
+    {"json", "all figures as JSON, for programs and for later comparison", RunJson},
+    {nullptr, nullptr, nullptr},
+};
