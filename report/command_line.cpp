@@ -22,7 +22,7 @@ struct OptionRow {
 const OptionRow kOptions[] = {
     {" json ", "IN", "", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
     {" json run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
-    {" json ", "--root", "DIR", "show paths relative to DIR (the current directory)", &Options::root},
+    {" json ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
 };
 // clang-format on
 

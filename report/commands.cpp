@@ -2,7 +2,9 @@
 #include <cstdio>
 
 #include "options.h"
+#include "output.h"
 #include "read_project.h"
+#include "write_json.h"
 
 namespace {
 
@@ -24,9 +26,7 @@ int RunJson(const Options &options) {
     if (!Load(options, m)) {
         return kBad;
     }
-    printf("%zu files, %zu functions, %zu classes, %zu notices\n", m.files.size(), m.functions.size(), m.classes.size(),
-           m.notices.size());
-    return kFine;
+    return WriteOutput(options.output, [&m](std::FILE *out) { return WriteJson(m, out); });
 }
 
 } // namespace

@@ -99,6 +99,9 @@ void CountKinds(Model &m) {
         kind.text = kind.text ? kind.text : notice.text;
         ++kind.count;
     }
+    for (Notice &notice : m.notices) {
+        notice.text = kinds[notice.number].text;
+    }
     m.kinds.clear();
     for (const auto &[number, kind] : kinds) {
         m.kinds.push_back(kind);
@@ -149,19 +152,52 @@ void MergeClass(ClassRow &row, const ClassRow &other) {
     Add(row.lines, other.lines);
 }
 
-void JoinClasses(Model &m, std::vector<ClassRow> &classes) {
-    std::ranges::stable_sort(classes, {},
-                             [&m](const ClassRow &c) { return std::tuple(m.texts[c.name], c.kind == ClassKind::kInterface); });
-    std::vector<ClassRow> joined;
+bool IsSame(const ClassRow &a, const ClassRow &b) {
+    return a.name == b.name && (a.kind == ClassKind::kInterface) == (b.kind == ClassKind::kInterface);
+}
+
+void SortClasses(const Model &m, std::vector<ClassRow> &classes) {
+    std::ranges::stable_sort(classes, {}, [&m](const ClassRow &c) { return std::tuple(m.texts[c.name], c.kind); });
+}
+
+// Merges neighbours of one name. Tells the name of each row that went into another.
+std::vector<TextId> MergeClasses(std::vector<ClassRow> &classes) {
+    std::vector<ClassRow> merged;
+    std::vector<TextId> gone;
     for (const ClassRow &row : classes) {
-        if (!joined.empty() && joined.back().name == row.name &&
-            (joined.back().kind == ClassKind::kInterface) == (row.kind == ClassKind::kInterface)) {
-            MergeClass(joined.back(), row);
+        if (!merged.empty() && IsSame(merged.back(), row)) {
+            MergeClass(merged.back(), row);
+            gone.push_back(row.name);
         } else {
-            joined.push_back(row);
+            merged.push_back(row);
         }
     }
-    classes = std::move(joined);
+    classes = std::move(merged);
+    return gone;
+}
+
+// Takes a class that was merged away off the count of its namespace, the longest one that its name begins with.
+void Uncount(Model &m, TextId name) {
+    std::string_view scope = m.texts[name];
+    for (size_t end = scope.find_last_of(".:"); end != std::string_view::npos; end = scope.find_last_of(".:")) {
+        scope = scope.substr(0, end > 0 && scope[end] == ':' ? end - 1 : end);
+        const auto found = std::ranges::lower_bound(m.namespaces, scope, {}, [&m](const ClassRow &c) { return m.texts[c.name]; });
+        if (found != m.namespaces.end() && m.texts[found->name] == scope) {
+            found->classes = std::max<int64_t>(found->classes - 1, 0);
+            return;
+        }
+    }
+}
+
+void JoinClasses(Model &m, bool several) {
+    SortClasses(m, m.classes);
+    SortClasses(m, m.namespaces);
+    if (several) {
+        MergeClasses(m.namespaces);
+        for (const TextId name : MergeClasses(m.classes)) {
+            Uncount(m, name);
+        }
+    }
 }
 
 void JoinLanguages(Model &m) {
@@ -177,12 +213,23 @@ void JoinLanguages(Model &m) {
     m.languages = std::move(joined);
 }
 
+// What a nested class has, the class around it has as well.
+bool IsPartOfAnother(const FunctionRow &) {
+    return false;
+}
+
+bool IsPartOfAnother(const ClassRow &row) {
+    return row.nested;
+}
+
 template <class Row> Sums SumsOf(const std::vector<Row> &rows) {
     Sums sums;
     for (const Row &row : rows) {
         ++sums.count;
-        Add(sums.lines, row.lines);
-        Add(sums.sum, row.complexity);
+        if (!IsPartOfAnother(row)) {
+            Add(sums.lines, row.lines);
+            Add(sums.sum, row.complexity);
+        }
         Raise(sums.max, row.complexity);
         Raise(sums.max_lines, row.lines);
     }
@@ -204,7 +251,7 @@ void AddUp(Model &m) {
 
 } // namespace
 
-bool FinishModel(Model &m, std::string &error) {
+bool FinishModel(Model &m, bool several, std::string &error) {
     const std::vector<uint32_t> place = SortFiles(m);
     const auto twice = std::ranges::adjacent_find(m.files, {}, &FileRow::path);
     if (twice != m.files.end()) {
@@ -216,8 +263,7 @@ bool FinishModel(Model &m, std::string &error) {
     SortNotices(m, place);
     CountKinds(m);
     FindFunctions(m);
-    JoinClasses(m, m.classes);
-    JoinClasses(m, m.namespaces);
+    JoinClasses(m, several);
     JoinLanguages(m);
     AddUp(m);
     return true;

@@ -40,15 +40,12 @@ struct Complexity {
     int64_t total = 0; // interface and cyclomatic
 };
 
-// Whether the source of a file could be read when its notices got their fingerprints.
-enum class Source : uint8_t { kUnread, kRead };
-
 struct FileRow {
     TextId path = 0;   // "/" between parts, relative to the root where the file lies below it; sorted by this, byte by byte
     TextId opened = 0; // the path as tly was given it; what to open. 0 if the model comes from a JSON
     TextId date = 0;   // last change, as in "Sun Sep  9 01:46:40 2001"
     Language language = Language::kOther;
-    Source source = Source::kUnread;
+    bool by_line = false; // the fingerprints of its notices rest on line numbers: see fingerprint.h
     int64_t bytes = 0;
     Lines lines;
     uint32_t first_notice = 0; // its notices are m.notices[first_notice] and the notice_count - 1 behind it
@@ -104,7 +101,7 @@ struct LanguageRow {
     Lines lines;
 };
 
-// A kind of notice that was raised, or (with the count 0) one that an input names.
+// A kind of notice that was raised.
 struct NoticeKind {
     int number = 0;  // 1 to 58 are tly's own, from 100 the user's
     TextId text = 0; // one line, with the limit in force: "Cyclomatic complexity > 10"
@@ -112,8 +109,9 @@ struct NoticeKind {
 };
 
 struct Notice {
-    uint32_t file = 0; // index of m.files
-    uint32_t line = 1; // from 1
+    uint32_t file = 0;    // index of m.files
+    uint32_t line = 1;    // from 1
+    bool has_line = true; // false where tly tells no line, and 1 stands in; of no use any more once there are fingerprints
     int32_t number = 0;
     TextId text = 0;           // of its kind
     uint32_t function = kNone; // the function that holds the line, index of m.functions
@@ -151,8 +149,7 @@ struct Model {
     // Found by FinishModel (join.h).
     Lines total; // of all files; blanks are those of the languages
     Sums function_sums;
-    Sums class_sums;            // without namespaces
-    int64_t unread_sources = 0; // files with notices whose source couldn't be read: their fingerprints rest on line numbers
+    Sums class_sums; // without namespaces
 };
 
 // The language of the file with this name.

@@ -7,6 +7,7 @@
 #include "fingerprint.h"
 #include "join.h"
 #include "paths.h"
+#include "read_json.h"
 #include "read_xml.h"
 
 namespace {
@@ -18,7 +19,10 @@ bool ReadInput(const std::string &input, const std::string &root, Model &m, std:
         error = input + ": " + strerror(errno) + ". Name the XML that tly -X -Ta -Tq or tly-report run wrote.";
         return false;
     }
-    const bool read = ReadXml(in, standard ? "standard input" : input, root, m, error);
+    const std::string name = standard ? "standard input" : input;
+    const int first = fgetc(in);
+    ungetc(first, in);
+    const bool read = first == '{' ? ReadJson(in, name, m, error) : ReadXml(in, name, root, m, error);
     if (!standard) {
         fclose(in);
     }
@@ -37,9 +41,9 @@ bool ReadProject(const std::vector<std::string> &inputs, const std::string &root
             return false;
         }
     }
-    if (!FinishModel(m, error)) {
+    if (!FinishModel(m, inputs.size() > 1, error)) {
         return false;
     }
-    TakeFingerprints(m);
+    TakeFingerprints(m, prefix);
     return true;
 }

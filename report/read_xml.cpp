@@ -133,7 +133,7 @@ struct Reader {
     Members attributes{};
     std::string messages{};
     std::vector<uint32_t> file_at{}; // index of m.files by the TextId of the path that tly has; kNone
-    Part section = Part::kOutside; // kSlice or kTree within these
+    Part section = Part::kOutside;   // kSlice or kTree within these
 
     // Of the document in hand.
     int64_t counted = kUntold; // notices by the quality profile
@@ -351,7 +351,9 @@ void EndNotice(Reader *r) {
         return;
     }
     notice.file = FileAt(r);
-    notice.line = std::max(static_cast<uint32_t>(Number(r, kLine, INT32_MAX)), 1U);
+    notice.line = static_cast<uint32_t>(Number(r, kLine, INT32_MAX));
+    notice.has_line = notice.line > 0; // a class of the tree may have none
+    notice.line = std::max(notice.line, 1U);
     notice.text = Text(r, kDescription);
     r->m.notices.push_back(notice);
 }
