@@ -3,6 +3,7 @@
 #include "options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <string_view>
 #include <variant>
 
@@ -20,9 +21,13 @@ struct OptionRow {
 
 // clang-format off
 const OptionRow kOptions[] = {
-    {" json ", "IN", "", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
+    {" json ", "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
     {" json run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" json ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" run ", "PATH", "...", "directories, of which the sources that git tracks are measured, or files (the current directory)", &Options::paths},
+    {" run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
+    {" run ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},
+    {" run ", "--tly", "PROGRAM", "the tly to start (the one beside tly-report, or on the PATH)", &Options::tly},
 };
 // clang-format on
 
@@ -63,5 +68,9 @@ bool ReadCommandLine(int argc, char **argv, Options &options, int &status) {
     if (options.inputs.empty()) {
         options.inputs = {"-"};
     }
+    if (options.paths.empty()) {
+        options.paths = {"."};
+    }
+    options.jobs = std::clamp(options.jobs, 1, 256);
     return true;
 }

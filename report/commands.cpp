@@ -4,6 +4,7 @@
 #include "options.h"
 #include "output.h"
 #include "read_project.h"
+#include "run.h"
 #include "write_json.h"
 
 namespace {
@@ -32,6 +33,7 @@ int RunJson(const Options &options) {
 } // namespace
 
 const Command kCommands[] = {
+    {"run", "measure sources with tly, several at once, into one XML", RunTly},
     {"json", "all figures as JSON, for programs and for later comparison", RunJson},
     {nullptr, nullptr, nullptr},
 };

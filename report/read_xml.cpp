@@ -35,7 +35,7 @@ enum Leaf : uint8_t {
 // What an element is to the elements within it. Within kSkipped nothing is looked at.
 enum class Part : uint8_t {
     // clang-format off
-    kSkipped, kLeaf, kOutside, kJoined, kSlice, kTree, kDocument, kReport, kFile, kFunction,
+    kSkipped, kLeaf, kOutside, kJoined, kSlice, kWhole, kDocument, kReport, kFile, kFunction,
     kClass, kStruct, kInterface, kNestedClass, kNestedStruct, kNestedInterface, kNamespace, kAttributes, kMethods,
     kInheritanceTree, kTreeClass, kNotice, kLanguage
     // clang-format on
@@ -54,7 +54,7 @@ constexpr Element LeafRow(const char *name, Leaf leaf) {
 // clang-format off
 constexpr Element kOutsideElements[] = {{"vxtly", Part::kDocument}, {"tly-report", Part::kJoined}};
 constexpr Element kJoinedElements[] = {
-    {"vxtly", Part::kDocument}, {"slice", Part::kSlice}, {"tree", Part::kTree}, LeafRow("run", kCommand)};
+    {"vxtly", Part::kDocument}, {"slice", Part::kSlice}, {"whole", Part::kWhole}, LeafRow("run", kCommand)};
 constexpr Element kSliceElements[] = {{"vxtly", Part::kDocument}};
 constexpr Element kDocumentElements[] = {
     {"file", Part::kFile}, {"report", Part::kReport}, LeafRow("version", kVersion), LeafRow("date", kDate),
@@ -99,7 +99,7 @@ Elements Within(Part part) {
     case Part::kOutside: return Of(kOutsideElements);
     case Part::kJoined: return Of(kJoinedElements);
     case Part::kSlice:
-    case Part::kTree: return Of(kSliceElements);
+    case Part::kWhole: return Of(kSliceElements);
     case Part::kDocument: return Of(kDocumentElements);
     case Part::kReport: return Of(kReportElements);
     case Part::kFile: return Of(kFileElements);
@@ -133,7 +133,7 @@ struct Reader {
     Members attributes{};
     std::string messages{};
     std::vector<uint32_t> file_at{}; // index of m.files by the TextId of the path that tly has; kNone
-    Part section = Part::kOutside;   // kSlice or kTree within these
+    Part section = Part::kOutside;   // kSlice or kWhole within these
 
     // Of the document in hand.
     int64_t counted = kUntold; // notices by the quality profile
@@ -241,7 +241,7 @@ uint32_t FileAt(Reader *r) {
 }
 
 void EndFile(Reader *r) {
-    if (r->section == Part::kTree) {
+    if (r->section == Part::kWhole) {
         return;
     }
     FileRow file;
@@ -288,7 +288,7 @@ std::string_view ScopeOf(std::string_view name) {
 }
 
 void EndFunction(Reader *r) {
-    if (r->section == Part::kTree) {
+    if (r->section == Part::kWhole) {
         return;
     }
     FunctionRow function;
@@ -305,7 +305,7 @@ void EndFunction(Reader *r) {
 }
 
 void EndClass(Reader *r, ClassKind kind, bool nested) {
-    if (r->section == Part::kTree) {
+    if (r->section == Part::kSlice) {
         return;
     }
     ClassRow row;
@@ -330,7 +330,7 @@ void EndTreeClass(Reader *r) {
 }
 
 void EndLanguage(Reader *r) {
-    if (r->section == Part::kTree || !r->filled[kLoc]) {
+    if (r->section == Part::kWhole || !r->filled[kLoc]) {
         return; // a row of percentages
     }
     r->has_languages = true;
@@ -347,7 +347,7 @@ void EndNotice(Reader *r) {
     Notice notice;
     notice.number = static_cast<int32_t>(Number(r, kType, INT32_MAX));
     const bool of_tree = std::ranges::find(kTreeNotices, notice.number) != std::end(kTreeNotices);
-    if (r->section == (of_tree ? Part::kSlice : Part::kTree)) {
+    if (r->section == (of_tree ? Part::kSlice : Part::kWhole)) {
         return;
     }
     notice.file = FileAt(r);
@@ -377,7 +377,7 @@ void RefuseErrors(Reader *r) {
 
 void EndDocument(Reader *r) {
     RefuseErrors(r);
-    if (r->section != Part::kTree) {
+    if (r->section != Part::kWhole) {
         if (r->files == 0) {
             Fail(r,
                  "it has no files. Check the extensions and the directory that tly was given; a comparison of baselines has none.");
@@ -434,7 +434,7 @@ void EndRecord(Reader *r, Part part) {
     case Part::kAttributes: r->attributes = MembersOf(r); break;
     case Part::kDocument: EndDocument(r); break;
     case Part::kSlice:
-    case Part::kTree: r->section = Part::kJoined; break;
+    case Part::kWhole: r->section = Part::kJoined; break;
     default: break;
     }
 }
@@ -450,7 +450,7 @@ void TakeMessage(Reader *r) {
 void BeginRecord(Reader *r, Part part) {
     if (part == Part::kDocument) {
         BeginDocument(r);
-    } else if (part == Part::kSlice || part == Part::kTree) {
+    } else if (part == Part::kSlice || part == Part::kWhole) {
         r->section = part;
     }
     if (part != Part::kAttributes && part != Part::kMethods) {

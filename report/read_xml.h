@@ -2,10 +2,11 @@
 //
 // The XML is what "tly -X -Ta -Tq" writes, or what "tly-report run" makes of several of them:
 //
-//   <tly-report> <run>the command</run> <slice> <vxtly>...</vxtly> </slice>... <tree> <vxtly>...</vxtly> </tree> </tly-report>
+//   <tly-report> <run>the command</run> <slice> <vxtly>...</vxtly> </slice>... <whole> <vxtly>...</vxtly> </whole> </tly-report>
 //
-// A slice gives all but its inheritance tree and the notices that rest on it (kTreeNotices): a class and its base may lie in two
-// slices. These are taken from the tree, which was made of all files.
+// A slice was made of a part of the files. It tells of files, functions, languages and notices. Classes and namespaces are told by
+// the whole, which was made of all files, as their parts may lie in several slices; so are the notices that rest on the tree of
+// classes (kTreeNotices). Without slices a <vxtly> stands there alone, and tells all.
 #pragma once
 
 #include <cstdio>
