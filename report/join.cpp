@@ -156,46 +156,23 @@ bool IsSame(const ClassRow &a, const ClassRow &b) {
     return a.name == b.name && (a.kind == ClassKind::kInterface) == (b.kind == ClassKind::kInterface);
 }
 
-void SortClasses(const Model &m, std::vector<ClassRow> &classes) {
-    std::ranges::stable_sort(classes, {}, [&m](const ClassRow &c) { return std::tuple(m.texts[c.name], c.kind); });
-}
-
-// Merges neighbours of one name. Tells the name of each row that went into another.
-std::vector<TextId> MergeClasses(std::vector<ClassRow> &classes) {
+void MergeClasses(std::vector<ClassRow> &classes) {
     std::vector<ClassRow> merged;
-    std::vector<TextId> gone;
     for (const ClassRow &row : classes) {
         if (!merged.empty() && IsSame(merged.back(), row)) {
             MergeClass(merged.back(), row);
-            gone.push_back(row.name);
         } else {
             merged.push_back(row);
         }
     }
     classes = std::move(merged);
-    return gone;
-}
-
-// Takes a class that was merged away off the count of its namespace, the longest one that its name begins with.
-void Uncount(Model &m, TextId name) {
-    std::string_view scope = m.texts[name];
-    for (size_t end = scope.find_last_of(".:"); end != std::string_view::npos; end = scope.find_last_of(".:")) {
-        scope = scope.substr(0, end > 0 && scope[end] == ':' ? end - 1 : end);
-        const auto found = std::ranges::lower_bound(m.namespaces, scope, {}, [&m](const ClassRow &c) { return m.texts[c.name]; });
-        if (found != m.namespaces.end() && m.texts[found->name] == scope) {
-            found->classes = std::max<int64_t>(found->classes - 1, 0);
-            return;
-        }
-    }
 }
 
 void JoinClasses(Model &m, bool several) {
-    SortClasses(m, m.classes);
-    SortClasses(m, m.namespaces);
-    if (several) {
-        MergeClasses(m.namespaces);
-        for (const TextId name : MergeClasses(m.classes)) {
-            Uncount(m, name);
+    for (std::vector<ClassRow> *classes : {&m.classes, &m.namespaces}) {
+        std::ranges::stable_sort(*classes, {}, [&m](const ClassRow &c) { return std::tuple(m.texts[c.name], c.kind); });
+        if (several) {
+            MergeClasses(*classes);
         }
     }
 }
@@ -255,8 +232,9 @@ bool FinishModel(Model &m, bool several, std::string &error) {
     const std::vector<uint32_t> place = SortFiles(m);
     const auto twice = std::ranges::adjacent_find(m.files, {}, &FileRow::path);
     if (twice != m.files.end()) {
-        error = std::string(m.texts[twice->path]) +
-                ": this file is measured twice, and would count twice. Leave one of the inputs away.";
+        error = std::string(m.texts[twice->path]) + ": two files of this name are measured, and would count twice. Leave one of "
+                                                    "the inputs away; names that differ in bytes that aren't "
+                                                    "UTF-8 look alike to tly, rename them.";
         return false;
     }
     SortFunctions(m, place);

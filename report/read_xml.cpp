@@ -394,11 +394,16 @@ void EndDocument(Reader *r) {
 }
 
 // A text of the document's head. The first one of several inputs stands; the command of a run of ours stands ahead of tly's own.
+// The reading is told in an element only where the settings choose it.
 void EndHeadLeaf(Reader *r, Leaf leaf) {
-    TextId *field = leaf == kVersion ? &r->m.version : leaf == kDate ? &r->m.date : leaf == kCommand ? &r->m.command : &r->m.title;
-    if (leaf == kReading) {
-        r->m.modern = r->cell[leaf] == "Modern";
-    } else if (!*field) {
+    const bool modern = r->cell[leaf].find(leaf == kReading ? "Modern" : "-xMODERN") != std::string::npos;
+    r->m.modern = r->m.modern || (modern && (leaf == kReading || leaf == kCommand));
+    TextId *field = leaf == kVersion   ? &r->m.version
+                    : leaf == kDate    ? &r->m.date
+                    : leaf == kCommand ? &r->m.command
+                    : leaf == kTitle   ? &r->m.title
+                                       : nullptr;
+    if (field && !*field) {
         *field = Text(r, leaf);
     }
 }
@@ -548,6 +553,11 @@ bool Parse(Reader *r, std::FILE *in) {
                         (cut ? "it ends too early. Was it written by a run that was cut off?"
                              : std::string("it is no XML: ") + XML_ErrorString(code) + ".") +
                         kMakeAgain);
+            return false;
+        }
+        // The parser holds a tag or a comment until it is whole.
+        if (bytes > kLongestText && XML_GetCurrentByteIndex(r->parser) < static_cast<XML_Index>(bytes - kLongestText)) {
+            Fail(r, Place(r) + "a tag of more than a megabyte. This isn't the XML of tly." + kMakeAgain);
             return false;
         }
     }
