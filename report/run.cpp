@@ -309,7 +309,7 @@ bool WriteJoined(const Run &run, std::FILE *out) {
     for (const Job &job : run.jobs) {
         parts.push_back(&job);
     }
-    std::ranges::rotate(parts, parts.begin() + 1);
+    std::rotate(parts.begin(), parts.begin() + 1, parts.end());
     for (const Job *job : parts) {
         if (job->part) {
             fprintf(out, "<%s>\n", job->part);

@@ -130,8 +130,8 @@ bool FindSources(const std::vector<std::string> &paths, const std::string &root,
         return false;
     }
     std::ranges::stable_sort(found.files, {}, &SourceFile::shown);
-    const auto doubled = std::ranges::unique(found.files, {}, &SourceFile::shown);
-    found.files.erase(doubled.begin(), doubled.end());
+    const auto same = [](const SourceFile &a, const SourceFile &b) { return a.shown == b.shown; };
+    found.files.erase(std::unique(found.files.begin(), found.files.end(), same), found.files.end());
     Tell(passed.links, " symbolic link was passed over.", " symbolic links were passed over.", found);
     Tell(passed.gone, " source that git tracks isn't there.", " sources that git tracks aren't there.", found);
     return true;
