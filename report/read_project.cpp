@@ -32,7 +32,7 @@ bool ReadInput(const std::string &input, const std::string &root, Model &m, std:
 } // namespace
 
 bool ReadProject(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error) {
-    std::string prefix = root.empty() ? CurrentDirectory() : ShownPath(root, "");
+    std::string prefix = ShownPath((root.starts_with('/') ? "" : CurrentDirectory()) + root, "");
     if (!prefix.empty() && prefix.back() != '/') {
         prefix += '/';
     }

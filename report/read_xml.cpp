@@ -368,7 +368,7 @@ void BeginDocument(Reader *r) {
 
 // Figures beside an error are figures of a part. It is told ahead of what follows from it, such as that there are no files.
 void RefuseErrors(Reader *r) {
-    if (r->messages.find("Error") != std::string::npos) {
+    if (r->messages.find("Error:") != std::string::npos) {
         std::string messages = r->messages.substr(0, 2000);
         std::ranges::replace(messages, '\n', ' ');
         Fail(r, "tly met an error when it made this: " + messages + "- See to that, and make it again.");

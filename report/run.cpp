@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -36,6 +37,12 @@ struct Job {
     std::string output;
     std::string what; // for messages
 };
+
+volatile sig_atomic_t stopped; // the signal that asks this program to end
+
+void OnStop(int signal) {
+    stopped = signal;
+}
 
 struct Run {
     const Options &options;
@@ -239,16 +246,17 @@ int CheckEnd(const Job &job, int status) {
     return kFine;
 }
 
-// At most options.jobs at once. The rest isn't started when one fails.
+// At most options.jobs at once. The rest isn't started when one fails, and all are ended when this program is to end.
 int RunJobs(Run &run) {
-    std::vector<pid_t> processes;
+    std::vector<pid_t> processes; // 0 for one that has ended
     size_t running = 0;
     int result = kFine;
     while (running > 0 || (processes.size() < run.jobs.size() && result == kFine)) {
-        if (result == kFine && processes.size() < run.jobs.size() && running < static_cast<size_t>(std::max(run.options.jobs, 1))) {
+        if (result == kFine && processes.size() < run.jobs.size() && running < static_cast<size_t>(run.options.jobs)) {
             const Job &job = run.jobs[processes.size()];
             processes.push_back(Start(job.arguments, job.variables, job.output));
             if (processes.back() < 0) {
+                processes.back() = 0;
                 result = Tell(run.tly + " can't be started: " + strerror(errno));
             } else {
                 ++running;
@@ -260,10 +268,18 @@ int RunJobs(Run &run) {
         const auto found = std::ranges::find(processes, ended);
         if (ended > 0 && found != processes.end()) {
             --running;
-            result = std::max(result, CheckEnd(run.jobs[static_cast<size_t>(found - processes.begin())], status));
+            *found = 0;
+            const int end = stopped ? kBad : CheckEnd(run.jobs[static_cast<size_t>(found - processes.begin())], status);
+            result = std::max(result, end);
         } else if (ended < 0 && errno != EINTR) {
             return Tell(std::string("a tly got lost: ") + strerror(errno));
         }
+        for (const pid_t process : processes) {
+            if (stopped && process > 0) {
+                kill(process, SIGTERM);
+            }
+        }
+        result = stopped ? kBad : result;
     }
     return result;
 }
@@ -353,8 +369,21 @@ int RunTly(const Options &options) {
         return Tell(place + " can't be made: " + strerror(errno));
     }
     run.place = place + "/";
+    struct sigaction action {};
+    action.sa_handler = OnStop; // waiting ends with EINTR
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction inherited {};
+        if (sigaction(signal, nullptr, &inherited) == 0 && inherited.sa_handler != SIG_IGN) { // as nohup has it
+            sigaction(signal, &action, nullptr);
+        }
+    }
     const int result = RunIn(run);
     std::error_code ignored;
     std::filesystem::remove_all(place, ignored);
+    if (stopped) {
+        action.sa_handler = SIG_DFL;
+        sigaction(stopped, &action, nullptr);
+        raise(stopped);
+    }
     return result;
 }
