@@ -175,10 +175,10 @@ TEST_CASE("A document that is cut anywhere is refused, and a JSON says all of it
 }
 
 TEST_CASE("A notice lies in the innermost function that holds its line") {
-    const std::string functions =
-        Function("outer", 20, 19) + Function("inner", 8, 4) + Function("next", 12, 3) + Function("last", 30, 1);
+    const std::string functions = Function("outer", 20, 19) + Function("first", 2, 1) + Function("inner", 8, 4) +
+                                  Function("next", 12, 3) + Function("last", 30, 1);
     const int lines[] = {1, 2, 4, 5, 8, 9, 10, 12, 13, 20, 21, 30, 31};
-    const char *const names[] = {"", "outer", "outer", "inner", "inner", "outer", "next", "next", "outer", "outer", "", "last", ""};
+    const char *const names[] = {"", "first", "outer", "inner", "inner", "outer", "next", "next", "outer", "outer", "", "last", ""};
     std::string notices;
     for (const int line : lines) {
         notices += Raised(line);
@@ -190,6 +190,38 @@ TEST_CASE("A notice lies in the innermost function that holds its line") {
         CAPTURE(lines[i]);
         CHECK((function == kNone ? "" : m.texts[m.functions[function].name]) == names[i]);
     }
+}
+
+TEST_CASE("What several inputs know of one class becomes one row") {
+    const auto members = [](int n) {
+        const std::string count = std::to_string(n);
+        const std::string each = "<public>" + count + "</public><protected>0</protected><private>0</private>";
+        return "<attributes>" + each + "</attributes><methods>" + each + "</methods><parameters>0</parameters>" + kCounts;
+    };
+    const std::string methods = "<class><name>A</name>" + members(0) + LineCounts(7) + "</class>";
+    const std::string definition =
+        "<struct><name>A</name><inheritance>B,\n               C</inheritance>" + members(2) + LineCounts(3) + "</struct>";
+    const std::string others = "<interface><name>A</name>" + members(1) + LineCounts(1) +
+                               "</interface><nested_class><name>A::I</name>" + members(1) + LineCounts(2) + "</nested_class>";
+    Model m;
+    std::string error;
+    for (const char *name : {"a.c", "b.c"}) {
+        std::string text = Document(0, File(name) + Report(*name == 'a' ? methods : definition + others));
+        std::FILE *in = fmemopen(text.data(), text.size(), "rb");
+        CHECK(ReadXml(in, name, "", m, error));
+        fclose(in);
+    }
+    REQUIRE(FinishModel(m, true, error));
+    REQUIRE(m.classes.size() == 3);
+    CHECK(m.classes[0].kind == ClassKind::kStruct);
+    CHECK(m.texts[m.classes[0].bases] == "B,C");
+    CHECK(m.classes[0].methods.publics == 2);
+    CHECK(m.classes[0].lines.lines == 10);
+    CHECK(m.classes[1].kind == ClassKind::kInterface);
+    CHECK(m.class_sums.lines.lines == 11); // the nested one is a part of another
+    CHECK(m.class_sums.sum.returns == 3);
+    CHECK(m.languages.size() == 1);
+    CHECK(m.languages[0].lines.lines == 18);
 }
 
 TEST_CASE("A function's scope is its name without the last part") {
