@@ -28,7 +28,7 @@ run_tests() {
 if $all; then
     scripts/setup.sh all
     step "format"
-    find src tests fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 clang-format -n --Werror
+    find src report tests fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 clang-format -n --Werror
 else
     scripts/setup.sh test
 fi
@@ -40,7 +40,7 @@ if $all; then
     run_tests release
     step "clang-tidy"
     # The first pass of a header's findings is enough, so only the sources are named.
-    run-clang-tidy -quiet -p build/asan -extra-arg=-Wno-error "$PWD/src/.*\.cpp" >build/clang-tidy.log 2>&1 ||
+    run-clang-tidy -quiet -p build/asan -extra-arg=-Wno-error "$PWD/(src|report)/.*\.cpp" >build/clang-tidy.log 2>&1 ||
         { grep -E 'warning:|error:|note:' build/clang-tidy.log || cat build/clang-tidy.log; exit 1; }
     build fuzz
     run_tests fuzz

@@ -1,0 +1,17 @@
+#include <cstring>
+
+#include "options.h"
+
+int main(int argc, char **argv) {
+    Options options;
+    int status = kFine;
+    if (!ReadCommandLine(argc, argv, options, status)) {
+        return status;
+    }
+    for (const Command *command = kCommands; command->name; ++command) {
+        if (options.command == command->name) {
+            return command->run(options);
+        }
+    }
+    return kBad;
+}

@@ -1,0 +1,49 @@
+#include "read_project.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "fingerprint.h"
+#include "join.h"
+#include "paths.h"
+#include "read_json.h"
+#include "read_xml.h"
+
+namespace {
+
+bool ReadInput(const std::string &input, const std::string &root, Model &m, std::string &error) {
+    const bool standard = input == "-";
+    std::FILE *in = standard ? stdin : fopen(input.c_str(), "rb");
+    if (!in) {
+        error = input + ": " + strerror(errno) + ". Name the XML that tly -X -Ta -Tq or tly-report run wrote.";
+        return false;
+    }
+    const std::string name = standard ? "standard input" : input;
+    const int first = fgetc(in);
+    ungetc(first, in);
+    const bool read = first == '{' ? ReadJson(in, name, m, error) : ReadXml(in, name, root, m, error);
+    if (!standard) {
+        fclose(in);
+    }
+    return read;
+}
+
+} // namespace
+
+bool ReadProject(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error) {
+    std::string prefix = ShownPath((root.starts_with('/') ? "" : CurrentDirectory()) + root, "");
+    if (!prefix.empty() && prefix.back() != '/') {
+        prefix += '/';
+    }
+    for (const std::string &input : inputs) {
+        if (!ReadInput(input, prefix, m, error)) {
+            return false;
+        }
+    }
+    if (!FinishModel(m, inputs.size() > 1, error)) {
+        return false;
+    }
+    TakeFingerprints(m, prefix);
+    return true;
+}
