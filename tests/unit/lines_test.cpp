@@ -56,7 +56,7 @@ TEST_CASE("the bytes that the scanner looks at") {
         words += masks.word >> bit & 1 ? text[i] : ' ';
     }
     CHECK(words == "x  if Do  a  b     if FOR for1 ");
-    CHECK(looked_at == "x >  (  , a - ) ..        f      ");
+    CHECK(looked_at == "x >  (  , a - ) ..        f    ");
 }
 
 TEST_CASE("both ways to the lines of a source agree") {
