@@ -28,7 +28,7 @@ struct Heading {
 };
 
 // The statement in front of a "{". in_constants: among the constants of an enum of Java.
-Heading ReadHeading(std::string_view text, bool in_constants, const Globals *G);
+Heading ReadHeading(std::string_view text, bool in_constants, Globals *G);
 
 struct Member {
     bool is_method;
@@ -38,10 +38,10 @@ struct Member {
 };
 
 // The statement in front of a ";" in a class.
-Member ReadMember(std::string_view text, const Globals *G);
+Member ReadMember(std::string_view text, Globals *G);
 // namespace a.b; and using x = y;: the name of a namespace up to the end of the file, or nothing.
-std::string_view ReadFileNamespace(std::string_view text, const Globals *G);
+std::string_view ReadFileNamespace(std::string_view text, Globals *G);
 // int f(a) int a; goes on behind its ";": the declarations of old style parameters.
-bool IsOldStyleHead(std::string_view text, const Globals *G);
+bool IsOldStyleHead(std::string_view text, Globals *G);
 // The parameters of a list, with its parentheses.
 int CountListed(std::string_view params);

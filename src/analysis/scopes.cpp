@@ -1,5 +1,5 @@
 // What each brace opens is noted, so that its partner ends just that. Outside of functions the code is gathered as one text per
-// statement, and heading.cpp tells from it what a "{" opens; inside of them every brace is a block.
+// statement, and heading.h tells from it what a "{" opens; inside of them every brace is a block.
 #include "analysis/scopes.h"
 
 #include <algorithm>
