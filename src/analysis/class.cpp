@@ -110,11 +110,20 @@ void AnnounceClass(int notice, const char *word, Globals *G) {
     G->comment_pending = 0;
 }
 
+// The attributes of } __packed T; and } __attribute__((packed)) v; are no names. The index behind them.
+int BehindAttributes(const char *line, int index, const Globals *G) {
+    LineText word;
+    while ((G->reading & kMacros) && GetNextToken(line, index, word) && strncmp(word, "__", 2) == 0) {
+        index = BehindArguments(line, TokenIndex(line, index) + static_cast<int>(strlen(word)));
+    }
+    return index;
+}
+
 // The text behind the "}" names an unnamed struct: typedef struct { int a; } T; or struct { int a; } v[10];
 void NameStruct(const Scan &scan, Globals *G) {
     LineText token;
-    if (!G->struct_flag || !strstr(G->classname, kUnnamed) || !GetNextCodeToken(scan.line, scan.index + 1, token) ||
-        *token <= ' ') {
+    if (!G->struct_flag || !strstr(G->classname, kUnnamed) ||
+        !GetNextCodeToken(scan.line, BehindAttributes(scan.line, scan.index + 1, G), token) || *token <= ' ') {
         return;
     }
     LineText old_name;

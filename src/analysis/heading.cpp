@@ -17,6 +17,12 @@ bool IsPlainList(Text list) {
 
 } // namespace
 
+Text OwnName(const Globals *G) {
+    Text name = G->classname;
+    name = name.substr(0, name.find('<'));
+    return name.substr(name.find_last_of(".:") + 1);
+}
+
 Heading ReadHeading(Text text, bool in_constants, Globals *G) {
     if (!G->is_java && !G->is_cs) {
         const size_t semicolon = text.rfind(';'); // of old style parameters

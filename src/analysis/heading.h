@@ -9,18 +9,24 @@ struct Globals;
 enum class HeadKind {
     kBlock,     // static {, int Size {: statements or accessors
     kValue,     // int a[] = {, enum {
-    kOpen,      // extern "C" {, union {
+    kOpen,      // extern "C" {
+    kUnion,     //
     kFunction,  //
     kClass,     //
     kNamespace, //
 };
 
+// The section that a statement puts itself, or what follows it, in.
+enum class Access { kKept, kPublic, kProtected, kPrivate };
+
 struct Heading {
     HeadKind kind;
+    Access access;
     bool is_struct, is_interface;
     bool has_constants;             // an enum of Java
     bool old_style;                 // int f(a) int a; {
     bool is_operator;               // name holds the word operator
+    bool is_friend;                 // no method, though it stands in a class
     std::string_view name;          // as it is written; of an operator from the word operator on
     std::string_view params;        // with its parentheses; empty for a body without a list
     std::string_view bases;         // behind ":" or from extends on; empty for none
@@ -31,6 +37,7 @@ struct Heading {
 Heading ReadHeading(std::string_view text, bool in_constants, Globals *G);
 
 struct Member {
+    Access access;
     bool is_method;
     bool is_operator; // as in a Heading
     int data;         // members that a statement declares

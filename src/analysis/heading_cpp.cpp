@@ -11,7 +11,8 @@ using Text = std::string_view;
 
 constexpr Text kCppTypeWords[] = {"unsigned", "signed", "char",  "short",   "int",    "long",  "float", "double", "void",
                                   "bool",     "auto",   "const", "typedef", "struct", "class", "enum",  "union"};
-constexpr Text kAccessWords[] = {"public", "protected", "private", "signals", "slots", "Q_SIGNALS", "Q_SLOTS"};
+constexpr Text kSignalWords[] = {"signals", "Q_SIGNALS"};
+constexpr Text kSlotWords[] = {"slots", "Q_SLOTS"};
 constexpr Text kCppStatementWords[] = {"sizeof", "delete", "operator", "static_assert", "_Static_assert"};
 // A parenthesis behind one of these is no parameter list, and a function may have them behind its own.
 constexpr Text kAttributeWords[] = {"noexcept",      "throw",  "decltype",   "alignas",  "explicit",    "requires",
@@ -41,6 +42,15 @@ bool ReadCppNamespace(const Tokens &t, int i, Heading *heading, const Globals *G
     heading->kind = HeadKind::kNamespace;
     heading->name = first < 0 ? Text{} : whole ? t.Between(first, last) : t.At(first);
     return true;
+}
+
+// public, private slots, signals; kKept for any other word.
+Access AccessAt(const Tokens &t, int i) {
+    i -= i > 0 && IsOneOf(t.At(i), kSlotWords);
+    return t.IsWord(i, "public") || IsOneOf(t.At(i), kSignalWords) ? Access::kPublic
+           : t.IsWord(i, "protected")                              ? Access::kProtected
+           : t.IsWord(i, "private")                                ? Access::kPrivate
+                                                                   : Access::kKept;
 }
 
 // The word in front of the name of a class, its index; -1 for none. "struct s *f(" and "struct s v =" name only a type.
@@ -125,7 +135,7 @@ bool ReadCppClass(const Tokens &t, int i, Heading *heading, const Globals *G) {
         heading->kind = HeadKind::kValue;
         return true;
     }
-    heading->kind = word == "union" ? HeadKind::kOpen : HeadKind::kClass;
+    heading->kind = word == "union" ? HeadKind::kUnion : HeadKind::kClass;
     heading->is_struct = word != "class";
     heading->name = first < 0 ? Text{} : t.Between(first, last);
     heading->bases = TextBehind(t, bases);
@@ -153,17 +163,6 @@ int BeforeAttributes(const Tokens &t, int i) {
     return i;
 }
 
-// The tokens between a list and a later word say that the later one has the name: ATTR(x) static int f(
-bool HoldsPlainWord(const Tokens &t, int first, int end, const Globals *G) {
-    for (int i = first; i < end; ++i) {
-        if (t.KindAt(i) == 'w' && !IsOneOf(t.At(i), kSuffixWords) && !IsOneOf(t.At(i), kAttributeWords) &&
-            !IsMacroLike(t.At(i), G)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 // (*name(int a)) and (name): the name inside a parenthesis. False for (*name), a pointer.
 bool ReadInner(Text group, Candidate *found) {
     Text inner = Inside(group);
@@ -187,6 +186,13 @@ bool ReadInner(Text group, Candidate *found) {
     found->name_text = inner.substr(0, end);
     found->params = pointer ? inner.substr(next, EndOfGroup(inner, next) - next) : Text{};
     return true;
+}
+
+// (*name), (&name) and (A::*name).
+bool IsPointer(Text group) {
+    const Text inner = Inside(group);
+    const size_t first = inner.find_first_not_of(' ');
+    return first != Text::npos && (Text{"*&^"}.find(inner[first]) != Text::npos || inner.find("::*") != Text::npos);
 }
 
 // Whether the parenthesis at i, behind the candidate so far, is the better one.
@@ -229,6 +235,9 @@ void TakeParenthesis(const Tokens &t, int i, Candidate *found, const Globals *G)
         *found = nested;
         return;
     }
+    if (followed && IsPointer(t.At(i))) { // type (*name)(int);
+        return;
+    }
     if (named && (!is_type || IsOneOf(t.At(word), kStatementWords)) && (!behind_list || IsBetter(t, i, *found, G))) {
         found->name = word;
         found->list = i;
@@ -250,10 +259,12 @@ int BehindTypes(const Tokens &t, int i, const Globals *G) {
 
 } // namespace
 
-int BehindAccess(const Tokens &t) {
+int BehindAccess(const Tokens &t, Access *access) {
     int begin = 0;
     for (int i = 0; i + 1 < t.count; ++i) {
-        if (t.KindAt(i) == 'w' && t.KindAt(i + 1) == ':' && IsOneOf(t.At(i), kAccessWords)) {
+        const Access found = t.KindAt(i + 1) == ':' ? AccessAt(t, i) : Access::kKept;
+        if (found != Access::kKept) {
+            *access = found;
             begin = i + 2;
         }
     }
@@ -279,6 +290,16 @@ int BehindPrefix(const Tokens &t, int i, Text *template_text, const Globals *G) 
             return i;
         }
     }
+}
+
+bool HoldsPlainWord(const Tokens &t, int first, int end, const Globals *G) {
+    for (int i = first; i < end; ++i) {
+        if (t.KindAt(i) == 'w' && !IsOneOf(t.At(i), kSuffixWords) && !IsOneOf(t.At(i), kAttributeWords) &&
+            !IsMacroLike(t.At(i), G)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 int ReadOperator(const Tokens &t, int i, Candidate *found, const Globals *G) {
@@ -314,7 +335,9 @@ Candidate FindCppFunction(const Tokens &t, int i, End *end, const Globals *G) {
         } else if (kind == '=') {
             *end = End::kAssigned;
             break;
-        } else if (kind == ':' && behind_list && !G->is_c) {
+        } else if (kind == ':' && !behind_list) { // int a : sizeof(b);
+            break;
+        } else if (kind == ':' && !G->is_c) {
             *end = End::kInitialisers;
             break;
         } else if (behind_list && (kind == 'R' || t.IsWord(i, "requires"))) {
@@ -332,7 +355,7 @@ Candidate FindCppFunction(const Tokens &t, int i, End *end, const Globals *G) {
 Heading ReadCpp(const Tokens &t, const Globals *G) {
     Heading heading{};
     heading.kind = HeadKind::kValue;
-    int i = BehindPrefix(t, BehindAccess(t), &heading.template_text, G);
+    int i = BehindPrefix(t, BehindAccess(t, &heading.access), &heading.template_text, G);
     if (i >= t.count) {
         heading.kind = HeadKind::kBlock;
         return heading;
@@ -371,6 +394,9 @@ Heading ReadCpp(const Tokens &t, const Globals *G) {
     heading.name = found.name_text;
     heading.params = found.params;
     heading.is_operator = found.is_operator;
+    for (; i < found.list; ++i) {
+        heading.is_friend |= t.IsWord(i, "friend");
+    }
     heading.old_style = G->is_c && t.KindAt(t.count - 1) == ';';
     return heading;
 }

@@ -32,12 +32,6 @@ int MethodName(const Tokens &t, int i, const Globals *G) {
     return BeginOfName(t, i - 1, G);
 }
 
-Text OwnName(const char *qualified) {
-    Text name = qualified;
-    name = name.substr(0, name.find('<'));
-    return name.substr(name.find_last_of('.') + 1);
-}
-
 constexpr Text kCsStatementWords[] = {"foreach", "using",  "lock",    "fixed",      "checked", "unchecked", "when",
                                       "nameof",  "typeof", "default", "await",      "yield",   "get",       "set",
                                       "add",     "remove", "init",    "stackalloc", "is",      "as",        "in"};
@@ -57,15 +51,27 @@ int BehindModifiers(const Tokens &t, int i, const Globals *G) {
             while (t.KindAt(i) == '.' && t.KindAt(i + 1) == 'w') {
                 i += 2;
             }
-            if (t.KindAt(i) == '(' && (G->reading & kAnnotations)) {
-                ++i;
+            if (t.KindAt(i) == '(' && !(G->reading & kAnnotations)) {
+                return i - 1;
             }
+            i += t.KindAt(i) == '(';
         } else if ((t.KindAt(i) == '[' && G->is_cs) || t.KindAt(i) == '-' || (t.KindAt(i) == 'w' && IsOneOf(t.At(i), kModifiers))) {
             ++i;
         } else {
             return i;
         }
     }
+}
+
+Access AccessOf(const Tokens &t, int end, const Globals *G) {
+    Access access = G->interface_class ? Access::kPublic : Access::kPrivate;
+    for (int i = 0; i < end; ++i) {
+        if (t.IsWord(i, "protected")) { // private protected, protected internal
+            return Access::kProtected;
+        }
+        access = t.IsWord(i, "public") ? Access::kPublic : t.IsWord(i, "private") ? Access::kPrivate : access;
+    }
+    return access;
 }
 
 bool ReadJavaCsClass(const Tokens &t, int i, Heading *heading, const Globals *G) {
@@ -122,6 +128,7 @@ bool ReadJavaCsClass(const Tokens &t, int i, Heading *heading, const Globals *G)
 
 Candidate FindMethod(const Tokens &t, int i, int *stop, const Globals *G) {
     Candidate found;
+    const int begin = i;
     for (; i < t.count; ++i) {
         const char kind = t.KindAt(i);
         if (kind == '<' && ((G->reading & kTuples) || G->is_java)) {
@@ -132,10 +139,10 @@ Candidate FindMethod(const Tokens &t, int i, int *stop, const Globals *G) {
             i = ReadOperator(t, i, &found, G);
             found.name_text = found.list >= 0 ? t.Between(found.name, found.list - 1) : Text{};
             break;
-        } else if (kind == '(') {
+        } else if (kind == '(') { // a word ahead of begin is a modifier: public (int, int) F(
             const int first = MethodName(t, i, G);
             const int word = t.KindAt(i - 1) == '>' ? OpenOfAngle(t, i - 1) - 1 : i - 1;
-            if (first >= 0 && !(t.IsWord(i - 1, "async")) && !IsOneOf(t.At(word), kModifiers)) {
+            if (first >= 0 && word >= begin) {
                 found.name = word;
                 found.list = i;
                 found.name_text = t.Between(first, i - 1);
@@ -171,6 +178,7 @@ Heading ReadJavaCs(const Tokens &t, bool in_constants, const Globals *G) {
     if (i >= t.count || ReadJavaCsClass(t, i, &heading, G)) {
         return heading;
     }
+    heading.access = AccessOf(t, i, G);
     int stop;
     const Candidate found = FindMethod(t, i, &stop, G);
     if (stop < t.count) {
@@ -182,7 +190,7 @@ Heading ReadJavaCs(const Tokens &t, bool in_constants, const Globals *G) {
         heading.name = found.name_text;
         heading.params = found.params;
         heading.is_operator = found.is_operator;
-    } else if (found.list < 0 && G->is_java && t.count == i + 1 && (G->reading & kRecords) && t.At(i) == OwnName(G->classname)) {
+    } else if (found.list < 0 && G->is_java && t.count == i + 1 && (G->reading & kRecords) && t.At(i) == OwnName(G)) {
         heading.kind = HeadKind::kFunction; // record Point(int x) { Point {
         heading.name = t.At(i);
     }

@@ -35,16 +35,32 @@ void TakeCandidate(const Candidate &found, Member *member) {
     member->params = found.params;
 }
 
+// int GTY((skip)) name; and int a[2] __aligned(4); declare data.
+bool IsAttributeMacro(const Tokens &t, const Candidate &found, const Globals *G) {
+    int end = found.list + 1;
+    while (end < t.count && t.KindAt(end) != 'R') {
+        ++end;
+    }
+    return t.KindAt(found.name - 1) == '[' || HoldsPlainWord(t, found.list + 1, end, G);
+}
+
 Member ReadCppMember(const Tokens &t, const Globals *G) {
     Text unused;
     Member member{};
-    const int begin = BehindAccess(t);
-    const int i = BehindPrefix(t, begin, &unused, G);
-    if (i >= t.count || (t.KindAt(i) == 'w' && IsOneOf(t.At(i), kNoMembers)) || IsForwardDeclaration(t, i)) {
+    const int i = BehindPrefix(t, BehindAccess(t, &member.access), &unused, G);
+    if (i >= t.count || t.KindAt(i) == '{' || (t.KindAt(i) == 'w' && IsOneOf(t.At(i), kNoMembers)) || IsForwardDeclaration(t, i)) {
         return member;
     }
     End end;
-    const Candidate found = FindCppFunction(t, i, &end, G);
+    Candidate found = FindCppFunction(t, i, &end, G);
+    if (found.list >= 0 && !found.is_operator && IsMacroLike(t.At(found.name), G) && t.At(found.name) != OwnName(G)) {
+        const bool attribute = IsAttributeMacro(t, found, G);
+        if (found.name == i && !attribute && !G->is_c) { // Q_DISABLE_COPY(A);
+            return member;
+        }
+        found.list = attribute ? -1 : found.list;
+    }
+    found.list = G->is_c ? -1 : found.list; // a struct of C has no methods
     TakeCandidate(found, &member);
     if (!member.is_method) {
         member.data = CountDeclared(t, i, G);
@@ -60,6 +76,7 @@ Member ReadJavaCsMember(const Tokens &t, const Globals *G) {
         ReadJavaCsClass(t, i, &heading, G)) {
         return member;
     }
+    member.access = AccessOf(t, i, G);
     int stop;
     const Candidate found = FindMethod(t, i, &stop, G);
     TakeCandidate(found, &member);

@@ -18,6 +18,8 @@ struct Candidate {
 inline constexpr std::string_view kStatementWords[] = {"if",    "else", "for",   "while", "do",   "switch", "case", "return",
                                                        "catch", "try",  "throw", "new",   "goto", "public", "const"};
 
+// The last part of the name of the class in hand, without its types.
+std::string_view OwnName(const Globals *G);
 // From the word operator at i on: operator+(, operator()(, operator bool(, A::operator new[](. The index of its parameters, or
 // behind the last token if there are none.
 int ReadOperator(const Tokens &t, int i, Candidate *found, const Globals *G);
@@ -27,10 +29,12 @@ int ReadOperator(const Tokens &t, int i, Candidate *found, const Globals *G);
 // What ends the head of a function.
 enum class End { kNone, kInitialisers, kAssigned };
 
-// Behind "public:", "private Q_SLOTS:" and whatever stands in front of the last one of them.
-int BehindAccess(const Tokens &t);
+// Behind "public:", "private Q_SLOTS:" and whatever stands in front of the last one of them, which gives access.
+int BehindAccess(const Tokens &t, Access *access);
 // Behind [[attributes]], __attribute__((x)), export and template <...> with what it requires.
 int BehindPrefix(const Tokens &t, int i, std::string_view *template_text, const Globals *G);
+// Whether one of the tokens from first up to end, not included, is a word but for those that may stand behind a parameter list.
+bool HoldsPlainWord(const Tokens &t, int first, int end, const Globals *G);
 Candidate FindCppFunction(const Tokens &t, int i, End *end, const Globals *G);
 Heading ReadCpp(const Tokens &t, const Globals *G);
 
@@ -38,6 +42,8 @@ Heading ReadCpp(const Tokens &t, const Globals *G);
 
 // Behind annotations, attributes in brackets and modifiers.
 int BehindModifiers(const Tokens &t, int i, const Globals *G);
+// The section of the member whose modifiers end at end. Without one it is private, in an interface public.
+Access AccessOf(const Tokens &t, int end, const Globals *G);
 // From class, interface, record, struct or enum on. False if it is no such word, or heads no class.
 bool ReadJavaCsClass(const Tokens &t, int i, Heading *heading, const Globals *G);
 // The head of a method; stop is the token that it ends at, "=" or "=>" among them.

@@ -55,6 +55,9 @@ template <int n> void Notice(Scan &, int, Globals *G) {
 }
 
 template <int is_public, int is_protected, int is_private> void Access(Scan &, int, Globals *G) {
+    if (G->reading & kBraces) { // told by the whole statement
+        return;
+    }
     G->access_public = is_public;
     G->access_protected = is_protected;
     G->access_private = is_private;

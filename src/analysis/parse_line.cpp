@@ -232,7 +232,8 @@ void EndContinuation(const Scan &scan, Globals *G) {
     while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
         --last;
     }
-    if (last >= 0 && scan.line[last] == '\\') {
+    const bool joins = !(G->reading & kLiterals) || !(G->is_java || G->is_cs); // a backslash of theirs ends no line
+    if (last >= 0 && scan.line[last] == '\\' && joins) {
         ++G->continuation_count;
         G->continuation = 1;
         return;

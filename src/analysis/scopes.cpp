@@ -118,11 +118,19 @@ void TakeTemplate(Text text, Globals *G) {
     }
 }
 
+void TakeAccess(Access access, Globals *G) {
+    if (access != Access::kKept) {
+        G->access_public = access == Access::kPublic;
+        G->access_protected = access == Access::kProtected;
+        G->access_private = access == Access::kPrivate;
+    }
+}
+
 void BeginFunction(const Heading &heading, Scan &scan, Globals *G) {
     TakeName(heading.name, heading.is_operator, G);
     TakeParams(heading, G);
     G->funcname_flag = 1;
-    G->method_flag = G->class_flag;
+    G->method_flag = G->class_flag && !heading.is_friend;
     TakeTemplate(heading.template_text, G);
     if (G->template_flag) {
         TakeFunctionTemplate(G);
@@ -165,6 +173,7 @@ void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
 void Judge(Scan &scan, int local_paren, Globals *G) {
     const BraceLevel *top = Top(G);
     const Heading heading = ReadHeading(Statement(G), top && top->constants, G);
+    TakeAccess(heading.access, G);
     switch (heading.kind) {
     case HeadKind::kFunction:
         if (!G->function_metrics && !G->list_functions) {
@@ -187,6 +196,7 @@ void Judge(Scan &scan, int local_paren, Globals *G) {
         return;
     }
     case HeadKind::kOpen: Push(kOpenScope, false, local_paren, G); return;
+    case HeadKind::kUnion: Push(kUnionScope, false, local_paren, G); return;
     case HeadKind::kValue:
         Push(kValueScope, false, local_paren, G);
         ++G->function_scope;
@@ -224,24 +234,27 @@ void Pop(Scan &scan, Globals *G) {
     case kNamespaceScope: CloseNamespace(G); break;
     case kBlockScope:
     case kValueScope:
-    case kOpenScope: break;
+    case kOpenScope:
+    case kUnionScope: break;
     }
     G->local_paren = local_paren;
     if (G->function_scope > 0) {
         return;
     }
     scan.head_mark = scan.index + 1;
-    if (kind == kValueScope) {
+    if (kind != kValueScope) {
+        NewStatement(G);
+    }
+    if (kind == kValueScope || kind == kUnionScope) {
         Put('{', G);
         Put('}', G);
-    } else {
-        NewStatement(G);
     }
 }
 
 // A declaration in a class: a method, or data.
 void CountMember(const Scan &scan, Globals *G) {
     const Member member = ReadMember(Statement(G), G);
+    TakeAccess(member.access, G);
     if (member.is_method) {
         TakeName(member.name, member.is_operator, G);
         CopyList(member.params, G->params);
@@ -262,7 +275,7 @@ bool EndDeclaration(Scan &scan, Globals *G) {
     }
     if (top && top->constants) {
         top->constants = false;
-    } else if (top && G->class_flag && (top->kind == kClassScope || top->kind == kOpenScope)) {
+    } else if (top && G->class_flag && (top->kind == kClassScope || top->kind == kOpenScope || top->kind == kUnionScope)) {
         CountMember(scan, G);
     } else if (const Text name = ReadFileNamespace(text, G); !name.empty()) {
         LineText copy;
@@ -404,6 +417,7 @@ void OpenExpression(Scan &scan, Globals *G) {
     if (heading.kind != HeadKind::kFunction) {
         return;
     }
+    TakeAccess(heading.access, G);
     Push(kExpressionBody, false, 0, G);
     BeginFunction(heading, scan, G);
     NewStatement(G);

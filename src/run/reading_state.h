@@ -36,7 +36,8 @@ enum ScopeKind : unsigned char {
     kFunctionScope,  //
     kExpressionBody, // int F() => x; has no brace and ends at its ";"
     kClassScope,     //
-    kOpenScope,      // extern "C" {, union {, A(1) { } in an enum of Java: what is inside belongs to the scope around it
+    kOpenScope,      // extern "C" {: what is inside belongs to the scope around it
+    kUnionScope,     // the same, and what stands behind it up to the ";" is no further member: union { int a; char b; } u;
     kNamespaceScope, //
 };
 

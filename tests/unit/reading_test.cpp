@@ -1,6 +1,7 @@
 // The modern reading: every rule's sample with the rule and without it, and what no sample holds.
 #include "bench.h"
 
+#include "analysis/entities.h"
 #include "analysis/parse_line.h"
 #include "analysis/reading.h"
 #include "analysis/roll_up.h"
@@ -51,6 +52,19 @@ std::string Functions(const std::string &language, const std::string &text, unsi
     return bench.Functions();
 }
 
+// "data 1 2 3 methods 4 5 6": of the public, protected and private section.
+std::string Sections(const NodeData &n) {
+    std::string text = "data";
+    for (const int count : {n.public_data, n.protected_data, n.private_data}) {
+        text += " " + std::to_string(count);
+    }
+    text += " methods";
+    for (const int count : {n.public_methods, n.protected_methods, n.private_methods}) {
+        text += " " + std::to_string(count);
+    }
+    return text;
+}
+
 } // namespace
 
 TEST_CASE("every rule of the modern reading changes its sample") {
@@ -93,6 +107,12 @@ TEST_CASE("statements outside of functions are judged as a whole") {
          "class A<T> : B where T : class {\n int P { get { return 1; } } = 2;\n static bool operator ==(A a, A b) { }\n"
          " public A() : base(1) { }\n void I<T>.F() where T : new() { }\n enum E { X = 0 }\n ~A() { }\n}\n",
          "A<T>.operator ==:3 A<T>.A:4 I<T>.F:5 A<T>.~A:7"},
+        {"C++",
+         "union GTY(()) {\n int a;\n} u;\nclass CAT(a, b) {\n int f() { return 1; }\n};\ntemplate <class T> RESULT (T, T)\n"
+         "operator >> (T a) { }\nstruct O { int operator()[[nodiscard]](int a) const { } };\n"
+         "template <int m, bool ok = m % 2 < m / 2> struct M { int c() { } };\n",
+         "CAT::f:5 operator >>:8 O::operator ():9 M::c:10"},
+        {"Java", "class A {\n // \\\n Path file() { }\n}\n", "A.file:3"},
     };
     for (const auto &c : cases) {
         CAPTURE(c.text);
@@ -107,11 +127,38 @@ TEST_CASE("classes and their members by the modern reading") {
              "}\n};\n");
     const NodeData &a = cpp.Only(cpp.G->class_list);
     CHECK(a.parents == 2);
-    CHECK(a.public_data == 4);
-    CHECK(a.private_methods == 1);
-    CHECK(a.public_methods == 1);
+    CHECK(Sections(a) == "data 4 0 0 methods 1 0 1");
     CHECK(cpp.Only(cpp.G->function_list).params == 2);
     CHECK(std::string(cpp.Only(cpp.G->function_list).parameters) == "(std::string a, void (*g)(int, int))");
+
+    struct {
+        const char *language, *text, *sections;
+    } cases[] = {
+        {"C++",
+         "class A {\npublic:\n struct B : private C { };\n int a;\nprotected slots:\n void f() { struct L { private: int x; }; }\n"
+         " int b;\n friend bool operator==(A, A) { }\nQ_SIGNALS:\n void g();\n};\n",
+         "data 1 1 0 methods 1 1 0"},
+        {"C++",
+         "struct A {\n type (*f)(int);\n type (C::*g)(int), h;\n int a : sizeof(int);\n int *MARK((x)) b;\n int c[2] "
+         "__aligned(4);\n"
+         " Q_DISABLE(A);\n union { int d; char e; };\n union { int i; } u;\n A();\n T F() -> int;\n};\n",
+         "data 9 0 0 methods 2 0 0"},
+        {"C", "typedef struct {\n BITMAP(x, 3);\n char b __aligned(2);\n} __packed A;\n", "data 2 0 0 methods 0 0 0"},
+        {"C#",
+         "class A {\n public int a;\n int b { get; private set; }\n int c;\n private protected int d;\n void F() { }\n"
+         " protected internal int G() => 1;\n}\n",
+         "data 1 1 1 methods 0 1 1"},
+        {"Java", "enum A {\n X(1);\n public int a;\n int b;\n A(int a) { }\n}\n", "data 1 0 1 methods 0 0 1"},
+    };
+    for (const auto &c : cases) {
+        CAPTURE(c.text);
+        const Bench bench(c.language, kAllRules);
+        bench.Scan(c.text);
+        CHECK(Sections(*FindClass("A", bench.G)) == c.sections);
+    }
+    const Bench interface("C#", kAllRules);
+    interface.Scan("interface I {\n void F();\n int G();\n}\n");
+    CHECK(Sections(interface.Only(interface.G->interface_list)) == "data 0 0 0 methods 2 0 0");
 
     const Bench stray("C++", kAllRules);
     stray.Scan("}\nint f() { return 1; }\n");
