@@ -138,6 +138,9 @@ bool IsWaiting(const Scan &scan, const Globals *G) {
 }
 
 void CountTwice(const Scan &scan, char c, Globals *G) {
+    if ((G->reading & kConditions) && G->preproc_flag && !G->define_flag) { // #if A && B
+        return;
+    }
     if (scan.line[scan.index - 1] == c && G->function_scope > 0 && G->funcname_flag) {
         ++(c == '&' ? G->local_and : G->local_or);
     }

@@ -237,6 +237,18 @@ bool IsClosed(const Keyword &keyword, const char *line, int index, int *counter)
     return closed;
 }
 
+// if constexpr (a), if IF_CONSTEXPR (a): the index behind what stands between the word and its condition.
+int BehindConstexpr(const Keyword &keyword, const char *line, int end, const Globals *G) {
+    if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
+        return end;
+    }
+    const char *p = Ltrim(line + end);
+    while (IsWordChar(*p)) {
+        ++p;
+    }
+    return *Ltrim(p) == '(' ? static_cast<int>(p - line) : end;
+}
+
 // True if the row was the word's.
 bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const unsigned language = LanguageOf(G);
@@ -245,7 +257,7 @@ bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const int end = scan.index + static_cast<int>(keyword.word.size());
     int uncounted = 0;
     int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
-    if (!(complains | acts) || !IsClosed(keyword, scan.line, end, counter)) {
+    if (!(complains | acts) || !IsClosed(keyword, scan.line, BehindConstexpr(keyword, scan.line, end, G), counter)) {
         return false;
     }
     if (complains) {

@@ -17,7 +17,7 @@ constexpr ReadingRule kRules[] = {
      "    static int H(int a, int b = 1) { switch (r = g()) { } }\n"
      "}\n"
      "class B { void F() { } }\n",
-     "A.F:2 A.H:4 B.F:6", "A.B.F:6", 1588},
+     "A.F:2=2 A.H:4 B.F:6", "A.B.F:6", 1588},
     {kLiterals, "literals", "@\"...\", $\"{x}\", \"\"\"...\"\"\", R\"x(...)x\" and 1'000 are read to their end, others to their line's", "C#",
      "class A {\n"
      "    string s = @\"C:\\\";\n"
@@ -78,7 +78,7 @@ constexpr ReadingRule kRules[] = {
      "    }\n"
      "}\n"
      "int h() { return 1; }\n",
-     "f:10 h:11", "", 0},
+     "f:10=3 h:11", "", 0},
     {kTemplates, "templates", "every > of a list of types counts", "C++",
      "template <class T, class = If<A<T>>>\n"
      "int f(T t) { return 1; }\n"
@@ -98,6 +98,13 @@ constexpr ReadingRule kRules[] = {
      "    int G() { return 1; }\n"
      "}\n",
      "Point.F:2 Point.G:3", "Point:4", 0},
+    {kConditions, "conditions", "if constexpr counts, the && of a #if and the ? of int? and a?.b don't", "C++",
+     "int f() {\n"
+     "#if A && B && C\n"
+     "    if constexpr (a) { g(); }\n"
+     "#endif\n"
+     "}\n",
+     "f:5=2", "f:5=3", 0},
 };
 // clang-format on
 

@@ -18,8 +18,9 @@ enum ReadingBit : unsigned {
     kTemplates = 1U << 8,
     kNamespaces = 1U << 9,
     kRecords = 1U << 10,
+    kConditions = 1U << 11,
 };
-inline constexpr unsigned kAllRules = (1U << 11) - 1;
+inline constexpr unsigned kAllRules = (1U << 12) - 1;
 
 struct ReadingRun {
     unsigned reading;      // the rules that are on: 0 for the default reading

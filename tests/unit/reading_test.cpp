@@ -19,6 +19,7 @@ struct Bench : StateBench {
         G->is_cs = language == "C#";
         G->function_metrics = G->object_metrics = G->totals_only = 1;
         G->max_scope_depth = 100;
+        G->cyclo_function_call = G->cyclo_if = G->cyclo_inline_if = G->cyclo_and = 1;
         G->reading = rules;
         G->file_name = "bench";
     }
@@ -31,11 +32,12 @@ struct Bench : StateBench {
             Written([&] { ParseLine(static_cast<int>(line.size()), G->file_line_no, G); });
         }
     }
-    // "name:line of its }", joined by blanks.
+    // "name:line of its }", with "=complexity" where it isn't 1, joined by blanks.
     std::string Functions() const {
         std::string found;
         for (const NodeData *node : Records<NodeData>(G->function_list)) {
             found += (found.empty() ? "" : " ") + std::string(node->name) + ":" + std::to_string(node->line);
+            found += node->cyclo > 1 ? "=" + std::to_string(node->cyclo) : "";
         }
         return found;
     }
@@ -112,6 +114,11 @@ TEST_CASE("statements outside of functions are judged as a whole") {
          "operator >> (T a) { }\nstruct O { int operator()[[nodiscard]](int a) const { } };\n"
          "template <int m, bool ok = m % 2 < m / 2> struct M { int c() { } };\n",
          "CAT::f:5 operator >>:8 O::operator ():9 M::c:10"},
+        {"C#",
+         "class A {\n int? F(List<int?> a) {\n  int? b = a?.Count;\n  return a?[0] ?? (b as int?);\n }\n"
+         " int G() { return x?1:2; }\n int H() { return x ? 1 : y ?.5 : 2; }\n}\n",
+         "A.F:5 A.G:6=2 A.H:7=3"},
+        {"Java", "class A {\n void f(Map<?, ? extends T> a) { Class<?> c = x ? y : z; }\n}\n", "A.f:2=2"},
         {"Java", "class A {\n // \\\n Path file() { }\n}\n", "A.file:3"},
     };
     for (const auto &c : cases) {
