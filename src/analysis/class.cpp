@@ -22,8 +22,6 @@
 
 namespace {
 
-constexpr const char *kUnnamed = "instance"; // what struct { int a; } v; is called until its name is read
-
 void SetSection(int ClassScope::*access, Globals *G) {
     G->access_public = 0;
     G->access_protected = 0;
@@ -122,7 +120,7 @@ int BehindAttributes(const char *line, int index, const Globals *G) {
 // The text behind the "}" names an unnamed struct: typedef struct { int a; } T; or struct { int a; } v[10];
 void NameStruct(const Scan &scan, Globals *G) {
     LineText token;
-    if (!G->struct_flag || !strstr(G->classname, kUnnamed) ||
+    if (!G->struct_flag || !strstr(G->classname, kUnnamedClass) ||
         !GetNextCodeToken(scan.line, BehindAttributes(scan.line, scan.index + 1, G), token) || *token <= ' ') {
         return;
     }
@@ -132,7 +130,7 @@ void NameStruct(const Scan &scan, Globals *G) {
     if (colon && (G->class_index > 0 || G->namespace_flag)) {
         colon[1] = '\0';
         CopyText(old_name, G->classname);
-        AppendText(old_name, kUnnamed);
+        AppendText(old_name, kUnnamedClass);
         AppendText(G->classname, token);
     } else {
         CopyText(G->classname, token);
@@ -252,7 +250,7 @@ void OpenClass(Scan &scan, Globals *G) {
     G->function_scope = 0;
     if (is_struct && !*G->classname) {
         G->classname_pending = 0;
-        GetClassname(kUnnamed, 0, G);
+        GetClassname(kUnnamedClass, 0, G);
     }
     if (G->template_flag) {
         TakeTemplate(G);

@@ -138,7 +138,14 @@ void BeginFunction(const Heading &heading, Scan &scan, Globals *G) {
     OpenFunction(scan, G);
 }
 
+// The class or namespace around it is part of a class's name.
+const char *OuterName(const Globals *G) {
+    return G->class_flag ? G->classname : G->namespace_flag && isfirstchar(*G->namespace_name) ? G->namespace_name : "";
+}
+
 void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
+    LineText outer;
+    CopyText(outer, OuterName(G));
     if (G->class_flag) {
         PushNestedClass(G);
     }
@@ -151,12 +158,7 @@ void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
     G->interface_flag = heading.is_interface;
     G->struct_flag = 0;
     G->struct_pending = heading.is_struct;
-    GetClassname(*name ? name : "instance", 0, G);
-    if (!*G->classname) { // a macro has the same name
-        CopyText(G->classname, name);
-    }
-    G->classname_pending = 0;
-    G->paren_skip = 0;
+    NameClass(outer, *name ? name : kUnnamedClass, G);
     if (!heading.bases.empty()) {
         G->inherit_flag = 1;
         CopyPart(G->inherit_line, heading.bases.data(), heading.bases.size());

@@ -108,7 +108,7 @@ TEST_CASE("statements outside of functions are judged as a whole") {
         {"C#",
          "class A<T> : B where T : class {\n int P { get { return 1; } } = 2;\n static bool operator ==(A a, A b) { }\n"
          " public A() : base(1) { }\n void I<T>.F() where T : new() { }\n enum E { X = 0 }\n ~A() { }\n}\n",
-         "A<T>.operator ==:3 A<T>.A:4 I<T>.F:5 A<T>.~A:7"},
+         "A<T>.operator ==:3 A<T>.A:4 A<T>.I<T>.F:5 A<T>.~A:7"},
         {"C++",
          "union GTY(()) {\n int a;\n} u;\nclass CAT(a, b) {\n int f() { return 1; }\n};\ntemplate <class T> RESULT (T, T)\n"
          "operator >> (T a) { }\nstruct O { int operator()[[nodiscard]](int a) const { } };\n"
@@ -163,6 +163,17 @@ TEST_CASE("classes and their members by the modern reading") {
         bench.Scan(c.text);
         CHECK(Sections(*FindClass("A", bench.G)) == c.sections);
     }
+    const Bench names("C++", kAllRules);
+    names.Scan("namespace n {\ntemplate <> struct A<b::c> { struct D { void f() { } }; operator b::c() { } };\nstruct A::B { };\n"
+               "void i<b::c>() { }\nnamespace { class P { }; }\n}\nvoid Y<T>::Z<T>::x() { }\n");
+    std::string classes_of;
+    for (const NodeData *node : Records<NodeData>(names.G->class_list)) {
+        classes_of += std::string(node->name) + " " + std::to_string(node->functions) + " ";
+    }
+    CHECK(classes_of == "n::A<b::c> 2 n::A<b::c>::D 1 n::A::B 0 n::P 0 Y::Z 1 ");
+    const Bench other("C#", kAllRules);
+    other.Scan("class A : I {\n void I.F() { }\n}\n");
+    CHECK(other.Only(other.G->class_list).functions == 1);
     const Bench interface("C#", kAllRules);
     interface.Scan("interface I {\n void F();\n int G();\n}\n");
     CHECK(Sections(interface.Only(interface.G->interface_list)) == "data 0 0 0 methods 2 0 0");
