@@ -165,6 +165,7 @@ void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
     }
     TakeTemplate(heading.template_text, G);
     if (heading.is_interface) {
+        FormatInheritline(G->inherit_line, G);
         OpenInterface(scan, G);
     } else {
         OpenClass(scan, G);
