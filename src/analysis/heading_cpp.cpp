@@ -117,20 +117,11 @@ bool ReadCppClass(const Tokens &t, int i, Heading *heading, const Globals *G) {
         } else if (kind == '<' && first >= 0) {
             k = BehindAngles(t, k, G) - 1;
             last = k;
-        } else if (kind == '(' && !(G->reading & kBases)) {
-            return false;
         } else if (kind != 'S' && kind != '[') {
             return false;
         }
     }
     const int bases = k + 1;
-    if (bases < t.count && !(G->reading & kBases)) {
-        for (int b = bases; b < t.count; ++b) {
-            if (t.KindAt(b) == '(') {
-                return false;
-            }
-        }
-    }
     if (word == "enum") {
         heading->kind = HeadKind::kValue;
         return true;

@@ -1,4 +1,6 @@
 // Statements of Java and C# outside of functions: one walk from the left over the tokens, behind modifiers and annotations.
+#include <algorithm>
+
 #include "analysis/heading_walks.h"
 #include "run/globals.h"
 
@@ -10,6 +12,10 @@ constexpr Text kModifiers[] = {"public",       "private", "protected", "internal
                                "sealed",       "partial", "readonly",  "unsafe",   "new",       "virtual", "override",
                                "async",        "extern",  "volatile",  "const",    "transient", "native",  "strictfp",
                                "synchronized", "default", "required",  "file",     "non",       "global",  "ref"};
+
+bool HoldsParenthesis(const Tokens &t, int i) {
+    return std::any_of(t.row + i, t.row + t.count, [](const Token &token) { return token.kind == '('; });
+}
 
 // Bases without the arguments that a primary constructor hands on, up to the word that ends them.
 int EndOfBases(const Tokens &t, int i, const Globals *G) {
@@ -98,12 +104,8 @@ bool ReadJavaCsClass(const Tokens &t, int i, Heading *heading, const Globals *G)
         return false; // record r = ...
     }
     const int behind = last + (has_list ? 2 : 1);
-    if (!(G->reading & kBases)) {
-        for (int k = i; k < t.count; ++k) {
-            if (t.KindAt(k) == '(') {
-                return false;
-            }
-        }
+    if (!(G->reading & kBases) && HoldsParenthesis(t, i)) {
+        return false;
     }
     if (word == "enum" && G->is_cs) {
         heading->kind = HeadKind::kBlock;
@@ -147,9 +149,6 @@ Candidate FindMethod(const Tokens &t, int i, int *stop, const Globals *G) {
                 found.list = i;
                 found.name_text = t.Between(first, i - 1);
                 found.params = t.At(i);
-                if (t.KindAt(first - 1) == '~') {
-                    found.name_text = t.Between(first - 1, i - 1);
-                }
                 break;
             }
             if (!(G->reading & kTuples)) {

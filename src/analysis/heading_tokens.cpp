@@ -122,9 +122,6 @@ int BehindAngles(const Tokens &t, int i, const Globals *G) {
         if (kind == '>' && (depth == 0 || !(G->reading & kTemplates))) {
             return k + 1;
         }
-        if (kind == 'E' && t.At(k) == ">=") { // template <class T = A<int>>= is nobody's
-            break;
-        }
     }
     return i + 1;
 }
@@ -154,7 +151,7 @@ int BeginOfName(const Tokens &t, int i, const Globals *G) {
             part = OpenOfAngle(t, part) - 1;
         }
         if (t.KindAt(part) != 'w') {
-            return t.KindAt(i - 1) == 'S' ? i : i - 1;
+            return i;
         }
         i = part;
     }

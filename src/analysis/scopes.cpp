@@ -76,12 +76,8 @@ void CopyList(Text list, std::span<char> out) {
 const char *WordIn(const char *text, const char *word) {
     const size_t length = strlen(word);
     const char *found = strstr(text, word);
-    while (found > text && (IsLetterOrDigit(found[-1]) || found[-1] == '_')) {
-        const char *next = strstr(found + length, word);
-        if (!next) {
-            break;
-        }
-        found = next;
+    while (found && found > text && (IsLetterOrDigit(found[-1]) || found[-1] == '_')) {
+        found = strstr(found + length, word);
     }
     return found ? found : text;
 }

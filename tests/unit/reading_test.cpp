@@ -119,6 +119,28 @@ TEST_CASE("statements outside of functions are judged as a whole") {
          " int G() { return x?1:2; }\n int H() { return x ? 1 : y ?.5 : 2; }\n}\n",
          "A.F:5 A.G:6=2 A.H:7=3"},
         {"Java", "class A {\n void f(Map<?, ? extends T> a) { Class<?> c = x ? y : z; }\n}\n", "A.f:2=2"},
+        {"C",
+         "struct s f(int a) attr {\n}\nint (g)(int a) {\n}\n[[x]] __extension__ int h(void) {\n}\n"
+         "__attribute__((used)) int i(int a) {\n return 'x';\n}\nint (*) (int) {\n}\n",
+         "f:2 g:4 h:6 i:9"},
+        {"C", "#if A\nint x;\nint f(int a)\n#else\nint f(long a)\n#endif\n{\n}\n#if A\nint g(int a)\n#else\n#endif\n{\n}\n",
+         "f:8 g:14"},
+        {"C++", "#if A\nnamespace n {\n#else\nnamespace m {\n#endif\nint f() {\n#if A\n }\n#else\n }\n#endif\n}\n#define E } ;\n",
+         "n::f:8"},
+        {"C++",
+         "export template <class T> requires (C<T>) EXP template <class U> int f() { }\nenum class E : int { B };\n{\n}\n"
+         "struct X {\n x operator y; int a > (b); };\n"
+         "bool my_operator::operator+(A a) { return R\"tooooooooooooolong(}\"; }\nint *::g() __attribute__((x)) { }\n",
+         "f:1 my_operator::operator+:7 g:8"},
+        {"C#",
+         "namespace N.M {\nrecord struct R(int a) {\n void F<T>(T a) { var s = $\"\\\"{new[] { 1 }}\";\n  s = $\"\n; }\n int P => "
+         "1;\n"
+         " record[] r;\n int G() => 1\n}\nclass B { void H() { } }\n}\n",
+         "N.M.R.F<T>:5 N.M.R.G:9 N.M.B.H:10"},
+        {"Java",
+         "class A implements B {\n @java.lang.Override void f() { s = \"\"\"\n  { \\\"\"\"\n  \"\"\"; }\n record r;\n char c = "
+         "'{';\n}\n",
+         "A.f:4"},
         {"Java", "class A {\n // \\\n Path file() { }\n}\n", "A.file:3"},
     };
     for (const auto &c : cases) {
@@ -142,7 +164,8 @@ TEST_CASE("classes and their members by the modern reading") {
         const char *language, *text, *sections;
     } cases[] = {
         {"C++",
-         "class A {\npublic:\n struct B : private C { };\n int a;\nprotected slots:\n void f() { struct L { private: int x; }; }\n"
+         "class A final {\npublic:\n struct B FINAL : private C { Map<int, int> m, n; };\n int a;\nprotected slots:\n void f() { "
+         "struct L { private: int x; }; }\n"
          " int b;\n friend bool operator==(A, A) { }\nQ_SIGNALS:\n void g();\n};\n",
          "data 1 1 0 methods 1 1 0"},
         {"C++",
@@ -177,6 +200,10 @@ TEST_CASE("classes and their members by the modern reading") {
     const Bench interface("C#", kAllRules);
     interface.Scan("interface I {\n void F();\n int G();\n}\n");
     CHECK(Sections(interface.Only(interface.G->interface_list)) == "data 0 0 0 methods 2 0 0");
+
+    const Bench branch("C", kAllRules);
+    branch.Scan("int f( int a\n#if X\n , int b\n#endif\n )\n{\n}\n");
+    CHECK(std::string(branch.Only(branch.G->function_list).parameters) == "(int a , int b) Defined By Compiler Directive");
 
     const Bench stray("C++", kAllRules);
     stray.Scan("}\nint f() { return 1; }\n");
