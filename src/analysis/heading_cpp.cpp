@@ -22,11 +22,17 @@ constexpr Text kSuffixWords[] = {"const", "volatile", "override", "final", "try"
 
 // namespace a::b {, inline namespace v1 {, namespace std VISIBLE(default) {
 bool ReadCppNamespace(const Tokens &t, int i, Heading *heading, const Globals *G) {
-    while (t.IsWord(i, "inline") || (t.KindAt(i) == 'w' && IsMacroLike(t.At(i), G)) || (i > 0 && t.KindAt(i) == '(')) {
-        ++i;
+    int word = i;
+    while ((t.KindAt(word) == 'w' && !t.IsWord(word, "namespace")) || (word > i && t.KindAt(word) == '(')) {
+        ++word;
     }
-    if (!t.IsWord(i, "namespace")) {
+    if (word >= t.count || t.KindAt(word) != 'w') {
         return false;
+    }
+    for (; i < word; ++i) {
+        if (t.KindAt(i) == 'w' && !t.IsWord(i, "inline") && !IsMacroLike(t.At(i), G)) {
+            return false;
+        }
     }
     int first = -1, last = -1;
     for (++i; i < t.count && t.KindAt(i) != '='; ++i) {
@@ -53,26 +59,30 @@ Access AccessAt(const Tokens &t, int i) {
                                                                    : Access::kKept;
 }
 
+bool IsClassWord(const Tokens &t, int i, const Globals *G) {
+    return t.IsWord(i, "struct") || t.IsWord(i, "union") || t.IsWord(i, "enum") || (t.IsWord(i, "class") && !G->is_c);
+}
+
+// The parenthesis at i may stand in front of a class: MARK(()), alignas(8).
+bool IsPassedOver(const Tokens &t, int i, const Globals *G) {
+    return i > 0 && (IsOneOf(t.At(i - 1), kAttributeWords) || IsMacroLike(t.At(i - 1), G));
+}
+
 // The word in front of the name of a class, its index; -1 for none. "struct s *f(" and "struct s v =" name only a type.
 int FindClassWord(const Tokens &t, int i, const Globals *G) {
-    for (; i < t.count; ++i) {
+    int word = i;
+    while (word < t.count && !IsClassWord(t, word, G)) {
+        word = t.KindAt(word) == '<' ? BehindAngles(t, word, G) : word + 1;
+    }
+    for (; i < word && word < t.count; ++i) {
         const char kind = t.KindAt(i);
         if (kind == '<') {
             i = BehindAngles(t, i, G) - 1;
-        } else if (kind == '=' || kind == '(' || kind == ':' || kind == 'S') {
-            const bool macro = kind == '(' && i > 0 && IsMacroLike(t.At(i - 1), G);
-            const bool attribute = kind == '(' && i > 0 && IsOneOf(t.At(i - 1), kAttributeWords);
-            if (!macro && !attribute) {
-                return -1;
-            }
-        } else if (kind == 'w') {
-            const Text word = t.At(i);
-            if (word == "struct" || word == "union" || word == "enum" || (word == "class" && !G->is_c)) {
-                return i;
-            }
+        } else if (kind == '=' || kind == ':' || kind == 'S' || (kind == '(' && !IsPassedOver(t, i, G))) {
+            return -1;
         }
     }
-    return -1;
+    return word < t.count ? word : -1;
 }
 
 // The text of the bases: without what their own parentheses hold.
@@ -275,7 +285,7 @@ int BehindPrefix(const Tokens &t, int i, Text *template_text, const Globals *G) 
             i = behind;
         } else if (t.IsWord(i, "requires") && t.KindAt(i + 1) == '(') {
             i += 2;
-        } else if (t.KindAt(i) == 'w' && IsMacroLike(t.At(i), G) && t.IsWord(i + (t.KindAt(i + 1) == '(' ? 2 : 1), "template")) {
+        } else if (t.KindAt(i) == 'w' && t.IsWord(i + (t.KindAt(i + 1) == '(' ? 2 : 1), "template") && IsMacroLike(t.At(i), G)) {
             i += t.KindAt(i + 1) == '(' ? 2 : 1;
         } else {
             return i;

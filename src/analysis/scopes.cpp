@@ -61,6 +61,10 @@ void Push(ScopeKind kind, bool constants, int local_paren, Globals *G) {
 
 // ( int a,  int b ) becomes (int a, int b).
 void CopyList(Text list, std::span<char> out) {
+    if (list.find("( ") == Text::npos && list.find(" )") == Text::npos) {
+        CopyPart(out, list.data(), list.size());
+        return;
+    }
     size_t used = 0;
     for (size_t i = 0; i < list.size() && used + 1 < out.size(); ++i) {
         const char next = i + 1 < list.size() ? list[i + 1] : '\0';
