@@ -116,8 +116,9 @@ TEST_CASE("statements outside of functions are judged as a whole") {
          "CAT::f:5 operator >>:8 O::operator ():9 M::c:10"},
         {"C#",
          "class A {\n int? F(List<int?> a) {\n  int? b = a?.Count;\n  return a?[0] ?? (b as int?);\n }\n"
-         " int G() { return x?1:2; }\n int H() { return x ? 1 : y ?.5 : 2; }\n}\n",
-         "A.F:5 A.G:6=2 A.H:7=3"},
+         " int G() { return x?1:2; }\n int H() { return x ? 1 : y ?.5 : 2; }\n int K() { return x switch { 1 => 2, _ => 3 }; "
+         "}\n}\n",
+         "A.F:5 A.G:6=2 A.H:7=3 A.K:8"},
         {"Java", "class A {\n void f(Map<?, ? extends T> a) { Class<?> c = x ? y : z; }\n}\n", "A.f:2=2"},
         {"C",
          "struct s f(int a) attr {\n}\nint (g)(int a) {\n}\n[[x]] __extension__ int h(void) {\n}\n"
@@ -188,12 +189,12 @@ TEST_CASE("classes and their members by the modern reading") {
     }
     const Bench names("C++", kAllRules);
     names.Scan("namespace n {\ntemplate <> struct A<b::c> { struct D { void f() { } }; operator b::c() { } };\nstruct A::B { };\n"
-               "void i<b::c>() { }\nnamespace { class P { }; }\n}\nvoid Y<T>::Z<T>::x() { }\n");
+               "void i<b::c>() { }\nnamespace { class P { }; }\nstruct H<long double> { };\n}\nvoid Y<T>::Z<T>::x() { }\n");
     std::string classes_of;
     for (const NodeData *node : Records<NodeData>(names.G->class_list)) {
         classes_of += std::string(node->name) + " " + std::to_string(node->functions) + " ";
     }
-    CHECK(classes_of == "n::A<b::c> 2 n::A<b::c>::D 1 n::A::B 0 n::P 0 Y::Z 1 ");
+    CHECK(classes_of == "n::A<b::c> 2 n::A<b::c>::D 1 n::A::B 0 n::P 0 n::H<longdouble> 0 Y::Z 1 ");
     const Bench other("C#", kAllRules);
     other.Scan("class A : I {\n void I.F() { }\n}\n");
     CHECK(other.Only(other.G->class_list).functions == 1);
