@@ -85,61 +85,68 @@ int FindClassWord(const Tokens &t, int i, const Globals *G) {
     return word < t.count ? word : -1;
 }
 
-// The text of the bases: without what their own parentheses hold.
-Text TextBehind(const Tokens &t, int i) {
-    return i < t.count ? t.Between(i, t.count - 1) : Text{};
+// What has been read of a class's name: its first and its last token.
+struct NameSpan {
+    int first = -1, last = -1;
+};
+
+// The word at k behind struct or class, with the parenthesis of a macro or an attribute. The index behind; -1 if this heads no
+// class.
+int TakeClassWord(const Tokens &t, int k, NameSpan *name, const Globals *G) {
+    const Text word = t.At(k);
+    if (IsOneOf(word, kSuffixWords)) {
+        return k + 1;
+    }
+    const bool named = name->first >= 0;
+    if (t.KindAt(k + 1) != '(') {
+        const bool joined = named && t.KindAt(k - 1) == 'S';
+        if (joined || !named || !IsCapitals(word) || IsMacroLike(t.At(name->first), G)) { // not the FINAL of class A FINAL {
+            *name = {joined ? name->first : k, k};
+        }
+        return k + 1;
+    }
+    const bool attribute = IsOneOf(word, kAttributeWords);
+    const bool macro = IsMacroLike(word, G);
+    const bool at_end = k + 2 >= t.count || t.KindAt(k + 2) == ':';
+    const bool passed = attribute || macro || (!named && (G->reading & kMacros));
+    if (!passed || (at_end && (named || !(attribute || macro))) || t.KindAt(k + 2) == '(') { // struct s f(int a) attr {
+        return -1;
+    }
+    if (at_end && macro && !Inside(t.At(k + 1)).starts_with('(')) { // class CAT(a, b) {, but not union GTY(()) {
+        *name = {k, k};
+    }
+    return k + 2;
 }
 
 // From the word struct or class on. False when it only names a type.
 bool ReadCppClass(const Tokens &t, int i, Heading *heading, const Globals *G) {
     const Text word = t.At(i);
-    int first = -1, last = -1;
+    NameSpan name;
     int k = i + 1;
-    for (; k < t.count && t.KindAt(k) != ':'; ++k) {
+    while (k < t.count && t.KindAt(k) != ':') {
         const char kind = t.KindAt(k);
         if (kind == 'w') {
-            if (IsOneOf(t.At(k), kSuffixWords)) {
-                continue;
+            k = TakeClassWord(t, k, &name, G);
+            if (k < 0) {
+                return false;
             }
-            const bool joined = t.KindAt(k - 1) == 'S' && first >= 0;
-            if (t.KindAt(k + 1) == '(') { // a macro's or an attribute's
-                const bool passed = IsOneOf(t.At(k), kAttributeWords) || (G->reading & kMacros);
-                const bool alone = first < 0 && IsMacroLike(t.At(k), G);
-                const bool at_end = k + 2 >= t.count || t.KindAt(k + 2) == ':';
-                if (!passed || (at_end && !alone) || t.KindAt(k + 2) == '(') {
-                    return false;
-                }
-                if (at_end && !Inside(t.At(k + 1)).starts_with('(')) { // class CAT(a, b) {, but not union GTY(()) {
-                    first = k;
-                    last = k;
-                }
-                if (first >= 0 && !IsMacroLike(t.At(k), G) && !IsOneOf(t.At(k), kAttributeWords)) {
-                    return false; // struct s f(int a) attr {
-                }
-                ++k;
-                continue;
-            }
-            if (first >= 0 && !joined && IsCapitals(t.At(k)) && !IsMacroLike(t.At(first), G)) {
-                continue; // class A FINAL {
-            }
-            first = joined ? first : k;
-            last = k;
-        } else if (kind == '<' && first >= 0) {
-            k = BehindAngles(t, k, G) - 1;
-            last = k;
-        } else if (kind != 'S' && kind != '[') {
+        } else if (kind == '<' && name.first >= 0) {
+            k = BehindAngles(t, k, G);
+            name.last = k - 1;
+        } else if (kind == 'S' || kind == '[') {
+            ++k;
+        } else {
             return false;
         }
     }
-    const int bases = k + 1;
     if (word == "enum") {
         heading->kind = HeadKind::kValue;
         return true;
     }
     heading->kind = word == "union" ? HeadKind::kUnion : HeadKind::kClass;
     heading->is_struct = word != "class";
-    heading->name = first < 0 ? Text{} : t.Between(first, last);
-    heading->bases = TextBehind(t, bases);
+    heading->name = name.first < 0 ? Text{} : t.Between(name.first, name.last);
+    heading->bases = k + 1 < t.count ? t.Between(k + 1, t.count - 1) : Text{};
     return true;
 }
 

@@ -131,8 +131,9 @@ TEST_CASE("statements outside of functions are judged as a whole") {
         {"C++",
          "export template <class T> requires (C<T>) EXP template <class U> int f() { }\nenum class E : int { B };\n{\n}\n"
          "struct X {\n x operator y; int a > (b); };\n"
-         "bool my_operator::operator+(A a) { return R\"tooooooooooooolong(}\"; }\nint *::g() __attribute__((x)) { }\n",
-         "f:1 my_operator::operator+:7 g:8"},
+         "bool my_operator::operator+(A a) { return R\"tooooooooooooolong(}\"; }\nint *::g() __attribute__((x)) { }\n"
+         "struct alignas(8) { int e() { } } q;\n",
+         "f:1 my_operator::operator+:7 g:8 instance::e:9"},
         {"C#",
          "namespace N.M {\nrecord struct R(int a) {\n void F<T>(T a) { var s = $\"\\\"{new[] { 1 }}\";\n  s = $\"\n; }\n int P => "
          "1;\n"
