@@ -497,6 +497,6 @@ void FollowBranch(const char *word, Globals *G) {
     G->branch_depth -= !other;
 }
 
-int AreScopesUneven(const Globals *G) {
-    return G->brace_depth != 0 || G->stray_braces > 0;
+int ClosedBraces(const Globals *G) {
+    return G->brace_depth > 0 ? G->open_braces - G->brace_depth : G->open_braces + G->stray_braces;
 }

@@ -50,7 +50,7 @@ struct Bench : StateBench {
 std::string Functions(const std::string &language, const std::string &text, unsigned rules = kAllRules) {
     const Bench bench(language, rules);
     bench.Scan(text);
-    CHECK(!AreScopesUneven(bench.G));
+    CHECK(ClosedBraces(bench.G) == bench.G->open_braces);
     return bench.Functions();
 }
 
@@ -210,10 +210,10 @@ TEST_CASE("classes and their members by the modern reading") {
     const Bench stray("C++", kAllRules);
     stray.Scan("}\nint f() { return 1; }\n");
     CHECK(stray.Functions() == "f:2");
-    CHECK(AreScopesUneven(stray.G));
+    CHECK(ClosedBraces(stray.G) == 2);
     const Bench open("C++", kAllRules);
-    open.Scan("namespace n {\nint f() {\n");
-    CHECK(AreScopesUneven(open.G));
+    open.Scan("}\nnamespace n {\nint f() {\n");
+    CHECK(ClosedBraces(open.G) == 0);
     const Bench deep("C++", kAllRules);
     deep.Scan("int f() {\n" + std::string(300, '{') + "\n" + std::string(300, '}') + "\n}\nint g() { return 1; }\n");
     CHECK(deep.Functions() == "f:4 g:5");
