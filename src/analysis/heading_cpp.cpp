@@ -240,6 +240,7 @@ void TakeParenthesis(const Tokens &t, int i, Candidate *found, const Globals *G)
         nested.name = name;
         nested.list = i;
         nested.awaits_list = nested.params.empty();
+        nested.is_friend = found->is_friend;
         *found = nested;
         return;
     }
@@ -355,6 +356,8 @@ Candidate FindCppFunction(const Tokens &t, int i, End *end, const Globals *G) {
             i = ReadOperator(t, i, &found, G);
         } else if (kind == '(') {
             TakeParenthesis(t, i, &found, G);
+        } else if (t.IsWord(i, "friend")) {
+            found.is_friend = true;
         }
     }
     return found;
@@ -402,9 +405,7 @@ Heading ReadCpp(const Tokens &t, const Globals *G) {
     heading.name = found.name_text;
     heading.params = found.params;
     heading.is_operator = found.is_operator;
-    for (; i < found.list; ++i) {
-        heading.is_friend |= t.IsWord(i, "friend");
-    }
+    heading.is_friend = found.is_friend;
     heading.old_style = G->is_c && t.KindAt(t.count - 1) == ';';
     return heading;
 }

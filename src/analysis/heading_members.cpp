@@ -53,6 +53,9 @@ Member ReadCppMember(const Tokens &t, const Globals *G) {
     }
     End end;
     Candidate found = FindCppFunction(t, i, &end, G);
+    if (found.is_friend) {
+        return member;
+    }
     if (found.list >= 0 && !found.is_operator && IsMacroLike(t.At(found.name), G) && t.At(found.name) != OwnName(G)) {
         const bool attribute = IsAttributeMacro(t, found, G);
         if (found.name == i && !attribute && !G->is_c) { // Q_DISABLE_COPY(A);

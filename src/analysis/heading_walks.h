@@ -10,6 +10,7 @@ struct Candidate {
     int name = -1; // last token of the name, or the word operator
     int list = -1; // its parameters, -1 for no function
     bool is_operator = false;
+    bool is_friend = false;
     bool awaits_list = false; // the name stands in a parenthesis of its own: int (name)(int a)
     std::string_view name_text, params;
 };

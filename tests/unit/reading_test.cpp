@@ -168,7 +168,7 @@ TEST_CASE("classes and their members by the modern reading") {
         {"C++",
          "class A final {\npublic:\n struct B FINAL : private C { Map<int, int> m, n; };\n int a;\nprotected slots:\n void f() { "
          "struct L { private: int x; }; }\n"
-         " int b;\n friend bool operator==(A, A) { }\nQ_SIGNALS:\n void g();\n};\n",
+         " int b;\n friend bool operator==(A, A) { }\n inline friend void h(A);\nQ_SIGNALS:\n void g();\n};\n",
          "data 1 1 0 methods 1 1 0"},
         {"C++",
          "struct A {\n type (*f)(int);\n type (C::*g)(int), h;\n int a : sizeof(int);\n int *MARK((x)) b;\n int c[2] "
