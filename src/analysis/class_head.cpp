@@ -79,7 +79,33 @@ void QualifyName(const char *name, Globals *G) {
     }
 }
 
+void TidyName(Globals *G) {
+    G->class_start_white = WhiteSoFar(G);
+    G->class_start_chars = G->file_chars;
+    StripCComment(G->classname);
+    StripCPPComment(G->classname);
+    StripChars(G->classname, kHeadingNoise);
+    FormatTemplateLine(G->classname);
+    Lefttrim(G->classname);
+    Rtrim(G->classname);
+}
+
 } // namespace
+
+const char *SeparatorBehind(const char *outer, const Globals *G) {
+    const size_t length = strlen(outer);
+    const bool unnamed = length > 1 && outer[length - 1] == ':'; // a namespace without a name in a: a::
+    return length == 0 || unnamed ? "" : G->is_java || G->is_cs ? "." : "::";
+}
+
+void NameClass(const char *outer, const char *name, Globals *G) {
+    CopyText(G->classname, outer);
+    if (!AppendText(G->classname, SeparatorBehind(outer, G)) || !AppendText(G->classname, name)) {
+        CopyText(G->classname, name);
+    }
+    G->classname_pending = 0;
+    TidyName(G);
+}
 
 void GetClassname(const char *line, int col, Globals *G) {
     ClearText(G->classname);
@@ -97,7 +123,7 @@ void GetClassname(const char *line, int col, Globals *G) {
         if (begin < 0) {
             return;
         }
-        const int end = G->reading & kBraces ? static_cast<int>(strlen(line)) : EndOfName(line, begin);
+        const int end = EndOfName(line, begin);
         if (line[end] == ';') {
             G->forward_decl_flag = 1;
         }
@@ -111,15 +137,7 @@ void GetClassname(const char *line, int col, Globals *G) {
         }
     }
     QualifyName(name, G);
-
-    G->class_start_white = WhiteSoFar(G);
-    G->class_start_chars = G->file_chars;
-    StripCComment(G->classname);
-    StripCPPComment(G->classname);
-    StripChars(G->classname, kHeadingNoise);
-    FormatTemplateLine(G->classname);
-    Lefttrim(G->classname);
-    Rtrim(G->classname);
+    TidyName(G);
 }
 
 void FormatInheritline(char *text, Globals *G) {

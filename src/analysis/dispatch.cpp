@@ -49,6 +49,9 @@ void OnStar(Scan &scan, Globals *G) {
 
 // & and |: the second of two counts.
 void OnTwice(Scan &scan, Globals *G) {
+    if ((G->reading & kConditions) && G->preproc_flag && !G->define_flag) { // #if A && B
+        return;
+    }
     const char c = scan.line[scan.index];
     if (scan.line[scan.index - 1] == c && G->function_scope > 0 && G->funcname_flag) {
         ++(c == '&' ? G->local_and : G->local_or);

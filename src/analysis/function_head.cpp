@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "analysis/class.h"
 #include "analysis/code_text.h"
 #include "analysis/entities.h"
 #include "run/globals.h"
@@ -253,6 +254,9 @@ Verdict TryHead(Head &head, Globals *G) {
 void PutInFront(const char *prefix, const char *separator, Globals *G) {
     LineText name;
     CopyText(name, prefix);
+    if (G->reading & kBraces) {
+        separator = SeparatorBehind(prefix, G);
+    }
     if (AppendText(name, separator) && AppendText(name, G->funcname)) {
         CopyText(G->funcname, name);
     }
@@ -293,9 +297,10 @@ void GetFunction(const char *line, int col, Globals *G) {
 }
 
 void QualifyFunction(Globals *G) {
-    QualifyByNamespace(G);
-    if (G->class_flag) {
-        QualifyByClass(G);
+    if (!G->class_flag) {
+        QualifyByNamespace(G);
+    } else if (!G->is_c) { // operator A::B and the I.f of another interface too
+        PutInFront(G->classname, SeparatorBehind(G->classname, G), G);
     }
 }
 

@@ -56,6 +56,9 @@ template <int n> void Notice(Scan &, int, Globals *G) {
 }
 
 template <int is_public, int is_protected, int is_private> void Access(Scan &, int, Globals *G) {
+    if (G->reading & kBraces) { // told by the whole statement
+        return;
+    }
     G->access_public = is_public;
     G->access_protected = is_protected;
     G->access_private = is_private;
@@ -237,6 +240,18 @@ bool IsClosed(const Keyword &keyword, const char *line, int index, int *counter)
     return closed;
 }
 
+// if constexpr (a), if IF_CONSTEXPR (a): the index behind what stands between the word and its condition.
+int BehindConstexpr(const Keyword &keyword, const char *line, int end, const Globals *G) {
+    if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
+        return end;
+    }
+    const char *p = Ltrim(line + end);
+    while (IsWordChar(*p)) {
+        ++p;
+    }
+    return *Ltrim(p) == '(' ? static_cast<int>(p - line) : end;
+}
+
 // True if the row was the word's.
 bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const unsigned language = LanguageOf(G);
@@ -245,7 +260,7 @@ bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const int end = scan.index + static_cast<int>(keyword.word.size());
     int uncounted = 0;
     int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
-    if (!(complains | acts) || !IsClosed(keyword, scan.line, end, counter)) {
+    if (!(complains | acts) || !IsClosed(keyword, scan.line, BehindConstexpr(keyword, scan.line, end, G), counter)) {
         return false;
     }
     if (complains) {

@@ -255,7 +255,7 @@ void LookAtLine(const Scan &scan, int line_has_c_comment, Globals *G) {
 
 // What goes on from line to line behind a backslash, and what ends here.
 void EndLine(const Scan &scan, Globals *G) {
-    if (GoesOn(scan)) {
+    if (GoesOn(scan, G)) {
         ++G->continuation_count;
         G->continuation = 1;
         return;

@@ -112,12 +112,13 @@ void CountLiteral(Scan &scan, int begin) {
     }
 }
 
-bool GoesOn(const Scan &scan) {
+bool GoesOn(const Scan &scan, const Globals *G) {
     int last = scan.length - 1;
     while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
         --last;
     }
-    return last >= 0 && scan.line[last] == '\\';
+    const bool joins = !(G->reading & kLiterals) || !(G->is_java || G->is_cs); // a backslash of theirs ends no line
+    return last >= 0 && scan.line[last] == '\\' && joins;
 }
 
 void EndSpans(Globals *G) {

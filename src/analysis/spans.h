@@ -19,6 +19,6 @@ void ScanCharLiteral(Scan &scan, Globals *G);
 void CountLiteral(Scan &scan, int begin);
 
 // True if the line ends in a backslash, blanks behind it aside: it keeps a // comment and an open string alive.
-bool GoesOn(const Scan &scan);
+bool GoesOn(const Scan &scan, const Globals *G);
 // What ends with a line that doesn't go on.
 void EndSpans(Globals *G);

@@ -225,8 +225,9 @@ void EndFile(FileData *file, Globals *G) {
         CloseNamespace(G);
     }
     if (!G->totals_only) {
-        if (G->reading & kBraces ? AreScopesUneven(G) : G->open_braces != G->closebrace_count) {
-            Print(G, kBracesDiffer, G->open_braces, G->closebrace_count);
+        const int closed = G->reading & kBraces ? ClosedBraces(G) : G->closebrace_count;
+        if (G->open_braces != closed) {
+            Print(G, kBracesDiffer, G->open_braces, closed);
         }
         if (G->function_scope > 0 && G->funcname_flag) {
             Print(G, kOpenFunction);
