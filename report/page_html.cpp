@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "model.h"
 #include "utf8.h"
 #include "xml_text.h"
 
@@ -62,6 +63,25 @@ std::string Change(double now, double before, int decimals) {
     return text;
 }
 
+bool IsTold(double value) {
+    return value != static_cast<double>(kUntold);
+}
+
+std::string Value(double value, int decimals) {
+    return IsTold(value) ? Fixed(value, decimals) : std::string("<span class=\"soft\">") + kUntoldText + "</span>";
+}
+
+std::string Judged(double now, double before, int decimals, bool less_is_better) {
+    if (!IsTold(now) || !IsTold(before)) {
+        return "–";
+    }
+    const std::string change = Change(now, before, decimals);
+    if (!less_is_better || change == "0") {
+        return change;
+    }
+    return now > before ? "<span class=\"worse\">▲ " + change + "</span>" : "<span class=\"better\">▼ " + change + "</span>";
+}
+
 std::string Shown(std::string_view text, size_t most) {
     size_t end = 0;
     size_t before_last = 0;
@@ -84,12 +104,22 @@ std::string Isolated(std::string_view text) {
     return isolated + "</bdi>";
 }
 
+void AppendParagraph(std::string &out, const std::string &html) {
+    out += "<p>" + html + "</p>\n";
+}
+
+void AppendNothing(std::string &out, const char *text) {
+    out += std::string("<p class=\"soft\">") + text + "</p>\n";
+}
+
 void AppendTable(std::string &out, const std::string &caption, const std::vector<Column> &columns,
                  const std::vector<std::vector<std::string>> &rows) {
     out += std::string("<table") + (columns.size() < 3 ? " class=\"slim\"" : "") + ">\n<caption>" + caption +
            "</caption>\n<thead><tr>";
     for (const Column &column : columns) {
-        out += std::string("<th scope=\"col\"") + ClassOf(column.style) + ">" + column.head + "</th>";
+        const char *cell = column.head.empty() ? "td" : "th";
+        out += std::string("<") + cell + (column.head.empty() ? "" : " scope=\"col\"") + ClassOf(column.style) + ">" + column.head +
+               "</" + cell + ">";
     }
     out += "</tr></thead>\n<tbody>\n";
     for (const std::vector<std::string> &row : rows) {

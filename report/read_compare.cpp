@@ -46,9 +46,6 @@ CompareFigures *FiguresOf(Reader *r) {
                : part == "metrics_older_work_files" ? &c.older.totals
                                                     : nullptr;
     }
-    if (Around(r, 2) != "total_differentials") {
-        return nullptr;
-    }
     c.by_lines = c.by_lines || part == "differential_by_code";
     return part == "new"                                                  ? &c.added
            : part == "removed"                                            ? &c.removed

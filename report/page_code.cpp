@@ -1,14 +1,12 @@
-// The page from top to bottom: each section is a row of kSections.
+// The sections about the code itself: how its figures spread, and where the largest are.
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <numeric>
 #include <unordered_map>
 
 #include "notice_help.h"
-#include "page.h"
 #include "page_html.h"
-#include "page_style.h"
+#include "page_sections.h"
 #include "svg_charts.h"
 
 namespace {
@@ -16,193 +14,30 @@ namespace {
 constexpr size_t kWorst = 10;     // functions and files in a table
 constexpr size_t kTilesWide = 60; // files in a treemap
 constexpr size_t kTilesNarrow = 18;
-constexpr size_t kDepths = 10;    // the last one is open
-constexpr size_t kRunsShown = 20; // more runs than these are a closed table
-constexpr const char *kUntoldText = "not in the input";
+constexpr size_t kDepths = 10; // the last one is open
 
-bool IsTold(double value) {
-    return value != static_cast<double>(kUntold);
+// The row of rows, which are sorted by a member, where that has this key; null if there is none.
+template <class Row, class Key> const Row *Find(const std::vector<Row> &rows, const Key &key, Key Row::*member) {
+    const auto at = std::ranges::lower_bound(rows, key, {}, member);
+    return at != rows.end() && (*at).*member == key ? &*at : nullptr;
 }
 
-std::string Value(double value, int decimals) {
-    return IsTold(value) ? Fixed(value, decimals) : std::string("<span class=\"soft\">") + kUntoldText + "</span>";
-}
-
-// A change with a colour and, for whom colours are the same, an arrow and a word.
-std::string Judged(double now, double before, int decimals, bool less_is_better) {
-    if (!IsTold(now) || !IsTold(before)) {
-        return "–";
-    }
-    const std::string change = Change(now, before, decimals);
-    if (!less_is_better || change == "0") {
-        return change;
-    }
-    return now > before ? "<span class=\"worse\">▲ " + change + "</span>" : "<span class=\"better\">▼ " + change + "</span>";
-}
-
-void Paragraph(std::string &out, const std::string &html) {
-    out += "<p>" + html + "</p>\n";
-}
-
-// The name of a figure with its unit.
-std::string NameOf(const FigureRow &row) {
-    return row.name + (*row.unit ? std::string(" <span class=\"unit\">") + row.unit + "</span>" : "");
-}
-
-// What stands in a section of which the input has nothing.
-void Nothing(std::string &out, const char *text) {
-    out += std::string("<p class=\"soft\">") + text + "</p>\n";
-}
-
-void WriteKeyFigures(std::string &out, const PageInput &in) {
-    out += "<ul class=\"key\">\n";
-    for (size_t i = 0; i < kFigureCount; ++i) {
-        const FigureRow &row = kFigures[i];
-        const double now = row.value(in.now);
-        if (!row.leads || !IsTold(now)) {
-            continue;
-        }
-        out += "<li><strong>" + Fixed(now, row.decimals) + "</strong><span class=\"soft\">" + NameOf(row) + "</span>";
-        if (in.before) {
-            out += "<span>" + Judged(now, row.value(*in.before), row.decimals, row.less_is_better) + "</span>";
-        }
-        out += "</li>\n";
-    }
-    out += "</ul>\n";
-}
-
-void WriteSummary(std::string &out, const PageInput &in) {
-    WriteKeyFigures(out, in);
-    std::vector<Column> columns = {{"Figure", kText}, {"Now", kNumber}};
-    if (in.before) {
-        columns.push_back({"Before", kNumber});
-        columns.push_back({"Change", kNumber});
-    }
-    std::vector<std::vector<std::string>> rows;
-    for (size_t i = 0; i < kFigureCount; ++i) {
-        const FigureRow &row = kFigures[i];
-        const double now = row.value(in.now);
-        rows.push_back({NameOf(row), Value(now, row.decimals)});
-        if (in.before) {
-            const double before = row.value(*in.before);
-            rows.back().push_back(Value(before, row.decimals));
-            rows.back().push_back(Judged(now, before, row.decimals, row.less_is_better));
-        }
-    }
-    AppendTable(out, in.before ? "All figures, and what they were before; ▲ is worse, ▼ is better" : "All figures", columns, rows);
-    if (in.before && in.before->modern != in.now.modern) {
-        Nothing(out, "Only one of the two runs reads today’s constructs (-xMODERN): a part of the change comes from that.");
-    }
-}
-
-std::string Told(const std::optional<int64_t> &value) {
-    return value ? Count(*value) : std::string("<span class=\"soft\">") + kUntoldText + "</span>";
-}
-
-void WriteComparison(std::string &out, const PageInput &in) {
-    const Comparison &c = *in.comparison;
-    Paragraph(out, "Older: " + Isolated(c.older.name) + ", " + Shown(c.older.date) + ". Newer: " + Isolated(c.newer.name) + ", " +
-                       Shown(c.newer.date) + ".");
-    const auto any = [](const CompareFigures &figures) {
-        return std::ranges::any_of(figures, [](auto f) { return f.has_value(); });
-    };
-    std::vector<std::vector<std::string>> states;
-    std::vector<std::vector<std::string>> totals;
-    for (size_t i = 0; i < std::size(kCompareMetrics); ++i) {
-        const std::optional<int64_t> parts[] = {c.added[i], c.changed[i], c.removed[i], c.equal[i]};
-        const std::string name = kCompareMetrics[i].name;
-        if (std::ranges::any_of(parts, [](auto f) { return f.has_value(); })) {
-            states.push_back({name, Told(parts[0]), Told(parts[1]), Told(parts[2]), Told(parts[3])});
-        }
-        const std::optional<int64_t> older = c.older.totals[i];
-        const std::optional<int64_t> newer = c.newer.totals[i];
-        if (older && newer) {
-            totals.push_back(
-                {name, Count(*newer), Count(*older), Change(static_cast<double>(*newer), static_cast<double>(*older), 0)});
-        }
-    }
-    const std::vector<Column> columns = {
-        {"Files that are", kText}, {"New", kNumber}, {c.by_lines ? "Dif" : "Mod", kNumber}, {"Rem", kNumber}, {"Equ", kNumber}};
-    if (any(c.added) || any(c.changed) || any(c.removed) || any(c.equal)) {
-        AppendTable(
-            out,
-            c.by_lines
-                ? "New and removed files in full; Dif: lines of changed files that differ; Equ: lines that don’t, of changed files "
-                  "too"
-                : "New and removed files in full; Mod: how much more or less changed files have; Equ: files without a change",
-            columns, states);
-    } else {
-        Nothing(out, "The comparison has no profile of new, changed, removed and equal files.");
-    }
-    AppendTable(out, "All files of the two baselines",
-                {{"Figure", kText}, {"Newer", kNumber}, {"Older", kNumber}, {"Change", kNumber}}, totals);
-}
-
-void WriteTrendPanel(std::string &out, const std::vector<RunFigures> &runs, const FigureRow &row) {
-    const std::string name = std::string(row.name) + (*row.unit ? std::string(" ") + row.unit : "");
-    std::vector<ChartPoint> points;
-    for (const RunFigures &run : runs) {
-        const double value = row.value(run);
-        if (IsTold(value)) {
-            const std::string shown = Fixed(value, row.decimals);
-            points.push_back({value, shown, run.name + (run.date.empty() ? "" : ", " + run.date) + ": " + shown});
-        }
-    }
-    out += "<figure><figcaption>" + name + "</figcaption>\n";
-    if (points.empty()) {
-        Nothing(out, kUntoldText);
-    } else {
-        AppendLine(out, {300, 130, "trend-panel"},
-                   name + " over " + Count(static_cast<int64_t>(points.size())) + " runs: from " + points.front().shown + " to " +
-                       points.back().shown,
-                   points);
-    }
-    out += "</figure>\n";
-}
-
-void WriteTrend(std::string &out, const PageInput &in) {
-    Paragraph(out, "One step per run, the oldest at the left: " + Isolated(in.trend.front().name) + " to " +
-                       Isolated(in.trend.back().name) +
-                       ". Each line has a scale of its own, from its lowest to its highest value.");
-    out += "<div class=\"panels\">\n";
-    std::vector<Column> columns = {{"Run", kText}};
-    std::vector<std::vector<std::string>> rows;
-    for (const RunFigures &run : in.trend) {
-        rows.push_back({Isolated(run.name) + "<span class=\"place\">" + Shown(run.date) + "</span>"});
-    }
-    for (size_t i = 0; i < kFigureCount; ++i) {
-        const FigureRow &row = kFigures[i];
-        if (!row.in_trend) {
-            continue;
-        }
-        WriteTrendPanel(out, in.trend, row);
-        columns.push_back({NameOf(row), kNumber | (row.leads ? 0U : kWideOnly)});
-        for (size_t run = 0; run < in.trend.size(); ++run) {
-            rows[run].push_back(Value(row.value(in.trend[run]), row.decimals));
-        }
-    }
-    out += in.trend.size() > kRunsShown ? "</div>\n<details><summary>All runs</summary>\n"
-                                        : "</div>\n<details open=\"open\"><summary>All runs</summary>\n";
-    AppendTable(out, "Figures of each run, the oldest first", columns, rows);
-    out += "</details>\n";
-}
+} // namespace
 
 void WriteLanguages(std::string &out, const PageInput &in) {
     if (in.now.languages.empty()) {
-        Nothing(out, "The input has no languages.");
+        AppendNothing(out, "The input has no languages.");
         return;
     }
     std::vector<LanguageLines> languages = in.now.languages;
-    std::ranges::stable_sort(languages, std::greater(), [](const LanguageLines &l) { return l.lines.loc; });
-    std::map<std::string, int64_t> before;
-    if (in.before) {
-        for (const LanguageLines &language : in.before->languages) {
-            before[language.name] = language.lines.loc;
-            if (std::ranges::find(languages, language.name, &LanguageLines::name) == languages.end()) {
-                languages.push_back({language.name, Lines{.blanks = 0}});
-            }
+    const std::vector<LanguageLines> none;
+    const std::vector<LanguageLines> &earlier = in.before ? in.before->languages : none;
+    for (const LanguageLines &language : earlier) {
+        if (!Find(in.now.languages, language.name, &LanguageLines::name)) {
+            languages.push_back({language.name, Lines{.blanks = 0}});
         }
     }
+    std::ranges::stable_sort(languages, std::greater(), [](const LanguageLines &l) { return l.lines.loc; });
     std::vector<Column> columns = {{"Language", kText}, {"", kWideOnly}, {"Share", kNumber}, {"Lines of code", kNumber}};
     if (in.before) {
         columns.push_back({"Change", kNumber});
@@ -217,13 +52,16 @@ void WriteLanguages(std::string &out, const PageInput &in) {
         const auto loc = static_cast<double>(lines.loc);
         rows.push_back({Isolated(language.name), Bar(total > 0 ? loc / total : 0), Share(loc, total), Count(lines.loc)});
         if (in.before) {
-            rows.back().push_back(Change(loc, static_cast<double>(before[language.name]), 0));
+            const LanguageLines *was = Find(earlier, language.name, &LanguageLines::name);
+            rows.back().push_back(Change(loc, was ? static_cast<double>(was->lines.loc) : 0, 0));
         }
         rows.back().insert(rows.back().end(),
                            {Count(lines.comments), Value(static_cast<double>(lines.blanks), 0), Count(lines.lines)});
     }
     AppendTable(out, "Lines by language; share is of the lines of code", columns, rows);
 }
+
+namespace {
 
 // A wide and a narrow drawing of the same columns.
 void WriteColumns(std::string &out, const std::string &caption, const std::string &label, const std::vector<ChartColumn> &columns) {
@@ -242,9 +80,11 @@ int64_t Quantile(std::vector<int64_t> &sorted, double part) {
     return sorted[static_cast<size_t>(std::max(std::ceil(part * static_cast<double>(sorted.size())) - 1, 0.0))];
 }
 
+} // namespace
+
 void WriteComplexity(std::string &out, const PageInput &in) {
     if (in.m.functions.empty()) {
-        Nothing(out, "The input has no functions.");
+        AppendNothing(out, "The input has no functions.");
         return;
     }
     std::vector<int64_t> sorted;
@@ -253,9 +93,9 @@ void WriteComplexity(std::string &out, const PageInput &in) {
         sorted.push_back(function.complexity.cyclomatic);
     }
     std::ranges::sort(sorted);
-    Paragraph(out, "Half of the functions have a cyclomatic complexity of at most " + Count(Quantile(sorted, 0.5)) +
-                       ", nine of ten of at most " + Count(Quantile(sorted, 0.9)) + "; the highest is " + Count(sorted.back()) +
-                       ". It counts the ways through a function, and so the tests that it takes.");
+    AppendParagraph(out, "Half of the functions have a cyclomatic complexity of at most " + Count(Quantile(sorted, 0.5)) +
+                             ", nine of ten of at most " + Count(Quantile(sorted, 0.9)) + "; the highest is " +
+                             Count(sorted.back()) + ". It counts the ways through a function, and so the tests that it takes.");
     const RunFigures *before = in.before && in.before->functions > 0 ? &*in.before : nullptr;
     const auto functions = static_cast<double>(in.now.functions);
     std::vector<ChartColumn> chart;
@@ -288,7 +128,7 @@ void WriteComplexity(std::string &out, const PageInput &in) {
 
 void WriteWorst(std::string &out, const PageInput &in) {
     if (in.m.functions.empty()) {
-        Nothing(out, "The input has no functions.");
+        AppendNothing(out, "The input has no functions.");
         return;
     }
     const Model &m = in.m;
@@ -327,6 +167,8 @@ void WriteWorst(std::string &out, const PageInput &in) {
                  {"Notices within", kNumber}},
                 rows);
 }
+
+namespace {
 
 double Density(const FileRow &file) {
     return file.lines.loc > 0 ? 1000.0 * file.notice_count / static_cast<double>(file.lines.loc) : 0;
@@ -384,6 +226,8 @@ void WriteTreemap(std::string &out, const PageInput &in, const std::vector<const
     }
 }
 
+} // namespace
+
 void WriteFiles(std::string &out, const PageInput &in) {
     std::vector<const FileRow *> files;
     for (const FileRow &file : in.m.files) {
@@ -392,7 +236,7 @@ void WriteFiles(std::string &out, const PageInput &in) {
         }
     }
     if (files.empty()) {
-        Nothing(out, "The input has no files with code.");
+        AppendNothing(out, "The input has no files with code.");
         return;
     }
     std::ranges::stable_sort(files, std::greater(), [](const FileRow *f) { return f->lines.loc; });
@@ -401,8 +245,9 @@ void WriteFiles(std::string &out, const PageInput &in) {
     for (const FileRow *file : files) {
         loc += file->lines.loc;
     }
-    Paragraph(out, "The " + Count(static_cast<int64_t>(files.size())) + " largest of " + Count(in.now.files) + " files hold " +
-                       Share(static_cast<double>(loc), static_cast<double>(in.now.lines.loc)) + " of the lines of code.");
+    AppendParagraph(out, "The " + Count(static_cast<int64_t>(files.size())) + " largest of " + Count(in.now.files) +
+                             " files hold " + Share(static_cast<double>(loc), static_cast<double>(in.now.lines.loc)) +
+                             " of the lines of code.");
     WriteTreemap(out, in, files);
     std::vector<std::vector<std::string>> rows;
     for (size_t i = 0; i < std::min(files.size(), kWorst); ++i) {
@@ -421,12 +266,14 @@ void WriteFiles(std::string &out, const PageInput &in) {
                 rows);
 }
 
+namespace {
+
 // The kinds of now and before, the most frequent first.
 std::vector<KindCount> AllKinds(const PageInput &in) {
     std::vector<KindCount> kinds = in.now.kinds;
     if (in.before) {
         for (const KindCount &kind : in.before->kinds) {
-            if (std::ranges::find(in.now.kinds, kind.number, &KindCount::number) == in.now.kinds.end()) {
+            if (!Find(in.now.kinds, kind.number, &KindCount::number)) {
                 kinds.push_back({kind.number, kind.text, 0});
             }
         }
@@ -435,10 +282,12 @@ std::vector<KindCount> AllKinds(const PageInput &in) {
     return kinds;
 }
 
+} // namespace
+
 void WriteKinds(std::string &out, const PageInput &in) {
     const std::vector<KindCount> kinds = AllKinds(in);
     if (kinds.empty()) {
-        Nothing(out, "No notice was raised.");
+        AppendNothing(out, "No notice was raised.");
         return;
     }
     std::vector<Column> columns = {
@@ -458,21 +307,23 @@ void WriteKinds(std::string &out, const PageInput &in) {
         rows.push_back({text, std::to_string(kind.number), Bar(count / most), Share(count, static_cast<double>(in.now.notices)),
                         Count(kind.count)});
         if (in.before) {
-            const auto earlier = std::ranges::find(in.before->kinds, kind.number, &KindCount::number);
-            const bool was = earlier != in.before->kinds.end();
-            if (was && earlier->text != kind.text) {
-                rows.back()[0] += "<span class=\"place\">before: " + Isolated(earlier->text) + "</span>";
+            const KindCount *was = Find(in.before->kinds, kind.number, &KindCount::number);
+            if (was && was->text != kind.text) {
+                rows.back()[0] += "<span class=\"place\">before: " + Isolated(was->text) + "</span>";
             }
-            rows.back().push_back(Judged(count, was ? static_cast<double>(earlier->count) : 0, 0, true));
+            rows.back().push_back(Judged(count, was ? static_cast<double>(was->count) : 0, 0, true));
         }
     }
-    AppendTable(out, "Quality notices by kind; each opens to what it means", columns, rows);
+    AppendTable(out,
+                in.before ? "Quality notices by kind; each opens to what it means; ▲ is worse, ▼ is better"
+                          : "Quality notices by kind; each opens to what it means",
+                columns, rows);
 }
 
 void WriteInheritance(std::string &out, const PageInput &in) {
     const std::vector<int64_t> &depths = in.now.depths;
     if (depths.empty()) {
-        Nothing(out, "The input has no inheritance tree.");
+        AppendNothing(out, "The input has no inheritance tree.");
         return;
     }
     const TreeRow &deepest = *std::ranges::max_element(in.m.tree, {}, &TreeRow::depth);
@@ -484,7 +335,7 @@ void WriteInheritance(std::string &out, const PageInput &in) {
     } else {
         text += "No class here has a base that is among the files.";
     }
-    Paragraph(out, text);
+    AppendParagraph(out, text);
     const std::vector<int64_t> none;
     const std::vector<int64_t> &before = in.before ? in.before->depths : none;
     const size_t count = std::min(std::max(depths.size(), before.size()), kDepths);
@@ -520,86 +371,4 @@ void WriteInheritance(std::string &out, const PageInput &in) {
     }
     AppendTable(out, "Depth in figures; a class that has several bases counts where it stands deepest", columns, rows);
     out += "</div>\n";
-}
-
-struct Section {
-    const char *id;
-    const char *title;
-    bool (*is_wanted)(const PageInput &in);
-    void (*write)(std::string &out, const PageInput &in);
-};
-
-bool Always(const PageInput &) {
-    return true;
-}
-
-constexpr Section kSections[] = {
-    {"summary", "Summary", Always, WriteSummary},
-    {"baselines", "Comparison of two baselines", [](const PageInput &in) { return in.comparison.has_value(); }, WriteComparison},
-    {"trend", "Trend", [](const PageInput &in) { return !in.trend.empty(); }, WriteTrend},
-    {"languages", "Languages", Always, WriteLanguages},
-    {"complexity", "Spread of complexity", Always, WriteComplexity},
-    {"functions", "Most complex functions", Always, WriteWorst},
-    {"files", "Largest files", Always, WriteFiles},
-    {"notices", "Notices", Always, WriteKinds},
-    {"inheritance", "Inheritance", Always, WriteInheritance},
-};
-
-void WriteHead(std::string &out, const PageInput &in) {
-    const std::string title = in.m.title ? Shown(in.m.texts[in.m.title]) : "Code metrics";
-    out += "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
-           "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src &apos;none&apos;; style-src "
-           "&apos;unsafe-inline&apos;\"/>\n"
-           "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
-           "<meta name=\"color-scheme\" content=\"light dark\"/>\n<title>" +
-           title + "</title>\n<style>" + kPageStyle + "</style>\n</head>\n<body>\n<header>\n<h1>" + title + "</h1>\n";
-    out += "<p class=\"soft\">";
-    out += in.now.date.empty() ? "Measured" : "Measured " + Shown(in.now.date);
-    out += in.m.version ? " by tly " + Shown(in.m.texts[in.m.version]) : " by tly";
-    out += in.now.modern ? ", with today’s constructs <span class=\"nobr\">(-xMODERN)</span>." : ".";
-    if (in.before) {
-        out +=
-            " Compared with " + Isolated(in.before->name) + (in.before->date.empty() ? "" : " of " + Shown(in.before->date)) + ".";
-    }
-    out += "</p>\n<nav aria-label=\"Sections\"><ul>\n";
-    for (const Section &section : kSections) {
-        if (section.is_wanted(in)) {
-            out += std::string("<li><a href=\"#") + section.id + "\">" + section.title + "</a></li>\n";
-        }
-    }
-    out += "</ul></nav>\n</header>\n<main>\n";
-}
-
-void WriteFoot(std::string &out, const PageInput &in) {
-    out += "</main>\n<footer>\n<section id=\"terms\" aria-labelledby=\"terms-title\">\n<h2 id=\"terms-title\">What the figures "
-           "mean</h2>\n<dl>\n"
-           "<dt>Lines of code</dt><dd>lines with more on them than white space and comments</dd>\n"
-           "<dt>Effective lines of code</dt><dd>of these, lines with more than a brace or a parenthesis</dd>\n"
-           "<dt>Logical lines of code</dt><dd>statements</dd>\n"
-           "<dt>Comment lines</dt><dd>lines with comment text, also beside code</dd>\n"
-           "<dt>Cyclomatic complexity</dt><dd>ways through a function: one, and one more for each decision</dd>\n"
-           "<dt>Notice</dt><dd>a place where the code departs from a rule of good practice</dd>\n"
-           "</dl>\n";
-    if (in.m.command) {
-        Paragraph(out, "Command of the run: " + Isolated(in.m.texts[in.m.command]));
-    }
-    out += "</section>\n</footer>\n</body>\n</html>\n";
-}
-
-} // namespace
-
-bool WritePage(const PageInput &in, std::FILE *file) {
-    std::string out;
-    WriteHead(out, in);
-    for (const Section &section : kSections) {
-        if (section.is_wanted(in)) {
-            const std::string id = section.id;
-            out += "<section id=\"" + id + "\" aria-labelledby=\"" + id + "-title\">\n<h2 id=\"" + id + "-title\">" +
-                   section.title + "</h2>\n";
-            section.write(out, in);
-            out += "</section>\n";
-        }
-    }
-    WriteFoot(out, in);
-    return fwrite(out.data(), 1, out.size(), file) == out.size() && fflush(file) == 0;
 }
