@@ -97,7 +97,8 @@ void AppendColumns(std::string &out, const DrawingSize &size, const std::string 
 void AppendLine(std::string &out, const DrawingSize &size, const std::string &label, const std::vector<ChartPoint> &points) {
     constexpr double kMargin = 18; // above and below, for the figures
     constexpr double kSide = 6;
-    const auto [lowest, highest] = std::ranges::minmax_element(points, {}, &ChartPoint::value);
+    const auto lowest = std::ranges::min_element(points, {}, &ChartPoint::value);
+    const auto highest = std::ranges::max_element(points, {}, &ChartPoint::value);
     const double range = highest->value - lowest->value;
     const double step = points.size() > 1 ? (size.width - 2 * kSide) / static_cast<double>(points.size() - 1) : 0;
     const auto x_of = [&](size_t i) { return points.size() > 1 ? kSide + step * static_cast<double>(i) : size.width / 2.0; };

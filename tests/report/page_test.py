@@ -4,7 +4,7 @@
 Every page that is made here is parsed, and looked through for what must not be in one. Its figures are held against the JSON of
 the same input. The input is as hostile as names can be.
 """
-import json, os, re, shutil, subprocess, sys, tempfile, unittest
+import json, math, os, re, shutil, subprocess, sys, tempfile, unittest
 import xml.etree.ElementTree as ET
 
 TLY, REPORT = (os.path.realpath(path) for path in sys.argv[1:3])
@@ -35,10 +35,11 @@ class Page:
         return [dict(zip(heads, map(text_of, row))) for row in found.findall("tbody/tr")]
 
     def tiles(self, css_class):
-        """The treemap: (x, y, width, height, title) of each tile, and the size of all."""
+        """The treemap: (x, y, width, height, title, tint) of each tile, and the size of all."""
         svg = next(s for s in self.section("files").iter("svg") if s.get("class") == css_class)
         size = list(map(float, svg.get("viewBox").split()))[2:]
-        return [(*(float(t.get(k)) for k in ("x", "y", "width", "height")), t.find("title").text) for t in svg.findall("svg")], size
+        return [(*(float(t.get(k)) for k in ("x", "y", "width", "height")), t.find("title").text, int(t.find("rect").get("class")[-1]))
+                for t in svg.findall("svg")], size
 
 
 class PageTest(unittest.TestCase):
@@ -105,16 +106,36 @@ class PageTest(unittest.TestCase):
         for svg in page.root.iter("svg"):
             label = svg.get("role") == "img" and svg.get("aria-label")
             self.assertTrue(label or svg.get("aria-hidden") == "true" or id(svg) in inner)
+        for svg in page.root.iter("svg"):
+            if id(svg) not in inner:
+                self.check_drawing(svg)
         for css_class in ("wide", "narrow"):
             if any(svg.get("class") == css_class for svg in page.section("files").iter("svg")):
                 self.check_treemap(page, css_class)
 
+    def check_drawing(self, svg):
+        """Nothing leaves a drawing, and its columns are as high as their figures."""
+        width, height = map(float, svg.get("viewBox").split()[2:])
+        points = [tuple(map(float, pair.split(","))) for line in svg.iter("polyline") for pair in line.get("points").split()]
+        for e in svg.findall("rect") + svg.findall("g/rect") + svg.findall("text") + svg.findall("g/text"):
+            x, y = float(e.get("x", 0)), float(e.get("y", 0))
+            points += [(x, y), (x + float(e.get("width", 0)), y + float(e.get("height", 0)))]
+        self.assertTrue(all(-0.1 <= x <= width + 0.1 and -0.1 <= y <= height + 0.1 for x, y in points), points)
+        columns = [(float(g.find("rect").get("height")), number(g.find("text").text)) for g in svg.findall("g")]
+        highest = max(columns, default=(0, 0))
+        for drawn, value in columns:
+            if value and highest[1]:
+                self.assertAlmostEqual(drawn, max(value / highest[1] * highest[0], 1), delta=0.1)
+
     def check_treemap(self, page, css_class):
         tiles, (width, height) = page.tiles(css_class)
-        loc = [number(re.search(r": ([\d,]+) lines of code, ", title)[1]) for *_, title in tiles]
+        loc = [number(re.search(r": ([\d,]+) lines of code, ", title)[1]) for *_, title, _ in tiles]
         self.assertEqual(loc, sorted(loc, reverse=True))
-        self.assertAlmostEqual(sum(w * h for _, _, w, h, _ in tiles), width * height, delta=1)
-        for (x, y, w, h, _), lines in zip(tiles, loc):
+        self.assertAlmostEqual(sum(w * h for _, _, w, h, *_ in tiles), width * height, delta=1)
+        rows = {row["name"]: number(row["Now"]) for row in page.rows("summary") if row["Now"] != "not in the input"}
+        for (x, y, w, h, title, tint), lines in zip(tiles, loc):
+            part = number(re.search(r"([\d,.]+) per 1,000", title)[1]) / max(rows["Notices per 1,000 lines of code"], 0.1)
+            self.assertTrue([0, 0.5, 1, 2][tint - 1] * 0.99 <= part <= [0.5, 1, 2, 1e9][tint - 1] * 1.01, title)
             self.assertTrue(min(x, y, w, h) >= 0 and x + w <= width + 0.01 and y + h <= height + 0.01)
             self.assertAlmostEqual(w * h, lines / sum(loc) * width * height, delta=0.1 * (w + h) + 0.1)
 
@@ -137,6 +158,12 @@ class PageTest(unittest.TestCase):
             self.assertEqual(number(row["Functions"]), sum(first <= f["cyclomatic_complexity"] <= last for f in figures["functions"]))
         worst = sorted((f["cyclomatic_complexity"] for f in figures["functions"]), reverse=True)[:10]
         self.assertEqual([number(row["Complexity"]) for row in page.rows("functions")], worst)
+        sorted_complexity = sorted(f["cyclomatic_complexity"] for f in figures["functions"])
+        half, most = (sorted_complexity[math.ceil(len(sorted_complexity) * part) - 1] for part in (0.5, 0.9))
+        self.assertIn(f"at most {half}, nine of ten of at most {most};", text_of(page.section("complexity")))
+        for row in page.rows("functions"):
+            name = re.match(r"(.*?)(src/|$)", row["name"])[1]
+            self.assertEqual(number(row["Notices within"]), sum(n.get("function") == name for n in figures["notices"]), name)
         kinds = {row["No."]: number(row["Count"]) for row in page.rows("notices")}
         self.assertEqual({n: c for n, c in kinds.items() if c}, {str(k["number"]): k["count"] for k in figures["kinds"]})
         depths = {}
@@ -183,8 +210,14 @@ class PageTest(unittest.TestCase):
             kinds = {row["No."]: row["Change"] for row in page.rows("notices")}
             self.assertEqual(kinds["9"], "▲ +1")
             self.assertTrue(any(c.startswith("▼") and "100.0%" in c for c in kinds.values()))
+            self.assertNotIn("xMODERN): a part", page.source)
             earlier = [number(row["Before"]) for row in page.rows("complexity")]
             self.assertEqual(sum(earlier), old["totals"]["functions"]["count"])
+        old["kinds"][0]["text"] += " of 99"
+        self.write("other.json", json.dumps({**old, "modern": False}))
+        page = self.page("new.xml", "--before", "other.json")
+        self.assertIn("before: " + old["kinds"][0]["text"], text_of(page.section("notices")))
+        self.assertIn("Only one of the two runs reads", text_of(page.section("summary")))
 
     def test_trend_is_by_date_then_name(self):
         figures = self.measure("now", *self.sources())
