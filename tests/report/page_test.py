@@ -222,16 +222,18 @@ class PageTest(unittest.TestCase):
     def test_trend_is_by_date_then_name(self):
         figures = self.measure("now", *self.sources())
         dates = {"b": "Sun Nov  1 10:00:00 2026", "a": "Sun Nov  1 10:00:00 2026", "c": "Fri Dec 31 23:59:59 1999", "d": "no date",
-                 "e\u0007<": "Mon Feb  2 10:00:00 2026", "f": "Sat Jan 31 10:00:00 2026", "now": figures["date"]}
-        for name, date in dates.items():
+                 "e\u0007<": "Mon Feb  2 10:00:00 2026", "f": "Sat Jan 31 10:00:00 2026"}
+        for i, (name, date) in enumerate(dates.items()):
+            figures["files"][0]["loc"] += 5 - i
             self.write(f"runs/{name}.json", json.dumps({**figures, "date": date}))
         self.write("runs/notes.txt", "no run")
+        shutil.copy(os.path.join(self.place, "now.xml"), os.path.join(self.place, "runs/now.xml"))
         page = self.page("now.xml", "--trend", "runs")
         names = [row["name"] for row in page.rows("trend")]
         self.assertEqual([re.sub(r"(Sun|Mon|Tue|Wed|Thu|Fri|Sat|no date).*", "", name) for name in names],
                          ["d", "c", "f", "e\ufffd<", "a", "b", "now"])
         self.assertTrue(all(len(svg.findall("circle")) == 7 for svg in page.section("trend").iter("svg")))
-        os.unlink(os.path.join(self.place, "runs/now.json"))
+        os.unlink(os.path.join(self.place, "runs/now.xml"))
         self.assertEqual(len(self.page("now.xml", "--trend", "runs").rows("trend")), 7)  # the page's own run joins
 
     def test_comparison_of_baselines(self):
