@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kCharacter = 7.2; // width of a wide enough character in the small text
+constexpr double kCharacter = 6.8; // mean width of one in the texts of a drawing
 constexpr int kMostDots = 60;      // more points than these are a line alone
 
 // Rounded to a tenth, so that what ends at a place and what begins there share it.
