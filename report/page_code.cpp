@@ -300,10 +300,9 @@ void WriteKinds(std::string &out, const PageInput &in) {
     for (const KindCount &kind : kinds) {
         const auto count = static_cast<double>(kind.count);
         const NoticeHelp *help = FindNoticeHelp(kind.number);
-        std::string text = Isolated(kind.text);
-        if (help) {
-            text = "<details><summary>" + text + "</summary><p>" + Shown(help->help) + "</p></details>";
-        }
+        const std::string shown = Isolated(kind.text);
+        const std::string text =
+            help ? "<details><summary>" + shown + "</summary><p>" + Shown(help->help) + "</p></details>" : shown;
         rows.push_back({text, std::to_string(kind.number), Bar(count / most), Share(count, static_cast<double>(in.now.notices)),
                         Count(kind.count)});
         if (in.before) {

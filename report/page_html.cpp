@@ -75,7 +75,7 @@ std::string Judged(double now, double before, int decimals, bool less_is_better)
     if (!IsTold(now) || !IsTold(before)) {
         return "–";
     }
-    const std::string change = Change(now, before, decimals);
+    std::string change = Change(now, before, decimals);
     if (!less_is_better || change == "0") {
         return change;
     }

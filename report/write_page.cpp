@@ -77,9 +77,9 @@ bool WritePage(const PageInput &in, std::FILE *file) {
     WriteHead(out, in);
     for (const Section &section : kSections) {
         if (section.is_wanted(in)) {
-            const std::string id = section.id;
-            out += "<section id=\"" + id + "\" aria-labelledby=\"" + id + "-title\">\n<h2 id=\"" + id + "-title\">" +
-                   section.title + "</h2>\n";
+            const std::string title_id = std::string(section.id) + "-title";
+            out.append("<section id=\"").append(section.id).append("\" aria-labelledby=\"").append(title_id).append("\">\n");
+            out.append("<h2 id=\"").append(title_id).append("\">").append(section.title).append("</h2>\n");
             section.write(out, in);
             out += "</section>\n";
         }
