@@ -21,9 +21,11 @@ struct OptionRow {
 
 // clang-format off
 const OptionRow kOptions[] = {
-    {" json ", "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
-    {" json run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
-    {" json ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" json page ", "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
+    {" json page run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
+    {" json page ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" page ", "--before", "OLD", "compare with this XML or JSON, or show this comparison of baselines, tly -X -w\"x OLD, NEW\"", &Options::before},
+    {" page ", "--trend", "DIR", "draw the figures of the XML and JSON files in DIR as lines", &Options::trend},
     {" run ", "PATH", "...", "directories, of which the sources that git tracks are measured, or files (the current directory)", &Options::paths},
     {" run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
     {" run ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},

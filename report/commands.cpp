@@ -3,6 +3,7 @@
 
 #include "options.h"
 #include "output.h"
+#include "page.h"
 #include "read_project.h"
 #include "run.h"
 #include "write_json.h"
@@ -35,5 +36,6 @@ int RunJson(const Options &options) {
 const Command kCommands[] = {
     {"run", "measure sources with tly, several at once, into one XML", RunTly},
     {"json", "all figures as JSON, for programs and for later comparison", RunJson},
+    {"page", "one HTML page with charts, to look at and to print", RunPage},
     {nullptr, nullptr, nullptr},
 };

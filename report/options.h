@@ -11,6 +11,8 @@ struct Options {
     std::vector<std::string> paths;  // of a run
     std::string output;              // empty: standard output
     std::string root;                // see ReadProject
+    std::string before;              // of a page: an earlier input, or a comparison of baselines; empty: none
+    std::string trend;               // of a page: a directory of inputs; empty: none
     std::string tly;                 // the program; empty: looked for
     bool classic = false;            // without -xMODERN
     int jobs = 1;
