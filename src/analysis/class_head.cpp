@@ -34,7 +34,8 @@ int BeginOfName(const char *line, int index) {
 
 // The index behind the name. Blanks between "<" and ">" belong to it: class Stack<int *, 4> : Base
 int EndOfName(const char *line, int index) {
-    while (line[index] && !strchr(" \t({};:\n\r", line[index])) {
+    constexpr static CharSet kEnds(" \t({};:\n\r", true);
+    while (!kEnds.Has(line[index])) {
         if (line[index] == '<') {
             index += static_cast<int>(strcspn(line + index, ">\r\n"));
             index += line[index] == '>';

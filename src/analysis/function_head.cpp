@@ -125,7 +125,8 @@ int JoinQualifier(const char *line, int i, BackwardText &name) {
 }
 
 void ReadBackwards(const char *line, int i, BackwardText &name) {
-    while (i >= 0 && !IsBlankOrTab(line[i]) && !strchr("(*&", line[i])) {
+    constexpr static CharSet kStops(" \t(*&", true);
+    while (i >= 0 && !kStops.Has(line[i])) {
         if (line[i] == '>') {
             i = PutTemplatePart(line, i, name);
         } else if (line[i] == '/' && i > 0 && line[i - 1] == '*') {
@@ -144,7 +145,7 @@ void KeepLastWord(char *name) {
         const int open = name[i] == '>' ? OpenAngle(name, i) : -1;
         if (open >= 0) {
             i = open;
-        } else if (strchr("&* ", name[i])) {
+        } else if (name[i] == '&' || name[i] == '*' || name[i] == ' ') {
             memmove(name, name + i + 1, length - i);
             return;
         }
