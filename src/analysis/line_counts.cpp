@@ -116,13 +116,6 @@ bool HasLoneParen(const CountedLine &line, const Globals *G) {
     return (c == '(' || c == ')') && !G->is_other && IsJust(line, c);
 }
 
-int LengthWithoutLineEnd(const char *line, int bytes) {
-    int length = bytes;
-    length -= length > 0 && line[length - 1] == '\n';
-    length -= length > 0 && line[length - 1] == '\r';
-    return length;
-}
-
 void CountLine(CountedLine &line, Globals *G) {
     if (!G->continuation) {
         G->quote_count = 0;

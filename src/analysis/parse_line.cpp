@@ -133,13 +133,6 @@ void AddClamped(int &sum, int more) {
     }
 }
 
-int LengthWithoutLineEnd(const char *line, int bytes) {
-    int length = bytes;
-    length -= length > 0 && line[length - 1] == '\n';
-    length -= length > 0 && line[length - 1] == '\r';
-    return length;
-}
-
 // A comment that says that a case falls through on purpose: "fall through", "drop thru", ...
 bool SpeaksOfFallingThrough(const char *line) {
     for (const char *p = line; (p = strstr(p, " thr")) != nullptr; p += 4) {

@@ -30,6 +30,13 @@ struct Scan {
     char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
 };
 
+inline int LengthWithoutLineEnd(const char *line, int bytes) {
+    int length = bytes;
+    length -= length > 0 && line[length - 1] == '\n';
+    length -= length > 0 && line[length - 1] == '\r';
+    return length;
+}
+
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
 enum SpanKind : char { kCodeSpan, kStringSpan, kCommentSpan, kPassedOver };
 
