@@ -19,11 +19,15 @@ struct OptionRow {
     Field field;
 };
 
+// The commands that read a project.
+const char *const kReports = " json sarif ";
+
 // clang-format off
 const OptionRow kOptions[] = {
-    {" json ", "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
-    {" json run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
-    {" json ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {kReports, "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
+    {kReports, "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
+    {kReports, "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" run ", "PATH", "...", "directories, of which the sources that git tracks are measured, or files (the current directory)", &Options::paths},
     {" run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
     {" run ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},

@@ -1,6 +1,7 @@
 // One row per command.
 #include <cstdio>
 
+#include "formats.h"
 #include "options.h"
 #include "output.h"
 #include "read_project.h"
@@ -30,10 +31,19 @@ int RunJson(const Options &options) {
     return WriteOutput(options.output, [&m](std::FILE *out) { return WriteJson(m, out); });
 }
 
+int RunSarif(const Options &options) {
+    Model m;
+    if (!Load(options, m)) {
+        return kBad;
+    }
+    return WriteOutput(options.output, [&m](std::FILE *out) { return WriteSarif(m, kMostResults, out); });
+}
+
 } // namespace
 
 const Command kCommands[] = {
     {"run", "measure sources with tly, several at once, into one XML", RunTly},
     {"json", "all figures as JSON, for programs and for later comparison", RunJson},
+    {"sarif", "notices as SARIF 2.1.0, for code scanning services and editors", RunSarif},
     {nullptr, nullptr, nullptr},
 };
