@@ -12,7 +12,17 @@ struct Options {
     std::string output;              // empty: standard output
     std::string root;                // see ReadProject
     std::string tly;                 // the program; empty: looked for
-    bool classic = false;            // without -xMODERN
+    std::string by = "complexity";   // of a list of functions: see kRankNames
+    int count = 10;                  // of a list of functions
+    std::string since;               // a commit; empty: a file is compared
+    int most_new = -1;               // how many new notices there may be; -1: any number
+    int max_complexity = -1;         // limits of a gate; -1: none
+    int max_lines = -1;
+    int max_notices = -1;
+    std::vector<std::string> notice_limits; // "12=0"
+    std::string known;                      // a report whose notices aren't new; empty: none
+    std::string allow;                      // see allow.h; empty: none
+    bool classic = false;                   // without -xMODERN
     int jobs = 1;
 };
 
