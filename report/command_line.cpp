@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <climits>
 #include <string_view>
 #include <variant>
 
@@ -20,13 +21,17 @@ struct OptionRow {
 };
 
 // The commands that read a project.
-const char *const kReports = " json sarif top gate ";
+const char *const kReports = " json sarif gitlab checkstyle github csv markdown badge top gate ";
 
 // clang-format off
 const OptionRow kOptions[] = {
     {kReports, "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
     {kReports, "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {kReports, "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" csv ", "--table", "WHAT", "files, functions, classes, notices, languages or kinds (files)", &Options::table},
+    {" markdown ", "--before", "OLD", "compare with this XML or JSON", &Options::before},
+    {" badge ", "--of", "WHAT", "lines (of code), complexity (the highest of a function) or notices (lines)", &Options::badge},
+    {" badge ", "--svg", "", "a picture in place of a JSON for a badge service", &Options::svg},
     {" top ", "-n", "N", "list N functions (10)", &Options::count},
     {" top ", "--by", "WHAT", "complexity, lines, parameters or notices (complexity)", &Options::by},
     {" gate ", "--max-complexity", "N", "no function may have a cyclomatic complexity above N", &Options::max_complexity},
@@ -54,7 +59,7 @@ void Declare(CLI::App *command, const OptionRow &row, Options &options) {
             if constexpr (std::is_same_v<decltype(field), bool Options::*>) {
                 return command->add_flag(row.name, options.*field, row.help);
             } else if constexpr (std::is_same_v<decltype(field), int Options::*>) {
-                return command->add_option(row.name, options.*field, row.help)->check(CLI::NonNegativeNumber);
+                return command->add_option(row.name, options.*field, row.help)->check(CLI::Range(0, INT_MAX));
             } else {
                 return command->add_option(row.name, options.*field, row.help);
             }

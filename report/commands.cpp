@@ -1,7 +1,6 @@
 // One row per command.
 #include <algorithm>
 #include <cstdio>
-#include <iterator>
 
 #include "allow.h"
 #include "formats.h"
@@ -34,34 +33,67 @@ bool Load(const Options &options, Model &m) {
     return true;
 }
 
-int RunJson(const Options &options) {
+template <bool (*write)(const Model &, std::FILE *)> int Report(const Options &options) {
     Model m;
     if (!Load(options, m)) {
         return kBad;
     }
-    return WriteOutput(options.output, [&m](std::FILE *out) { return WriteJson(m, out); });
+    return WriteOutput(options.output, [&m](std::FILE *out) { return write(m, out); });
 }
 
-int RunSarif(const Options &options) {
+bool WriteCutSarif(const Model &m, std::FILE *out) {
+    return WriteSarif(m, kMostResults, out);
+}
+
+// The place of a name among those that an option takes.
+template <size_t count>
+bool Choose(const char *option, const std::string &name, const char *const (&names)[count], size_t &choice) {
+    choice = static_cast<size_t>(std::ranges::find(names, name) - names);
+    std::string known;
+    for (size_t i = 0; i < count; ++i) {
+        known += std::string(i == 0 ? "" : i + 1 < count ? ", " : " or ") + names[i];
+    }
+    return choice < count || Tell(std::string(option) + " " + name + ": it takes " + known + ".");
+}
+
+int RunCsv(const Options &options) {
     Model m;
-    if (!Load(options, m)) {
+    size_t table = 0;
+    if (!Choose("--table", options.table, kTableNames, table) || !Load(options, m)) {
         return kBad;
     }
-    return WriteOutput(options.output, [&m](std::FILE *out) { return WriteSarif(m, kMostResults, out); });
+    return WriteOutput(options.output, [&](std::FILE *out) { return WriteCsv(m, static_cast<Table>(table), out); });
+}
+
+int RunMarkdown(const Options &options) {
+    Model m;
+    Model before;
+    Options earlier = options;
+    earlier.inputs = {options.before};
+    if (!Load(options, m) || (!options.before.empty() && !Load(earlier, before))) {
+        return kBad;
+    }
+    const Model *compared = options.before.empty() ? nullptr : &before;
+    return WriteOutput(options.output, [&](std::FILE *out) { return WriteMarkdown(m, compared, out); });
+}
+
+int RunBadge(const Options &options) {
+    Model m;
+    size_t badge = 0;
+    if (!Choose("--of", options.badge, kBadgeNames, badge) || !Load(options, m)) {
+        return kBad;
+    }
+    return WriteOutput(options.output, [&](std::FILE *out) { return WriteBadge(m, static_cast<Badge>(badge), options.svg, out); });
 }
 
 int RunTop(const Options &options) {
-    const auto *rank = std::ranges::find(kRankNames, options.by);
     Model m;
-    if (rank == std::end(kRankNames)) {
-        Tell("--by " + options.by + ": functions are listed by complexity, lines, parameters or notices.");
-        return kBad;
-    }
-    if (!Load(options, m)) {
+    size_t rank = 0;
+    if (!Choose("--by", options.by, kRankNames, rank) || !Load(options, m)) {
         return kBad;
     }
     return WriteOutput(options.output, [&](std::FILE *out) {
-        return WriteTop(m, static_cast<Rank>(rank - kRankNames), static_cast<size_t>(options.count), out);
+        return WriteTop(m, static_cast<Rank>(rank), static_cast<size_t>(options.count), out);
     });
 }
 
@@ -144,8 +176,14 @@ int RunGate(const Options &options) {
 
 const Command kCommands[] = {
     {"run", "measure sources with tly, several at once, into one XML", RunTly},
-    {"json", "all figures as JSON, for programs and for later comparison", RunJson},
-    {"sarif", "notices as SARIF 2.1.0, for code scanning services and editors", RunSarif},
+    {"json", "all figures as JSON, for programs and for later comparison", Report<WriteJson>},
+    {"sarif", "notices as SARIF 2.1.0, for code scanning services and editors", Report<WriteCutSarif>},
+    {"gitlab", "notices as a GitLab report on code quality", Report<WriteGitlab>},
+    {"checkstyle", "notices as the XML of Checkstyle, for Jenkins and others", Report<WriteCheckstyle>},
+    {"github", "notices as annotations of a GitHub workflow", Report<WriteGithub>},
+    {"csv", "a table of figures for spreadsheets", RunCsv},
+    {"markdown", "tables for a comment on a change", RunMarkdown},
+    {"badge", "one figure for a page's head", RunBadge},
     {"top", "the functions that stand out by their figures", RunTop},
     {"new", "the notices that an earlier report or commit hasn't", RunNew},
     {"gate", "fail with 1 when limits are exceeded, and tell where", RunGate},

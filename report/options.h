@@ -12,6 +12,10 @@ struct Options {
     std::string output;              // empty: standard output
     std::string root;                // see ReadProject
     std::string tly;                 // the program; empty: looked for
+    std::string table = "files";     // of a CSV: see kTableNames
+    std::string before;              // an earlier report to compare with; empty: none
+    std::string badge = "lines";     // see kBadgeNames
+    bool svg = false;                // a badge as a picture
     std::string by = "complexity";   // of a list of functions: see kRankNames
     int count = 10;                  // of a list of functions
     std::string since;               // a commit; empty: a file is compared

@@ -95,8 +95,8 @@ void WriteRules(Sarif &s) {
         const NoticeHelp *help = FindNoticeHelp(rule.number);
         const std::string_view full = help ? help->help : s.m.texts[rule.text];
         const std::string off =
-            help ? " To have it raised no more, set \"Quality Notice " + std::to_string(rule.number) + " : No\" in tly.cfg."
-                 : " This rule stands in the file that \"TLY user defined quality notice file\" in tly.cfg names.";
+            help ? "\n\nTo have it raised no more, set \"Quality Notice " + std::to_string(rule.number) + " : No\" in tly.cfg."
+                 : "\n\nThis rule stands in the file that \"TLY user defined quality notice file\" in tly.cfg names.";
         BeginRecord(s.w);
         Member(s.w, "id", RuleName(rule.number));
         if (help) {

@@ -15,6 +15,7 @@
 #include "run.h"
 #include "scratch.h"
 #include "sources.h"
+#include "text_lines.h"
 
 namespace {
 
@@ -152,7 +153,7 @@ void LeaveOutSubmodules(const std::vector<std::string> &submodules, const Model 
     }
     if (files > 0) {
         std::ranges::sort(before.fingerprints);
-        Tell(std::to_string(files) + " sources of submodules aren't compared: run it in the submodule.");
+        Tell("submodules aren't compared (" + Counted(files, "source") + "): run it in the submodule.");
     }
 }
 
