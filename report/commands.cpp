@@ -1,6 +1,8 @@
 // One row per command.
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "allow.h"
 #include "formats.h"
@@ -103,8 +105,14 @@ bool LoadAllowed(const Options &options, Allowed &allowed) {
 }
 
 bool LoadKnown(const std::string &path, Known &known) {
+    std::FILE *in = fopen(path.c_str(), "rbe");
+    if (!in) {
+        return Tell(path + ": " + strerror(errno) + ". Name what tly-report json or tly-report sarif wrote.");
+    }
     std::string error;
-    if (!ReadKnown(path, known, error)) {
+    const bool read = ReadKnown(in, path, known, error);
+    fclose(in);
+    if (!read) {
         return Tell(error);
     }
     if (known.by_line) {

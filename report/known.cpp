@@ -139,26 +139,21 @@ bool Check(Reader &r) {
 
 } // namespace
 
-bool ReadKnown(const std::string &path, Known &known, std::string &error) {
-    std::FILE *in = fopen(path.c_str(), "rbe");
-    if (!in) {
-        error = path + ": " + strerror(errno) + ". Name what tly-report json or tly-report sarif wrote.";
-        return false;
-    }
+bool ReadKnown(std::FILE *in, const std::string &name, Known &known, std::string &error) {
     const int first = fgetc(in);
     ungetc(first, in);
     Reader r{known};
-    if (ferror(in)) {
-        Fail(r, std::string("it can't be read: ") + strerror(errno) + ".");
-    } else if (first == '<') {
+    if (first == '<') {
         Fail(r,
              "an XML has no fingerprints, and its sources may have changed since. Make a JSON while they stand: tly-report json.");
-    } else {
+    } else if (first != EOF) {
         Json::sax_parse(in, &r);
     }
-    fclose(in);
+    if (ferror(in)) {
+        r.error = std::string("it can't be read: ") + strerror(errno) + ".";
+    }
     if (!Check(r)) {
-        error = path + ": " + r.error;
+        error = name + ": " + r.error;
         return false;
     }
     std::ranges::sort(known.fingerprints);

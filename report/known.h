@@ -13,9 +13,10 @@ struct Known {
     bool by_line = false;               // some rest on line numbers
 };
 
-// Reads the fingerprints in a JSON, SARIF or GitLab file of tly-report's. An XML has none: they would be taken from sources that
-// have changed since. Returns false with a message of whole sentences in error, also for a SARIF that was cut to the worst kinds.
-bool ReadKnown(const std::string &path, Known &known, std::string &error);
+// Reads the fingerprints in a JSON, SARIF or GitLab file of tly-report's; name is for messages. An XML has none: they would be
+// taken from sources that have changed since. The stream isn't closed. Returns false with a message of whole sentences in error if
+// it can't be read, is none of these or not whole, or is a SARIF that was cut to the worst kinds.
+bool ReadKnown(std::FILE *in, const std::string &name, Known &known, std::string &error);
 // The same of a project at hand.
 Known KnownOf(const Model &m);
 
