@@ -86,17 +86,15 @@ bool CheckOut(const Sides &s, const std::string &tree) {
     commit.pop_back();
     setenv("GIT_INDEX_FILE", index.c_str(), 1);
     if (mkdir(tree.c_str(), 0700) != 0 || !Git(s.top, {"read-tree", "--no-sparse-checkout", commit}, output) ||
-        !Git(s.top, {"checkout-index", "--all", "--force", "--prefix=" + tree}, output)) {
+        !Git(s.top, {"checkout-index", "--all", "--prefix=" + tree}, output)) {
         return Tell("--since " + s.options.since + ": git can't write its files to " + tree + ". Is there room?");
     }
     return true;
 }
 
-// Below tree there is no work tree: not the one that a hook names in the environment, nor one that the place lies in.
-void ForgetWorkTree(const Sides &s) {
-    for (const char *variable : {"GIT_DIR", "GIT_WORK_TREE", "GIT_INDEX_FILE", "GIT_PREFIX", "GIT_COMMON_DIR"}) {
-        unsetenv(variable);
-    }
+// Below tree there is no repository: not the one that a hook names in the environment, nor one that the place lies in.
+void ForgetRepository(const Sides &s) {
+    unsetenv("GIT_DIR");
     setenv("GIT_CEILING_DIRECTORIES", s.place.substr(0, s.place.size() - 1).c_str(), 1);
 }
 
@@ -105,7 +103,7 @@ bool MeasureBefore(const Sides &s, Known &before) {
     if (!CheckOut(s, tree)) {
         return false;
     }
-    ForgetWorkTree(s);
+    ForgetRepository(s);
     std::vector<std::string> there; // a path may be newer than the commit
     for (const std::string &path : s.within) {
         Sources found;

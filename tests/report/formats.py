@@ -59,7 +59,7 @@ def sarif(text):
         assert run["artifacts"][place["artifactLocation"]["index"]]["location"]["uri"] == uri
         rule = run["tool"]["driver"]["rules"][result["ruleIndex"]]
         assert rule["id"] == result["ruleId"] and rule["help"]["text"] and result["level"] in ("note", "warning")
-        assert result["message"]["text"].replace("{{", "{").replace("}}", "}") == rule["shortDescription"]["text"]
+        assert result["message"]["text"] == re.sub("[{}]", r"\g<0>\g<0>", rule["shortDescription"]["text"])
         yield urllib.parse.unquote(uri), place["region"]["startLine"], int(rule["id"][3:])
 
 
