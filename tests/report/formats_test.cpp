@@ -83,7 +83,7 @@ TEST_CASE("An earlier report is whole, or refused") {
     const std::string forms[] = {Written([&](std::FILE *out) { return WriteJson(m, out); }), Sarif(m, 9),
                                  Written([&](std::FILE *out) { return WriteGitlab(m, out); })};
     for (const std::string &form : forms) {
-        for (size_t length = 1; length + 1 < form.size(); ++length) {
+        for (size_t length = 1; length + 1 < form.size(); length += form.size() > 4000 ? 97 : 1) {
             Known cut;
             CHECK_FALSE(Reads(form.substr(0, length), cut));
         }
