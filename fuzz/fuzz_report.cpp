@@ -1,6 +1,6 @@
 // The readers of tly-report on hostile XML and JSON, in turn with the writers: what was read is written, read again and written
-// again, and both texts must be the same; every other form is written too, and those that keep fingerprints are read for them.
-// Sources are not read: an input can't name a file.
+// again, and both texts must be the same; every other form is written too, and those that keep fingerprints are read for them. It
+// also becomes a page, beside itself as what was before and as a run of a trend. Sources are not read: an input can't name a file.
 
 #include <cstdint>
 #include <cstdio>
@@ -11,6 +11,8 @@
 #include "gate.h"
 #include "join.h"
 #include "known.h"
+#include "page.h"
+#include "read_compare.h"
 #include "read_json.h"
 #include "read_xml.h"
 #include "top.h"
@@ -64,6 +66,25 @@ void WriteAll(const Model &m) {
     Written([&](std::FILE *out) { return WriteCsv(m, Table::kFunctions, out) && WriteBadge(m, Badge::kLines, true, out); });
 }
 
+void MakePage(const Model &m) {
+    const PageInput in{m, FiguresOf(m, "now"), FiguresOf(m, "before"), {}, {FiguresOf(m, "a"), FiguresOf(m, "b")}};
+    std::FILE *out = fopen("/dev/null", "wb");
+    if (!out || !WritePage(in, out)) {
+        abort();
+    }
+    fclose(out);
+}
+
+void Compare(const std::string &text) {
+    std::FILE *in = fmemopen(const_cast<char *>(text.data()), text.size(), "rb");
+    Comparison comparison;
+    std::string error;
+    if (!in || (ReadComparison(in, "input", comparison, error) == CompareRead::kFailed) == error.empty()) {
+        abort();
+    }
+    fclose(in);
+}
+
 bool ReadAndWrite(const std::string &text, bool several, std::string &json) {
     std::FILE *in = fmemopen(const_cast<char *>(text.data()), text.size(), "rb");
     if (!in) {
@@ -81,6 +102,9 @@ bool ReadAndWrite(const std::string &text, bool several, std::string &json) {
     }
     json = Written([&](std::FILE *out) { return WriteJson(m, out); });
     WriteAll(m);
+    if (several) {
+        MakePage(m);
+    }
     return true;
 }
 
@@ -95,6 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     }
     Known known;
     ReadEarlier(text, known);
+    Compare(text);
     ReadAndWrite(text, true, json);
     if (ReadAndWrite(text, false, json) && (!ReadAndWrite(json, false, again) || again != json)) {
         fprintf(stderr, "fuzz_report: what was written reads otherwise:\n%s\n%s\n", json.c_str(), again.c_str());

@@ -21,7 +21,7 @@ struct OptionRow {
 };
 
 // The commands that read a project.
-const char *const kReports = " json sarif gitlab checkstyle github csv markdown badge top gate ";
+const char *const kReports = " json page sarif gitlab checkstyle github csv markdown badge top gate ";
 
 // clang-format off
 const OptionRow kOptions[] = {
@@ -30,6 +30,8 @@ const OptionRow kOptions[] = {
     {kReports, "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
     {" csv ", "--table", "WHAT", "files, functions, classes, notices, languages or kinds (files)", &Options::table},
     {" markdown ", "--before", "OLD", "compare with this XML or JSON", &Options::before},
+    {" page ", "--before", "OLD", "compare with this XML or JSON, or show this comparison of baselines, tly -X -w\"x OLD, NEW\"", &Options::before},
+    {" page ", "--trend", "DIR", "draw the figures of the XML and JSON files in DIR as lines", &Options::trend},
     {" badge ", "--of", "WHAT", "lines (of code), complexity (the highest of a function) or notices (lines)", &Options::badge},
     {" badge ", "--svg", "", "a picture in place of a JSON for a badge service", &Options::svg},
     {" top ", "-n", "N", "list N functions (10)", &Options::count},

@@ -10,6 +10,7 @@
 #include "known.h"
 #include "options.h"
 #include "output.h"
+#include "page.h"
 #include "read_project.h"
 #include "run.h"
 #include "since.h"
@@ -18,26 +19,26 @@
 
 namespace {
 
-bool Tell(const std::string &error) {
-    fprintf(stderr, "tly-report: %s\n", error.c_str());
+bool Tell(const std::string &what) {
+    fprintf(stderr, "tly-report: %s\n", what.c_str());
     return false;
 }
 
-// What every report begins with. Remarks go to stderr.
-bool Load(const Options &options, Model &m) {
+// What every report begins with. Remarks go to stderr. Sources are read for fingerprints only.
+bool Load(const Options &options, bool fingerprints, Model &m) {
     std::string error;
-    if (!ReadProject(options.inputs, options.root, m, error)) {
+    if (!(fingerprints ? ReadProject : ReadFigures)(options.inputs, options.root, m, error)) {
         return Tell(error);
     }
     for (const std::string &remark : m.remarks) {
-        fprintf(stderr, "tly-report: %s\n", remark.c_str());
+        Tell(remark);
     }
     return true;
 }
 
-template <bool (*write)(const Model &, std::FILE *)> int Report(const Options &options) {
+template <bool (*write)(const Model &, std::FILE *), bool fingerprints> int Report(const Options &options) {
     Model m;
-    if (!Load(options, m)) {
+    if (!Load(options, fingerprints, m)) {
         return kBad;
     }
     return WriteOutput(options.output, [&m](std::FILE *out) { return write(m, out); });
@@ -61,7 +62,7 @@ bool Choose(const char *option, const std::string &name, const char *const (&nam
 int RunCsv(const Options &options) {
     Model m;
     size_t table = 0;
-    if (!Choose("--table", options.table, kTableNames, table) || !Load(options, m)) {
+    if (!Choose("--table", options.table, kTableNames, table) || !Load(options, table == static_cast<size_t>(Table::kNotices), m)) {
         return kBad;
     }
     return WriteOutput(options.output, [&](std::FILE *out) { return WriteCsv(m, static_cast<Table>(table), out); });
@@ -72,17 +73,17 @@ int RunMarkdown(const Options &options) {
     Model before;
     Options earlier = options;
     earlier.inputs = {options.before};
-    if (!Load(options, m) || (!options.before.empty() && !Load(earlier, before))) {
+    const bool compared = !options.before.empty();
+    if (!Load(options, compared, m) || (compared && !Load(earlier, true, before))) {
         return kBad;
     }
-    const Model *compared = options.before.empty() ? nullptr : &before;
-    return WriteOutput(options.output, [&](std::FILE *out) { return WriteMarkdown(m, compared, out); });
+    return WriteOutput(options.output, [&](std::FILE *out) { return WriteMarkdown(m, compared ? &before : nullptr, out); });
 }
 
 int RunBadge(const Options &options) {
     Model m;
     size_t badge = 0;
-    if (!Choose("--of", options.badge, kBadgeNames, badge) || !Load(options, m)) {
+    if (!Choose("--of", options.badge, kBadgeNames, badge) || !Load(options, false, m)) {
         return kBad;
     }
     return WriteOutput(options.output, [&](std::FILE *out) { return WriteBadge(m, static_cast<Badge>(badge), options.svg, out); });
@@ -91,7 +92,7 @@ int RunBadge(const Options &options) {
 int RunTop(const Options &options) {
     Model m;
     size_t rank = 0;
-    if (!Choose("--by", options.by, kRankNames, rank) || !Load(options, m)) {
+    if (!Choose("--by", options.by, kRankNames, rank) || !Load(options, false, m)) {
         return kBad;
     }
     return WriteOutput(options.output, [&](std::FILE *out) {
@@ -150,7 +151,7 @@ int RunNew(const Options &options) {
     second.inputs.erase(second.inputs.begin());
     Known known;
     Model m;
-    return LoadKnown(options.inputs.front(), known) && Load(second, m) ? ReportNew(options, m, known) : kBad;
+    return LoadKnown(options.inputs.front(), known) && Load(second, true, m) ? ReportNew(options, m, known) : kBad;
 }
 
 bool ReadLimits(const Options &options, Limits &limits, Known &known) {
@@ -172,7 +173,7 @@ int RunGate(const Options &options) {
     Limits limits;
     Known known;
     Allowed allowed;
-    if (!ReadLimits(options, limits, known) || !LoadAllowed(options, allowed) || !Load(options, m)) {
+    if (!ReadLimits(options, limits, known) || !LoadAllowed(options, allowed) || !Load(options, true, m)) {
         return kBad;
     }
     size_t exceeded = 0;
@@ -184,11 +185,12 @@ int RunGate(const Options &options) {
 
 const Command kCommands[] = {
     {"run", "measure sources with tly, several at once, into one XML", RunTly},
-    {"json", "all figures as JSON, for programs and for later comparison", Report<WriteJson>},
-    {"sarif", "notices as SARIF 2.1.0, for code scanning services and editors", Report<WriteCutSarif>},
-    {"gitlab", "notices as a GitLab report on code quality", Report<WriteGitlab>},
-    {"checkstyle", "notices as the XML of Checkstyle, for Jenkins and others", Report<WriteCheckstyle>},
-    {"github", "notices as annotations of a GitHub workflow", Report<WriteGithub>},
+    {"json", "all figures as JSON, for programs and for later comparison", Report<WriteJson, true>},
+    {"page", "one HTML page with charts, to look at and to print", RunPage},
+    {"sarif", "notices as SARIF 2.1.0, for code scanning services and editors", Report<WriteCutSarif, true>},
+    {"gitlab", "notices as a GitLab report on code quality", Report<WriteGitlab, true>},
+    {"checkstyle", "notices as the XML of Checkstyle, for Jenkins and others", Report<WriteCheckstyle, false>},
+    {"github", "notices as annotations of a GitHub workflow", Report<WriteGithub, false>},
     {"csv", "a table of figures for spreadsheets", RunCsv},
     {"markdown", "tables for a comment on a change", RunMarkdown},
     {"badge", "one figure for a page's head", RunBadge},

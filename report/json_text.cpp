@@ -64,7 +64,7 @@ void AppendJson(std::string &out, std::string_view text) {
             out += "\\n";
         } else if (byte == '\t') {
             out += "\\t";
-        } else if (byte < ' ' || byte == 0x7f) {
+        } else if (byte < ' ') {
             out += "\\u00";
             out += kHex[byte >> 4];
             out += kHex[byte & 15];

@@ -3,6 +3,7 @@
 
 #include "formats.h"
 #include "known.h"
+#include "page_html.h"
 #include "severity.h"
 #include "text_lines.h"
 #include "top.h"
@@ -11,15 +12,6 @@ namespace {
 
 constexpr size_t kMostRows = 10;
 constexpr size_t kLongest = 200; // bytes of a name or text
-
-// "1,234,567".
-std::string Thousands(int64_t number) {
-    std::string text = std::to_string(number);
-    for (size_t place = text.size(); place > (number < 0 ? 4U : 3U); place -= 3) {
-        text.insert(place - 3, ",");
-    }
-    return text;
-}
 
 std::string Cut(std::string_view text) {
     std::string shown;
@@ -73,10 +65,9 @@ void Line(LineWriter &w, const std::string &text) {
 void Total(LineWriter &w, const char *name, int64_t now, const Model *before, int64_t then) {
     std::string row = std::string("| ") + name + " | ";
     if (before) {
-        const std::string sign = now > then ? "+" : "";
-        row += Thousands(then) + " | " + Thousands(now) + " | " + (now == then ? "" : sign + Thousands(now - then)) + " |";
+        row += Count(then) + " | " + Count(now) + " | " + Change(static_cast<double>(now), static_cast<double>(then), 0) + " |";
     } else {
-        row += Thousands(now) + " |";
+        row += Count(now) + " |";
     }
     Line(w, row);
 }
@@ -97,7 +88,7 @@ void Totals(LineWriter &w, const Model &m, const Model *before) {
 void More(LineWriter &w, size_t all) {
     if (all > kMostRows) {
         Line(w, "");
-        Line(w, "And " + Thousands(static_cast<int64_t>(all - kMostRows)) + " more.");
+        Line(w, "And " + Count(static_cast<int64_t>(all - kMostRows)) + " more.");
     }
 }
 
@@ -112,8 +103,8 @@ void Functions(LineWriter &w, const Model &m) {
     Line(w, "|---|---:|---:|---|");
     for (const uint32_t f : order) {
         const FunctionRow &function = m.functions[f];
-        Line(w, "| " + Code(m.texts[function.name]) + " | " + Thousands(function.complexity.cyclomatic) + " | " +
-                    Thousands(function.lines.lines) + " | " + Code(Place(m, function.file, function.first_line)) + " |");
+        Line(w, "| " + Code(m.texts[function.name]) + " | " + Count(function.complexity.cyclomatic) + " | " +
+                    Count(function.lines.lines) + " | " + Code(Place(m, function.file, function.first_line)) + " |");
     }
 }
 
@@ -131,8 +122,8 @@ void Kinds(LineWriter &w, const Model &m) {
     Line(w, "| Notice | | Count |");
     Line(w, "|---:|---|---:|");
     for (size_t i = 0; i < std::min(kinds.size(), kMostRows); ++i) {
-        Line(w, "| " + std::to_string(kinds[i].number) + " | " + Prose(m.texts[kinds[i].text]) + " | " + Thousands(kinds[i].count) +
-                    " |");
+        Line(w,
+             "| " + std::to_string(kinds[i].number) + " | " + Prose(m.texts[kinds[i].text]) + " | " + Count(kinds[i].count) + " |");
     }
     More(w, kinds.size());
 }

@@ -11,9 +11,10 @@ struct Options {
     std::vector<std::string> paths;  // of a run
     std::string output;              // empty: standard output
     std::string root;                // see ReadProject
+    std::string before;              // an earlier input to compare with; of a page also a comparison of baselines; empty: none
+    std::string trend;               // of a page: a directory of inputs; empty: none
     std::string tly;                 // the program; empty: looked for
     std::string table = "files";     // of a CSV: see kTableNames
-    std::string before;              // an earlier report to compare with; empty: none
     std::string badge = "lines";     // see kBadgeNames
     bool svg = false;                // a badge as a picture
     std::string by = "complexity";   // of a list of functions: see kRankNames

@@ -56,8 +56,9 @@ constexpr const char *kSections[] = {"files", "functions", "classes", "namespace
 enum Section : uint8_t { kFiles, kFunctions, kClasses, kNamespaces, kTree, kLanguages, kKinds, kNotices, kNoSection };
 
 struct Value {
-    int64_t number = kUntold; // a flag is 0 or 1
+    int64_t number = kUntold;
     std::string text{};
+    bool flag = false;
 };
 
 struct Reader {
@@ -76,7 +77,7 @@ struct Reader {
 
     // What the parser wants of its caller; false ends the parsing.
     bool null() { return Take({}); }
-    bool boolean(bool value) { return Take({value ? 1 : 0}); }
+    bool boolean(bool value) { return Take({kUntold, "", value}); }
     bool number_integer(int64_t value) { return Take({value}); }
     bool number_unsigned(uint64_t value) { return Take({static_cast<int64_t>(std::min<uint64_t>(value, INT64_MAX))}); }
     bool number_float(double, const std::string &) { return Take({}); }
@@ -142,7 +143,7 @@ void EndFile(Reader &r) {
     file.path = Text(r, kPath);
     file.date = Text(r, kDate);
     file.language = Named<Language>(kLanguageNames, r.cell[kLanguage].text);
-    file.by_line = r.cell[kByLine].number == 1;
+    file.by_line = r.cell[kByLine].flag;
     file.bytes = Number(r, kBytes);
     file.lines = LinesOf(r);
     if (!file.path) {
@@ -174,7 +175,7 @@ void EndClass(Reader &r) {
     const bool is_namespace = r.section == kNamespaces;
     row.name = Text(r, kName);
     row.kind = is_namespace ? ClassKind::kNamespace : Named<ClassKind>(kClassKindNames, r.cell[kKind].text);
-    row.nested = r.cell[kNested].number == 1;
+    row.nested = r.cell[kNested].flag;
     row.bases = Text(r, kBases);
     row.pattern = Text(r, kTemplate);
     row.attributes = {Number(r, kPublicData), Number(r, kProtectedData), Number(r, kPrivateData)};
@@ -228,7 +229,7 @@ bool TakeHead(Reader &r, Cell cell) {
                Fail(r, r.version > kJsonVersion ? "a later tly-report made it." : "its \"version\" is none of tly-report's.");
     }
     if (cell == kModern) {
-        r.m.modern = value.number == 1;
+        r.m.modern = value.flag;
     } else if (!*field) {
         *field = r.m.texts.Intern(value.text);
     }

@@ -29,21 +29,31 @@ bool ReadInput(const std::string &input, const std::string &root, Model &m, std:
     return read;
 }
 
-} // namespace
-
-bool ReadProject(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error) {
+// root with a "/" behind it.
+std::string Prefix(const std::string &root) {
     std::string prefix = ShownPath((root.starts_with('/') ? "" : CurrentDirectory()) + root, "");
     if (!prefix.empty() && prefix.back() != '/') {
         prefix += '/';
     }
+    return prefix;
+}
+
+} // namespace
+
+bool ReadFigures(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error) {
+    const std::string prefix = Prefix(root);
     for (const std::string &input : inputs) {
         if (!ReadInput(input, prefix, m, error)) {
             return false;
         }
     }
-    if (!FinishModel(m, inputs.size() > 1, error)) {
+    return FinishModel(m, inputs.size() > 1, error);
+}
+
+bool ReadProject(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error) {
+    if (!ReadFigures(inputs, root, m, error)) {
         return false;
     }
-    TakeFingerprints(m, prefix);
+    TakeFingerprints(m, Prefix(root));
     return true;
 }

@@ -11,3 +11,6 @@
 // relative paths start there, and paths below it are shown relative to it. Takes the fingerprints of what comes from an XML; a JSON
 // has them. Returns false with a message of whole sentences in error.
 bool ReadProject(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error);
+
+// The same without the fingerprints of an XML, and so without a look at the sources.
+bool ReadFigures(const std::vector<std::string> &inputs, const std::string &root, Model &m, std::string &error);

@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "paths.h"
+#include "qualified_name.h"
+#include "xml_elements.h"
 
 namespace {
 
@@ -22,101 +24,9 @@ constexpr size_t kDeepest = 32;
 constexpr int64_t kLargest = 100'000'000'000; // of any figure, so that no sum of them overflows
 constexpr const char *kMakeAgain = " Make it again with: tly -X -Ta -Tq, or tly-report run.";
 
-enum Leaf : uint8_t {
-    // clang-format off
-    kName, kDate, kBytes, kFile, kLine, kType, kDescription, kInheritance, kTemplate, kExtension, kSignature,
-    kLoc, kEloc, kLloc, kComments, kBlanks, kPhysical, kParameters, kReturns, kInterface, kCyclomatic, kTotal,
-    kPublic, kProtected, kPrivate, kClasses, kFunctions, kDepth, kChildren, kParents,
-    kNoticeCount, kTotalNotices, kVersion, kCommand, kReading, kTitle,
-    kLeaves
-    // clang-format on
-};
-
-// What an element is to the elements within it. Within kSkipped nothing is looked at.
-enum class Part : uint8_t {
-    // clang-format off
-    kSkipped, kLeaf, kOutside, kJoined, kSlice, kWhole, kDocument, kReport, kFile, kFunction,
-    kClass, kStruct, kInterface, kNestedClass, kNestedStruct, kNestedInterface, kNamespace, kAttributes, kMethods,
-    kInheritanceTree, kTreeClass, kNotice, kLanguage
-    // clang-format on
-};
-
-struct Element {
-    const char *name;
-    Part part;
-    Leaf leaf = kLeaves;
-};
-
-constexpr Element LeafRow(const char *name, Leaf leaf) {
-    return {name, Part::kLeaf, leaf};
-}
-
-// clang-format off
-constexpr Element kOutsideElements[] = {{"vxtly", Part::kDocument}, {"tly-report", Part::kJoined}};
-constexpr Element kJoinedElements[] = {
-    {"vxtly", Part::kDocument}, {"slice", Part::kSlice}, {"whole", Part::kWhole}, LeafRow("run", kCommand)};
-constexpr Element kSliceElements[] = {{"vxtly", Part::kDocument}};
-constexpr Element kDocumentElements[] = {
-    {"file", Part::kFile}, {"report", Part::kReport}, LeafRow("version", kVersion), LeafRow("date", kDate),
-    LeafRow("command", kCommand), LeafRow("reading", kReading), LeafRow("title", kTitle)};
-constexpr Element kReportElements[] = {
-    {"notice", Part::kNotice}, {"function", Part::kFunction},
-    {"class", Part::kClass}, {"struct", Part::kStruct}, {"interface", Part::kInterface},
-    {"nested_class", Part::kNestedClass}, {"nested_struct", Part::kNestedStruct}, {"nested_interface", Part::kNestedInterface},
-    {"namespace_package", Part::kNamespace}, {"inheritance_tree", Part::kInheritanceTree}, {"language", Part::kLanguage},
-    LeafRow("name", kName), LeafRow("notice_count", kNoticeCount), LeafRow("total_notices", kTotalNotices)};
-constexpr Element kTreeElements[] = {{"class", Part::kTreeClass}};
-constexpr Element kFileElements[] = {
-    LeafRow("name", kName), LeafRow("date", kDate), LeafRow("size_bytes", kBytes), LeafRow("loc", kLoc), LeafRow("eloc", kEloc),
-    LeafRow("lloc", kLloc), LeafRow("comments", kComments), LeafRow("lines", kPhysical)};
-constexpr Element kNoticeElements[] = {
-    LeafRow("file", kFile), LeafRow("type", kType), LeafRow("line", kLine), LeafRow("description", kDescription)};
-// Of functions, classes, namespaces and languages.
-constexpr Element kEntityElements[] = {
-    LeafRow("name", kName), LeafRow("file", kFile), LeafRow("line", kLine), LeafRow("template", kTemplate),
-    LeafRow("inheritance", kInheritance), LeafRow("extension", kExtension), LeafRow("parameters", kParameters),
-    LeafRow("returns", kReturns), LeafRow("interface_complexity", kInterface), LeafRow("cyclomatic_complexity", kCyclomatic),
-    LeafRow("total_complexity", kTotal), LeafRow("loc", kLoc), LeafRow("eloc", kEloc), LeafRow("lloc", kLloc),
-    LeafRow("comments", kComments), LeafRow("blanks", kBlanks), LeafRow("lines", kPhysical),
-    LeafRow("total_classes", kClasses), LeafRow("total_functions", kFunctions),
-    LeafRow("depth", kDepth), LeafRow("children", kChildren), LeafRow("parent", kParents),
-    {"attributes", Part::kAttributes}, {"methods", Part::kMethods}};
-constexpr Element kMemberElements[] = {
-    LeafRow("public", kPublic), LeafRow("protected", kProtected), LeafRow("private", kPrivate)};
-// clang-format on
-
-struct Elements {
-    const Element *rows;
-    size_t count;
-};
-
-template <size_t n> constexpr Elements Of(const Element (&rows)[n]) {
-    return {rows, n};
-}
-
-Elements Within(Part part) {
-    switch (part) {
-    case Part::kOutside: return Of(kOutsideElements);
-    case Part::kJoined: return Of(kJoinedElements);
-    case Part::kSlice:
-    case Part::kWhole: return Of(kSliceElements);
-    case Part::kDocument: return Of(kDocumentElements);
-    case Part::kReport: return Of(kReportElements);
-    case Part::kFile: return Of(kFileElements);
-    case Part::kNotice: return Of(kNoticeElements);
-    case Part::kInheritanceTree: return Of(kTreeElements);
-    case Part::kAttributes:
-    case Part::kMethods: return Of(kMemberElements);
-    case Part::kSkipped:
-    case Part::kLeaf: return {nullptr, 0};
-    default: return Of(kEntityElements);
-    }
-}
-
 struct Level {
     Part part;
     Leaf leaf;
-    bool has_elements;
 };
 
 struct Reader {
@@ -126,7 +36,7 @@ struct Reader {
     std::string &error;
     XML_Parser parser;
 
-    std::vector<Level> stack{{Part::kOutside, kLeaves, false}};
+    std::vector<Level> stack{{Part::kOutside, kLeaves}};
     std::string text{}; // since the last tag
     std::array<std::string, kLeaves> cell{};
     std::array<bool, kLeaves> filled{};
@@ -259,32 +169,6 @@ void EndFile(Reader *r) {
     r->file_at[file.opened] = static_cast<uint32_t>(r->m.files.size());
     r->m.files.push_back(file);
     ++r->files;
-}
-
-bool IsOperatorName(std::string_view name) {
-    constexpr std::string_view kWord = "operator";
-    if (!name.starts_with(kWord) || name.size() == kWord.size()) {
-        return false;
-    }
-    const char next = name[kWord.size()];
-    return !(next == '_' || (next >= '0' && next <= '9') || (next >= 'A' && next <= 'Z') || (next >= 'a' && next <= 'z'));
-}
-
-// "N::A" of "N::A::f", "p.q.C" of "p.q.C.m". What stands in "<...>" or "(...)" divides nothing, nor does the name of an operator.
-std::string_view ScopeOf(std::string_view name) {
-    size_t end = 0;
-    int depth = 0;
-    for (size_t i = 0; i < name.size(); ++i) {
-        if (depth == 0 && IsOperatorName(name.substr(i))) {
-            break;
-        }
-        depth += name[i] == '<' || name[i] == '(' ? 1 : name[i] == '>' || name[i] == ')' ? -1 : 0;
-        if (depth == 0 && i > 0 && (name[i] == '.' || name.substr(i).starts_with("::"))) {
-            end = i;
-            i += name[i] == ':' ? 1 : 0;
-        }
-    }
-    return name.substr(0, end);
 }
 
 void EndFunction(Reader *r) {
@@ -467,21 +351,16 @@ void BeginRecord(Reader *r, Part part) {
 
 void OnStart(void *user, const XML_Char *name, const XML_Char **) {
     auto *r = static_cast<Reader *>(user);
-    Level &around = r->stack.back();
-    Level level{Part::kSkipped, kLeaves, false};
-    if (around.part != Part::kSkipped && around.part != Part::kLeaf) {
+    const Part around = r->stack.back().part;
+    Level level{Part::kSkipped, kLeaves};
+    if (around != Part::kSkipped && around != Part::kLeaf) {
         TakeMessage(r);
-        const Elements elements = Within(around.part);
-        const Element *end = elements.rows + elements.count;
-        const Element *row = std::find_if(elements.rows, end, [name](const Element &e) { return strcmp(e.name, name) == 0; });
-        // A file's own notices stand in the list of all of them as well.
-        if (row != end) {
-            level = {row->part, row->leaf, false};
-        } else if (around.part == Part::kOutside) {
+        if (const Element *element = FindElement(around, name)) {
+            level = {element->part, element->leaf};
+        } else if (around == Part::kOutside) {
             Fail(r, std::string("it isn't the XML of tly: it begins with <") + std::string(name).substr(0, 40) + ">." + kMakeAgain);
         }
     }
-    around.has_elements = true;
     if (r->stack.size() > kDeepest) {
         Fail(r, Place(r) + "elements stand too deep in one another. This isn't the XML of tly." + kMakeAgain);
         return;

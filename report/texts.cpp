@@ -9,7 +9,7 @@ constexpr size_t kBlock = 64 * 1024;
 } // namespace
 
 Texts::Texts()
-    : texts_{std::string_view("", 0)},
+    : texts_{""},
       slots_(1024) {}
 
 void Texts::Grow() {

@@ -155,11 +155,7 @@ void Close(Scan &scan, Globals *G) {
         if (G->debug) {
             Message(G, "*** Debug: Closing Function: %s at }\n", G->funcname);
         }
-        if (G->function_metrics || G->list_functions) {
-            CloseFunction(scan, G);
-        } else {
-            ResetFunction(G);
-        }
+        CloseFunction(scan, G);
         if (scan.aborted) {
             return;
         }

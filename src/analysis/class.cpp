@@ -22,8 +22,6 @@
 
 namespace {
 
-constexpr const char *kUnnamed = "instance"; // what struct { int a; } v; is called until its name is read
-
 void SetSection(int ClassScope::*access, Globals *G) {
     G->access_public = 0;
     G->access_protected = 0;
@@ -110,11 +108,20 @@ void AnnounceClass(int notice, const char *word, Globals *G) {
     G->comment_pending = 0;
 }
 
+// The attributes of } __packed T; and } __attribute__((packed)) v; are no names. The index behind them.
+int BehindAttributes(const char *line, int index, const Globals *G) {
+    LineText word;
+    while ((G->reading & kMacros) && GetNextToken(line, index, word) && strncmp(word, "__", 2) == 0) {
+        index = BehindArguments(line, TokenIndex(line, index) + static_cast<int>(strlen(word)));
+    }
+    return index;
+}
+
 // The text behind the "}" names an unnamed struct: typedef struct { int a; } T; or struct { int a; } v[10];
 void NameStruct(const Scan &scan, Globals *G) {
     LineText token;
-    if (!G->struct_flag || !strstr(G->classname, kUnnamed) || !GetNextCodeToken(scan.line, scan.index + 1, token) ||
-        *token <= ' ') {
+    if (!G->struct_flag || !strstr(G->classname, kUnnamedClass) ||
+        !GetNextCodeToken(scan.line, BehindAttributes(scan.line, scan.index + 1, G), token) || *token <= ' ') {
         return;
     }
     LineText old_name;
@@ -123,7 +130,7 @@ void NameStruct(const Scan &scan, Globals *G) {
     if (colon && (G->class_index > 0 || G->namespace_flag)) {
         colon[1] = '\0';
         CopyText(old_name, G->classname);
-        AppendText(old_name, kUnnamed);
+        AppendText(old_name, kUnnamedClass);
         AppendText(G->classname, token);
     } else {
         CopyText(G->classname, token);
@@ -243,7 +250,7 @@ void OpenClass(Scan &scan, Globals *G) {
     G->function_scope = 0;
     if (is_struct && !*G->classname) {
         G->classname_pending = 0;
-        GetClassname(kUnnamed, 0, G);
+        GetClassname(kUnnamedClass, 0, G);
     }
     if (G->template_flag) {
         TakeTemplate(G);
@@ -259,7 +266,7 @@ void OpenClass(Scan &scan, Globals *G) {
     TakeSnapshots(G);
     FormatInheritline(G->inherit_line, G);
     if (!RecordClass(G)) {
-        scan.aborted = 1;
+        Abort(scan);
         return;
     }
     if (is_struct) {
@@ -281,7 +288,7 @@ void OpenInterface(Scan &scan, Globals *G) {
     if (!FindInterface(G->classname, G)) {
         ++G->interface_count;
         if (!AddInterfaceRecord(G->classname, G->file_line_no, G->class_index, G)) {
-            scan.aborted = 1;
+            Abort(scan);
             return;
         }
     }

@@ -5,8 +5,15 @@ struct Globals;
 struct LineCounts;
 struct Scan;
 
+// What struct { int a; } v; is called until its name is read.
+inline constexpr const char *kUnnamedClass = "instance";
+
 // Reads the name that begins at col into classname, with its namespace and enclosing classes in front.
 void GetClassname(const char *line, int col, Globals *G);
+// Makes classname of a name as it is written and that of the class or namespace around it, which may be empty.
+void NameClass(const char *outer, const char *name, Globals *G);
+// What joins a name to that of the scope around it: "::", "." or nothing.
+const char *SeparatorBehind(const char *outer, const Globals *G);
 // Count one method, and the data members of a statement, in the access section in hand.
 void ClassMethod(Globals *G);
 void ClassAttribute(const char *line, Globals *G);

@@ -1,5 +1,8 @@
 // The members of a class, by the access section in hand. In Java and C# each member's own modifier makes the section.
 #include "analysis/class.h"
+
+#include <algorithm>
+
 #include "analysis/code_text.h"
 #include "notices/raise.h"
 #include "report/forms.h"
@@ -61,13 +64,10 @@ constexpr Section kSections[] = {
 };
 // clang-format on
 
-const Section *SectionInHand(const Globals *G) {
-    for (const Section &section : kSections) {
-        if (G->*section.access) {
-            return &section;
-        }
-    }
-    return nullptr;
+// One of the three flags is always set.
+const Section &SectionInHand(const Globals *G) {
+    return *std::find_if(std::begin(kSections), std::end(kSections) - 1,
+                         [G](const Section &section) { return G->*section.access; });
 }
 
 // int a, b, c; are three members
@@ -87,13 +87,13 @@ void CountData(const Section &section, const char *line, Globals *G) {
 } // namespace
 
 void ClassMethod(Globals *G) {
-    const Section *section = SectionInHand(G);
-    if (G->static_flag || G->dotnet_attr || !section) {
+    if (G->static_flag || G->dotnet_attr) {
         return;
     }
-    ++(G->*section->methods);
+    const Section &section = SectionInHand(G);
+    ++(G->*section.methods);
     if (G->show_class_methods) {
-        Print(G, section->method_line, G->file_line_no, Shown{G->funcname}, ShownList{G->params});
+        Print(G, section.method_line, G->file_line_no, Shown{G->funcname}, ShownList{G->params});
     }
 }
 
@@ -101,10 +101,9 @@ void ClassAttribute(const char *line, Globals *G) {
     if (G->static_flag || G->dotnet_attr || G->get_flag || G->set_flag) {
         return;
     }
-    const Section *section = SectionInHand(G);
     // a declaration inside a method is no public member: void f() { int i; }
-    if (section && (!G->access_public || G->function_scope == 0)) {
-        CountData(*section, line, G);
+    if (!G->access_public || G->function_scope == 0) {
+        CountData(SectionInHand(G), line, G);
     }
     if (G->star_flag) {
         NoticeAtLine(kNoticeClassPointer, G);

@@ -34,7 +34,8 @@ int BeginOfName(const char *line, int index) {
 
 // The index behind the name. Blanks between "<" and ">" belong to it: class Stack<int *, 4> : Base
 int EndOfName(const char *line, int index) {
-    while (line[index] && !strchr(" \t({};:\n\r", line[index])) {
+    constexpr static CharSet kEnds(" \t({};:\n\r", true);
+    while (!kEnds.Has(line[index])) {
         if (line[index] == '<') {
             index += static_cast<int>(strcspn(line + index, ">\r\n"));
             index += line[index] == '>';
@@ -79,7 +80,33 @@ void QualifyName(const char *name, Globals *G) {
     }
 }
 
+void TidyName(Globals *G) {
+    G->class_start_white = WhiteSoFar(G);
+    G->class_start_chars = G->file_chars;
+    StripCComment(G->classname);
+    StripCPPComment(G->classname);
+    StripChars(G->classname, kHeadingNoise);
+    FormatTemplateLine(G->classname);
+    Lefttrim(G->classname);
+    Rtrim(G->classname);
+}
+
 } // namespace
+
+const char *SeparatorBehind(const char *outer, const Globals *G) {
+    const size_t length = strlen(outer);
+    const bool unnamed = length > 1 && outer[length - 1] == ':'; // a namespace without a name in a: a::
+    return length == 0 || unnamed ? "" : G->is_java || G->is_cs ? "." : "::";
+}
+
+void NameClass(const char *outer, const char *name, Globals *G) {
+    CopyText(G->classname, outer);
+    if (!AppendText(G->classname, SeparatorBehind(outer, G)) || !AppendText(G->classname, name)) {
+        CopyText(G->classname, name);
+    }
+    G->classname_pending = 0;
+    TidyName(G);
+}
 
 void GetClassname(const char *line, int col, Globals *G) {
     ClearText(G->classname);
@@ -97,7 +124,7 @@ void GetClassname(const char *line, int col, Globals *G) {
         if (begin < 0) {
             return;
         }
-        const int end = G->reading & kBraces ? static_cast<int>(strlen(line)) : EndOfName(line, begin);
+        const int end = EndOfName(line, begin);
         if (line[end] == ';') {
             G->forward_decl_flag = 1;
         }
@@ -111,15 +138,7 @@ void GetClassname(const char *line, int col, Globals *G) {
         }
     }
     QualifyName(name, G);
-
-    G->class_start_white = WhiteSoFar(G);
-    G->class_start_chars = G->file_chars;
-    StripCComment(G->classname);
-    StripCPPComment(G->classname);
-    StripChars(G->classname, kHeadingNoise);
-    FormatTemplateLine(G->classname);
-    Lefttrim(G->classname);
-    Rtrim(G->classname);
+    TidyName(G);
 }
 
 void FormatInheritline(char *text, Globals *G) {

@@ -82,9 +82,6 @@ void ClassBegin(Globals *G) {
 
 void ClassEnd(Globals *G) {
     Rtrim(G->classname);
-    if (G->totals_only) {
-        return;
-    }
     const char *const label = LabelInHand(G);
     LineText wrapped;
     AdjNameLength(G->classname, wrapped, Behind(label), G);
@@ -105,9 +102,6 @@ void EmitClass(Globals *G) {
         PutTemplate(kTemplate, G);
         if (G->comment_doc_mode) {
             Put("  %s%s\n", kDashes, kDashes);
-        }
-        if (G->quality_notices) {
-            Put("\n");
         }
     }
     ForgetTemplate(G);

@@ -17,22 +17,18 @@ const char *BehindComment(const char *p) {
 
 // Where the kinds of tokens differ.
 struct TokenKind {
-    const char *skipped; // ahead of the token
-    const char *ends;    // it, beside NUL
-    int any_first;       // it may begin with any character
+    CharSet skipped; // ahead of the token
+    CharSet ends;    // it
+    int any_first;   // it may begin with any character
 };
 
-constexpr TokenKind kNameToken{" \t", " {\t:\r(;)/\n", 0};
-constexpr TokenKind kCodeToken{" \t{(", " {\t:\r(;)/\n", 1};
-constexpr TokenKind kRawToken{" \t\r", " \t\r\n", 0};
-
-bool IsOneOf(char c, const char *set) {
-    return c != '\0' && strchr(set, c) != nullptr;
-}
+constexpr TokenKind kNameToken{CharSet(" \t"), CharSet(" {\t:\r(;)/\n", true), 0};
+constexpr TokenKind kCodeToken{CharSet(" \t{("), CharSet(" {\t:\r(;)/\n", true), 1};
+constexpr TokenKind kRawToken{CharSet(" \t\r"), CharSet(" \t\r\n", true), 0};
 
 // Index of the token's first character; -1 if the line has none left.
 int FindToken(const char *line, int index, const TokenKind &kind) {
-    while (IsOneOf(line[index], kind.skipped)) {
+    while (kind.skipped.Has(line[index])) {
         ++index;
     }
     if (IsLineEnd(line[index]) || (line[index] == '/' && line[index + 1] == '/')) {
@@ -54,7 +50,7 @@ const char *ReadToken(const char *line, int index, std::span<char> out, const To
         return nullptr;
     }
     const int begin = end;
-    while (line[end] && !IsOneOf(line[end], kind.ends)) {
+    while (!kind.ends.Has(line[end])) {
         ++end;
     }
     CopyPart(out, line + begin, end - begin);
@@ -82,6 +78,9 @@ char NextChar(const char *p) {
 }
 
 bool FindCodeChar(const char *p, char ch) {
+    if (!strchr(p, ch)) { // most lines
+        return false;
+    }
     while (*p && !IsLineEnd(*p)) {
         if (OpensComment(p)) {
             if (p[1] == '/') {
@@ -181,7 +180,7 @@ void StripStrings(char *text, const char *other) {
 void Strip_nrt(const char *text, std::span<char> out) {
     size_t length = 0;
     for (; *text && length + 1 < out.size(); ++text) {
-        if (IsOneOf(*text, "\n\r\t{")) {
+        if (*text == '\n' || *text == '\r' || *text == '\t' || *text == '{') {
             continue;
         }
         out[length++] = *text;
@@ -193,9 +192,6 @@ void Strip_nrt(const char *text, std::span<char> out) {
 }
 
 void FormatTemplateLine(char *text) {
-    if (strlen(text) > sizeof(LineText) - 1) {
-        return;
-    }
     char *out = text;
     for (const char *p = text; *p;) {
         if (IsBlankOrTab(*p)) {

@@ -1,4 +1,6 @@
 // Preprocessor lines. Conditional code isn't evaluated: all branches are scanned as code, and so is the text of a macro.
+#include "analysis/directives.h"
+
 #include "analysis/entities.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
@@ -15,23 +17,39 @@ bool IsWord(const char *text, const char *word) {
     return strncmp(text, word, length) == 0 && (IsSpace(*behind) || OpensComment(behind));
 }
 
-// text stands behind the word define.
-void Define(const char *text, Globals *G) {
-    ++G->define_count;
-    G->define_flag = 1;
-    text = Ltrim(text);
-    const size_t length = strcspn(text, " \t(\n\r");
-    CopyPart(G->mname, text, length);
-    if (text[length] == '(') { // #define MAX(a, b) ...
-        G->macro_flag = 1;
-        if (G->macro_metrics && G->quality_notices) {
-            MacroBegin(G->mname, G);
-        } else if (G->macro_metrics) {
-            EmitMacro(G->mname, G);
-        }
-    }
+} // namespace
+
+bool IsDefine(const char *word) {
+    return IsWord(word, "define");
+}
+
+bool IsRegion(const char *word) {
+    return IsWord(word, "region") || strncmp(word, "region/", 7) == 0;
+}
+
+bool EnterMacro(const char *word, Globals *G) {
+    const char *name = Ltrim(word + strlen("define"));
+    const size_t length = strcspn(name, " \t(\n\r");
+    CopyPart(G->mname, name, length);
     ++G->macro_count;
     AddMacro(G->mname, G->file_line_no, G);
+    return name[length] == '('; // #define MAX(a, b) ...
+}
+
+namespace {
+
+void Define(const char *word, Globals *G) {
+    ++G->define_count;
+    G->define_flag = 1;
+    if (!EnterMacro(word, G)) {
+        return;
+    }
+    G->macro_flag = 1;
+    if (G->macro_metrics && G->quality_notices) {
+        MacroBegin(G->mname, G);
+    } else if (G->macro_metrics) {
+        EmitMacro(G->mname, G);
+    }
 }
 
 } // namespace
@@ -45,7 +63,7 @@ void OnHash(Scan &scan, Globals *G) {
     }
     ++G->preproc_count;
     const char *word = Ltrim(scan.line + hash + 1);
-    scan.index = static_cast<int>(word - scan.line) - 1;
+    GoOnBehind(scan, static_cast<int>(word - scan.line) - 1);
     for (int i = hash + 1; i <= scan.index; ++i) {
         ++(scan.line[i] == '\t' ? scan.passed_tabs : scan.passed_blanks);
     }
@@ -53,15 +71,15 @@ void OnHash(Scan &scan, Globals *G) {
     if ((G->reading & kConditionals) && (G->reading & kBraces)) {
         FollowBranch(word, G);
     }
-    if (IsWord(word, "define")) {
-        Define(word + 6, G);
+    if (IsDefine(word)) {
+        Define(word, G);
     } else if (IsWord(word, "error")) {
         G->error_flag = 1;
     } else if (IsWord(word, "include")) {
         ++G->include_count;
-    } else if (IsWord(word, "region") || strncmp(word, "region/", 7) == 0) { // "#region Don't touch": its text is prose
+    } else if (IsRegion(word)) { // "#region Don't touch": its text is prose
         scan.white_end = scan.index + 1;
-        scan.index = scan.length - 1;
+        GoOnBehind(scan, scan.length - 1);
     } else if (word[0] == 'i' && word[1] == 'f') { // if, ifdef, ifndef
         G->if_directive = 1;
     }

@@ -1,240 +1,222 @@
-// Everything the scanner reacts to in code, on one screen: the class of every byte, and what each class does.
+// Everything the scanner reacts to in code, on one screen: the handler of every byte.
 //
-// A line of code is a line with a printable ASCII character outside comments, other than "/": so every class but kPassed and kSlash
-// makes the line code.
+// A line of code is a line with a printable ASCII character outside comments, other than "/".
 #include <array>
+#include <bit>
 
 #include "analysis/keywords.h"
 #include "analysis/literals.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
 #include "analysis/scopes.h"
+#include "analysis/spans.h"
 #include "notices/raise.h"
 #include "run/char_tests.h"
 #include "run/globals.h"
 
 namespace {
 
-enum CharClass : unsigned char {
-    kPassed,     // blanks, control bytes, bytes with the high bit set: nothing
-    kTab,        // the same, but it raises a notice
-    kSlash,      // may open a comment
-    kQuote,      // opens a string
-    kApostrophe, // opens a character literal
-    kStar,       // remembered: the statement may declare a pointer
-    // what follows is code proper: what is waited for since an earlier line is looked for ahead of it
-    kOperator, // makes the line code, nothing else
-    kWord,     // a letter, digit or "_": the whole run is one step
-    kTwice,    // & and |: the second of two counts
-    kStep,     // + and -: in front of a name, the second of two is a notice
-    kTilde,    // a virtual destructor
-    kAt,       // a Java annotation
-    kHash,
-    kOpenParen,
-    kCloseParen,
-    kOpenBrace,
-    kCloseBrace,
-    kOpenBracket,
-    kCloseBracket,
-    kSemicolon,
-    kComma,
-    kColon,
-    kAssign,
-    kLess,
-    kGreater,
-    kQuestion,
-    kDot,
-};
+void OnNothing(Scan &, Globals *) {}
 
-using ClassTable = std::array<CharClass, 256>;
+void OnTab(Scan &, Globals *G) {
+    NoticeAtLine(kNoticeTab, G);
+}
 
-// Files of the other language have comments and literals, and no construct.
-constexpr ClassTable kLiteralClasses = [] {
-    ClassTable classes{};
-    for (int c = 33; c < 128; ++c) {
-        classes[c] = IsWordChar(static_cast<char>(c)) ? kWord : kOperator;
+void OnSlash(Scan &scan, Globals *G) {
+    if (OpenComment(scan, G)) {
+        EndWalk(scan, scan.index); // the "/" belongs to the comment
     }
-    classes['/'] = kSlash;
-    classes['"'] = kQuote;
-    classes['\''] = kApostrophe;
-    return classes;
-}();
-
-constexpr ClassTable kCodeClasses = [] {
-    ClassTable classes = kLiteralClasses;
-    classes['*'] = kStar;
-    classes['&'] = kTwice;
-    classes['|'] = kTwice;
-    classes['+'] = kStep;
-    classes['-'] = kStep;
-    classes['~'] = kTilde;
-    classes['@'] = kAt;
-    classes['#'] = kHash;
-    classes['('] = kOpenParen;
-    classes[')'] = kCloseParen;
-    classes['{'] = kOpenBrace;
-    classes['}'] = kCloseBrace;
-    classes['['] = kOpenBracket;
-    classes[']'] = kCloseBracket;
-    classes[';'] = kSemicolon;
-    classes[','] = kComma;
-    classes[':'] = kColon;
-    classes['='] = kAssign;
-    classes['<'] = kLess;
-    classes['>'] = kGreater;
-    classes['?'] = kQuestion;
-    classes['.'] = kDot;
-    return classes;
-}();
-
-// Where notices print, every tab raises its own in its place; otherwise they are counted behind the line.
-constexpr ClassTable WithTabs(ClassTable classes) {
-    classes['\t'] = kTab;
-    return classes;
 }
-constexpr ClassTable kLiteralTabClasses = WithTabs(kLiteralClasses);
-constexpr ClassTable kCodeTabClasses = WithTabs(kCodeClasses);
 
-const ClassTable &ClassesFor(const Scan &scan, const Globals *G) {
-    if (scan.notices_print) {
-        return G->is_other ? kLiteralTabClasses : kCodeTabClasses;
+void OnQuote(Scan &scan, Globals *G) {
+    if (OpenString(scan, G)) {
+        const int stop = scan.index + 1 + (G->reading & kLiterals ? OpenLiteral(scan, G) : 0);
+        NoteSpan(scan, scan.index, stop, kStringSpan);
+        EndWalk(scan, stop);
     }
-    return G->is_other ? kLiteralClasses : kCodeClasses;
 }
 
-int EndOfWord(const char *line, int index) {
-    do {
-        ++index;
-    } while (kLiteralClasses[static_cast<unsigned char>(line[index])] == kWord);
-    return index;
-}
-
-// True if a comment opens here.
-bool OnSlash(Scan &scan, Globals *G) {
-    const char next = scan.line[scan.index + 1];
-    if (next == '*') {
-        G->c_comment = 1;
-        G->comment_star_index = scan.index + 1;
-        G->comment_start_line = scan.number;
-        scan.c_comment_line = 1;
-        return true;
+void OnApostrophe(Scan &scan, Globals *G) {
+    if (!((G->reading & kLiterals) && IsDigitSeparator(scan, G)) && OpenCharLiteral(scan, G)) {
+        EndWalk(scan, scan.index + 1);
     }
-    if (next == '/' && scan.line[scan.index - 1] != '*') { // the "/" that ends a comment opens none
-        G->cpp_comment = 1;
-        return true;
+}
+
+// The statement may declare a pointer.
+void OnStar(Scan &scan, Globals *G) {
+    G->star_flag |= !scan.c_comment_line;
+}
+
+// & and |: the second of two counts.
+void OnTwice(Scan &scan, Globals *G) {
+    if ((G->reading & kConditions) && G->preproc_flag && !G->define_flag) { // #if A && B
+        return;
     }
-    return false;
-}
-
-// Where the handler gave up, so does the line.
-void Call(void (*handler)(Scan &, Globals *), Scan &scan, int &index, Globals *G) {
-    handler(scan, G);
-    index = scan.aborted ? scan.length : scan.index;
-}
-
-// Something is waited for since an earlier line: the value of an assignment, or the body of an if.
-bool IsWaiting(const Scan &scan, const Globals *G) {
-    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number;
-}
-
-void CountTwice(const Scan &scan, char c, Globals *G) {
+    const char c = scan.line[scan.index];
     if (scan.line[scan.index - 1] == c && G->function_scope > 0 && G->funcname_flag) {
         ++(c == '&' ? G->local_and : G->local_or);
     }
 }
 
-void NoteStep(const Scan &scan, char c, Globals *G) {
-    if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) { // --x
+// + and -: in front of a name, the second of two is a notice: --x
+void OnStep(Scan &scan, Globals *G) {
+    const char c = scan.line[scan.index];
+    if (scan.line[scan.index - 1] == c && isfirstchar(scan.line[scan.index + 1])) {
         NoticePreStep(c == '-' ? kNoticePreDecrement : kNoticePreIncrement, G);
     }
 }
 
+// A virtual destructor.
+void OnTilde(Scan &, Globals *G) {
+    G->virtual_dtor |= G->virtual_flag;
+}
+
+// A Java annotation.
+void OnAt(Scan &, Globals *G) {
+    G->at_flag |= G->is_java;
+}
+
+using Handler = void (*)(Scan &, Globals *);
+using Handlers = std::array<Handler, 128>;
+
+// Files of the other language have comments and literals, and no construct. Where notices print, every tab raises its own in its
+// place; otherwise they are counted behind the line.
+constexpr Handlers kLiteralHandlers = [] {
+    Handlers handlers{};
+    for (Handler &handler : handlers) {
+        handler = OnNothing;
+    }
+    handlers['\t'] = OnTab;
+    handlers['/'] = OnSlash;
+    handlers['"'] = OnQuote;
+    handlers['\''] = OnApostrophe;
+    return handlers;
+}();
+
+constexpr Handlers kCodeHandlers = [] {
+    Handlers handlers = kLiteralHandlers;
+    for (int c = 33; c < 128; ++c) {
+        if (IsWordChar(static_cast<char>(c))) {
+            handlers[c] = OnWord;
+        }
+    }
+    handlers['*'] = OnStar;
+    handlers['&'] = OnTwice;
+    handlers['|'] = OnTwice;
+    handlers['+'] = OnStep;
+    handlers['-'] = OnStep;
+    handlers['~'] = OnTilde;
+    handlers['@'] = OnAt;
+    handlers['#'] = OnHash;
+    handlers['('] = OnOpenParen;
+    handlers[')'] = OnCloseParen;
+    handlers['{'] = OnOpenBrace;
+    handlers['}'] = OnCloseBrace;
+    handlers['['] = OnOpenBracket;
+    handlers[']'] = OnCloseBracket;
+    handlers[';'] = OnSemicolon;
+    handlers[','] = OnComma;
+    handlers[':'] = OnColon;
+    handlers['='] = OnAssign;
+    handlers['<'] = OnLess;
+    handlers['>'] = OnGreater;
+    handlers['?'] = OnQuestion;
+    handlers['.'] = OnDot;
+    return handlers;
+}();
+
+// Something is waited for since an earlier line: the value of an assignment, or the body of an if.
+bool IsWaiting(const Scan &scan, const Globals *G) {
+    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number && !G->is_other;
+}
+
+// Code proper, ahead of which it is looked for.
+bool IsProper(char c) {
+    return c > ' ' && c != '/' && c != '"' && c != '\'' && c != '*';
+}
+
+// The bytes of a line that are looked at in code, one after the other: the set bits of its masks.
+struct CodeWalk {
+    const ByteMasks *masks; // of the 64 bytes in hand
+    uint64_t bits;          // of them, those still to come
+    const char *bytes;      // their text
+};
+
+// Where something is waited for, every token is looked at.
+uint64_t BitsOf(const ByteMasks *masks, const Scan &scan, bool waiting) {
+    return (waiting ? masks->token : masks->code) | (scan.notices_print ? masks->tab : 0);
+}
+
+CodeWalk WalkFrom(const Scan &scan, int index, bool waiting) {
+    const size_t at = static_cast<size_t>(scan.origin) + static_cast<size_t>(index);
+    const ByteMasks *masks = scan.masks + at / kMaskBytes;
+    return {masks, BitsOf(masks, scan, waiting) >> at % kMaskBytes << at % kMaskBytes, scan.line + index - at % kMaskBytes};
+}
+
+// Calls the handlers of what is looked at from index on, until a comment or a literal opens or the line ends. With waiting it ends
+// too, behind the byte in hand, where nothing is waited for any more. Returns the index where it ended.
+template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers, Globals *G) {
+    const char *end = scan.line + scan.length;
+    CodeWalk walk = WalkFrom(scan, begin, waiting);
+    for (;;) {
+        while (!walk.bits) {
+            walk.bytes += kMaskBytes;
+            if (walk.bytes >= end) {
+                return scan.length;
+            }
+            walk.bits = BitsOf(++walk.masks, scan, waiting);
+        }
+        const char *p = walk.bytes + std::countr_zero(walk.bits);
+        if (p >= end) {
+            return scan.length;
+        }
+        walk.bits &= walk.bits - 1;
+        scan.index = static_cast<int>(p - scan.line);
+        if (waiting && IsProper(*p)) {
+            CheckPending(scan, G);
+        }
+        handlers[static_cast<unsigned char>(*p)](scan, G);
+        if (scan.moved) {
+            scan.moved = 0;
+            if (scan.stop >= 0) {
+                return scan.stop;
+            }
+            walk = WalkFrom(scan, scan.index + 1, waiting);
+        }
+        if (waiting && !IsWaiting(scan, G)) {
+            return scan.index + 1;
+        }
+    }
+}
+
+// Code from begin up to end makes the line a line of code.
+bool HoldsCode(const char *line, int begin, int end) {
+    while (begin < end && (line[begin] <= ' ' || line[begin] == '/')) {
+        ++begin;
+    }
+    return begin < end;
+}
+
+bool IsInCode(const Globals *G) {
+    return !(G->c_comment | G->cpp_comment | G->string_flag | G->char_flag);
+}
+
 } // namespace
 
-// The position and the table are locals, so that the run through plain characters stays in registers.
 [[gnu::noinline]] void ScanCode(Scan &scan, Globals *G) {
-    const ClassTable &classes = ClassesFor(scan, G);
-    const char *line = scan.line;
-    int end = scan.length; // 0 once a comment or a literal opens
-    int is_loc = scan.is_loc;
-    int i = scan.index;
-    scan.head_mark = i;
-    int waiting = IsWaiting(scan, G) && !G->is_other;
-    for (; i < end; ++i) {
-        const char c = line[i];
-        const CharClass found = classes[static_cast<unsigned char>(c)];
-        if (found == kPassed) {
-            continue;
-        }
-        scan.index = i;
-        if (waiting && found > kStar) {
-            waiting = IsWaiting(scan, G);
-            if (waiting) {
-                CheckPending(scan, G);
-            }
-        }
-        switch (found) {
-        case kPassed: continue;
-        case kTab: NoticeAtLine(kNoticeTab, G); continue;
-        case kOperator: break;
-        case kWord: {
-            const int behind = EndOfWord(line, i);
-            if (!G->is_other) {
-                OnWord(scan, behind, G);
-            }
-            i = scan.aborted ? end : behind - 1;
-            break;
-        }
-        case kSlash:
-            if (OnSlash(scan, G)) {
-                end = 0;
-                --i; // the "/" belongs to the comment
-            }
-            continue;
-        case kStar: G->star_flag |= !scan.c_comment_line; break;
-        case kQuote:
-            if (!IsEscaped(scan)) {
-                ++G->quote_count;
-                G->string_flag = 1;
-                end = 0;
-                i += G->reading & kLiterals ? OpenLiteral(scan, G) : 0;
-                NoteSpan(scan, scan.index, i + 1, kStringSpan);
-            } else if (EndsBackslashLiteral(scan)) {
-                ++G->string_count;
-            }
-            break;
-        case kApostrophe:
-            if ((G->reading & kLiterals) && IsDigitSeparator(scan, G)) {
-                break;
-            }
-            G->char_flag = !IsEscaped(scan);
-            end = G->char_flag ? 0 : end;
-            break;
-        case kTwice: CountTwice(scan, c, G); break;
-        case kStep: NoteStep(scan, c, G); break;
-        case kTilde: G->virtual_dtor |= G->virtual_flag; break;
-        case kAt: G->at_flag |= G->is_java; break;
-        case kHash: Call(OnHash, scan, i, G); break;
-        case kOpenParen: Call(OnOpenParen, scan, i, G); break;
-        case kCloseParen: Call(OnCloseParen, scan, i, G); break;
-        case kOpenBrace: Call(OnOpenBrace, scan, i, G); break;
-        case kCloseBrace: Call(OnCloseBrace, scan, i, G); break;
-        case kOpenBracket: Call(OnOpenBracket, scan, i, G); break;
-        case kCloseBracket: Call(OnCloseBracket, scan, i, G); break;
-        case kSemicolon: Call(OnSemicolon, scan, i, G); break;
-        case kComma: Call(OnComma, scan, i, G); break;
-        case kColon: Call(OnColon, scan, i, G); break;
-        case kAssign: Call(OnAssign, scan, i, G); break;
-        case kLess: Call(OnLess, scan, i, G); break;
-        case kGreater: Call(OnGreater, scan, i, G); break;
-        case kQuestion: Call(OnQuestion, scan, i, G); break;
-        case kDot: Call(OnDot, scan, i, G); break;
-        }
-        is_loc = 1;
+    const Handlers &handlers = G->is_other ? kLiteralHandlers : kCodeHandlers;
+    const int begin = scan.index;
+    scan.head_mark = begin;
+    int stop = begin;
+    if (IsWaiting(scan, G)) {
+        stop = Walk<true>(scan, begin, handlers, G);
+    }
+    if (stop < scan.length && IsInCode(G) && !scan.aborted) {
+        stop = Walk<false>(scan, stop, handlers, G);
     }
     if ((G->reading & kBraces) && G->function_scope == 0 && !G->is_other) {
-        TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : i, G);
+        TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : stop, G);
     }
-    scan.is_loc = is_loc;
-    scan.index = i;
+    scan.is_loc = scan.is_loc || HoldsCode(scan.line, begin, stop);
+    scan.index = stop;
 }

@@ -85,6 +85,14 @@ void AddMacro(const char *name, int line, Globals *G) {
     }
 }
 
+void ForgetMacros(int keep, Globals *G) {
+    while (G->macro_list.count > keep) {
+        LlistNode *last = G->macro_list.tail;
+        UnindexName(&G->macro_index_by_name, last->data);
+        LlistRemoveNodeInList(&G->macro_list, last, NameDataFree);
+    }
+}
+
 void IndexMacros(Globals *G) {
     for (NameData *macro : Records<NameData>(G->macro_list)) {
         if (!IndexName(&G->macro_index_by_name, macro)) {

@@ -23,9 +23,6 @@
 namespace {
 
 void ShowHead(const Scan &scan, Globals *G) {
-    if (!G->function_metrics && !G->list_functions && !G->template_ident) {
-        return;
-    }
     G->func_start_line = G->file_line_no;
     if (G->quality_notices && !G->list_functions) {
         FunctionBegin(G);
@@ -59,9 +56,6 @@ EntityFigures Measure(const Globals *G) {
     const int chars = G->file_chars - G->func_start_chars;
     f.white_pct = Percent(WhiteSoFar(G) - G->func_start_white, chars);
     f.blank_pct = Percent(f.blanks, total);
-    if (total == 0) {
-        f.loc = 1;
-    }
     return f;
 }
 
@@ -122,9 +116,43 @@ void ShowTail(const EntityFigures &f, Globals *G) {
     }
 }
 
+// A<T>::B becomes A::B.
+void DropTypes(char *name) {
+    int depth = 0;
+    char *out = name;
+    for (const char *p = name; *p; ++p) {
+        depth += *p == '<';
+        if (depth == 0) {
+            *out++ = *p;
+        }
+        depth -= *p == '>' && depth > 0;
+    }
+    *out = '\0';
+}
+
+// A<b::c>::f becomes A<b::c> and A::operator b::c becomes A. True if there was a separator.
+bool CutAtSeparator(char *name, const Globals *G) {
+    char *cut = G->is_java || G->is_cs ? nullptr : strstr(name, "::operator");
+    int depth = 0;
+    for (char *p = name + strlen(name); !cut && p-- > name;) {
+        depth += (*p == '>') - (*p == '<');
+        const bool doubled = *p == ':' && p > name && p[-1] == ':';
+        if (depth == 0 && (doubled || (*p == '.' && (G->is_java || G->is_cs)))) {
+            cut = p - doubled;
+        }
+    }
+    if (cut) {
+        *cut = '\0';
+    }
+    return cut != nullptr;
+}
+
 // A::B::f becomes A::B and A::B becomes A; in Java and C# the separator is ".". A template's arguments are no part of a class's
 // name, but for C#. True if there was a separator.
 bool CutToClass(char *name, const Globals *G) {
+    if (G->reading & kBraces) {
+        return CutAtSeparator(name, G);
+    }
     char *cut = strrchr(name, G->is_java || G->is_cs ? '.' : ':');
     if (cut) {
         cut -= cut > name && cut[-1] == ':';
@@ -145,10 +173,21 @@ const ClassBody *BodyAt(int depth, const Globals *G) {
 }
 
 // The record that a method counts for at a depth of nesting: of an interface by its own name, of a class by the method's, cut to
-// it.
-NodeData *OwnerOf(const char *name, int depth, const Globals *G) {
+// it; what the modern reading finds in a class is that class's.
+NodeData *OwnerOf(char *name, int depth, const Globals *G) {
     const ClassBody *body = BodyAt(depth, G);
-    return body && body->interface_class ? FindInterface(body->classname, G) : FindClass(name, G);
+    if (body && body->interface_class) {
+        return FindInterface(body->classname, G);
+    }
+    if (!(G->reading & kBraces)) {
+        return FindClass(name, G);
+    }
+    if (body && G->class_flag) {
+        return FindClass(body->classname, G);
+    }
+    NodeData *specialised = FindClass(name, G);
+    DropTypes(name);
+    return specialised ? specialised : FindClass(name, G);
 }
 
 } // namespace
@@ -192,7 +231,7 @@ void CloseFunction(Scan &scan, Globals *G) {
     AddToClass(figures, cyclo, G);
     if (!AddRecord(figures, cyclo, G)) {
         MemoryError(G);
-        scan.aborted = 1;
+        Abort(scan);
         return;
     }
     ++G->function_count;

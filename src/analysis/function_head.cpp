@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "analysis/class.h"
 #include "analysis/code_text.h"
 #include "analysis/entities.h"
 #include "run/globals.h"
@@ -73,9 +74,6 @@ int EnterPointerDeclarator(Head &head) {
     if (head.first_paren == head.last_paren) {
         return 0;
     }
-    if (head.line[head.col] == '(') {
-        return 1;
-    }
     do {
         ++head.col;
     } while (head.col < head.length && head.line[head.col] != '(' && NextBehindCol(head) != '*');
@@ -127,7 +125,8 @@ int JoinQualifier(const char *line, int i, BackwardText &name) {
 }
 
 void ReadBackwards(const char *line, int i, BackwardText &name) {
-    while (i >= 0 && !IsBlankOrTab(line[i]) && !strchr("(*&", line[i])) {
+    constexpr static CharSet kStops(" \t(*&", true);
+    while (i >= 0 && !kStops.Has(line[i])) {
         if (line[i] == '>') {
             i = PutTemplatePart(line, i, name);
         } else if (line[i] == '/' && i > 0 && line[i - 1] == '*') {
@@ -146,7 +145,7 @@ void KeepLastWord(char *name) {
         const int open = name[i] == '>' ? OpenAngle(name, i) : -1;
         if (open >= 0) {
             i = open;
-        } else if (strchr("&* ", name[i])) {
+        } else if (name[i] == '&' || name[i] == '*' || name[i] == ' ') {
             memmove(name, name + i + 1, length - i);
             return;
         }
@@ -256,6 +255,9 @@ Verdict TryHead(Head &head, Globals *G) {
 void PutInFront(const char *prefix, const char *separator, Globals *G) {
     LineText name;
     CopyText(name, prefix);
+    if (G->reading & kBraces) {
+        separator = SeparatorBehind(prefix, G);
+    }
     if (AppendText(name, separator) && AppendText(name, G->funcname)) {
         CopyText(G->funcname, name);
     }
@@ -296,9 +298,10 @@ void GetFunction(const char *line, int col, Globals *G) {
 }
 
 void QualifyFunction(Globals *G) {
-    QualifyByNamespace(G);
-    if (G->class_flag) {
-        QualifyByClass(G);
+    if (!G->class_flag) {
+        QualifyByNamespace(G);
+    } else if (!G->is_c) { // operator A::B and the I.f of another interface too
+        PutInFront(G->classname, SeparatorBehind(G->classname, G), G);
     }
 }
 

@@ -39,8 +39,19 @@ void FindBody(BodyKind kind, const Scan &scan, int end, int has_if, Globals *G) 
 }
 
 // The line declares only: "class A;". begin leaves out what can't be behind a keyword, wherever the keyword stands.
-bool IsDeclaration(const Scan &scan, int begin) {
-    return strchr(scan.line + begin, ';') && !strchr(scan.line + begin, '{');
+bool Declares(const Scan &scan, int begin, Globals *G) {
+    const bool declares = strchr(scan.line + begin, ';') && !strchr(scan.line + begin, '{');
+    G->forward_decl_flag |= declares;
+    return declares;
+}
+
+// Where the word class or struct may begin a definition.
+bool MayDefine(Globals *G) {
+    if (G->define_flag || G->enum_flag || G->typedef_flag || G->template_beg_flag || G->funcname_flag) {
+        return false;
+    }
+    G->friend_class |= G->friend_flag;
+    return !(G->reading & kBraces);
 }
 
 } // namespace
@@ -186,17 +197,7 @@ void OnVoid(Scan &scan, int end, Globals *G) {
 
 void OnClass(Scan &scan, int end, Globals *G) {
     FindLocalDefinition(0, scan.line + end, G);
-    if (G->define_flag || G->enum_flag || G->typedef_flag || G->template_beg_flag || G->funcname_flag) {
-        return;
-    }
-    if (G->friend_flag) {
-        G->friend_class = 1;
-    }
-    if (G->reading & kBraces) {
-        return;
-    }
-    if (IsDeclaration(scan, 5)) {
-        G->forward_decl_flag = 1;
+    if (!MayDefine(G) || Declares(scan, 5, G)) {
         return;
     }
     if (G->class_flag && !G->forward_decl_flag) {
@@ -210,11 +211,7 @@ void OnClass(Scan &scan, int end, Globals *G) {
 }
 
 void OnInterface(Scan &scan, int end, Globals *G) {
-    if (G->template_beg_flag || G->funcname_flag || (G->reading & kBraces)) {
-        return;
-    }
-    if (IsDeclaration(scan, 9)) {
-        G->forward_decl_flag = 1;
+    if (G->template_beg_flag || G->funcname_flag || (G->reading & kBraces) || Declares(scan, 9, G)) {
         return;
     }
     if (G->class_flag) {
@@ -275,17 +272,10 @@ void OnStruct(Scan &scan, int end, Globals *G) {
         return;
     }
     G->typedef_flag = 0;
-    if (G->static_flag || G->define_flag || G->enum_flag || G->template_beg_flag || G->funcname_flag) {
+    if (G->static_flag || !MayDefine(G)) {
         return;
     }
-    if (G->friend_flag) {
-        G->friend_class = 1;
-    }
-    if (G->reading & kBraces) {
-        return;
-    }
-    if (IsDeclaration(scan, 5)) {
-        G->forward_decl_flag = 1;
+    if (Declares(scan, 5, G)) {
         if (G->class_flag) { // a member of its type
             ClassAttribute(scan.line, G);
         }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <string_view>
 
@@ -55,6 +56,9 @@ template <int n> void Notice(Scan &, int, Globals *G) {
 }
 
 template <int is_public, int is_protected, int is_private> void Access(Scan &, int, Globals *G) {
+    if (G->reading & kBraces) { // told by the whole statement
+        return;
+    }
     G->access_public = is_public;
     G->access_protected = is_protected;
     G->access_private = is_private;
@@ -166,9 +170,15 @@ constexpr bool IsPrefix(const Keyword &keyword) {
     return keyword.closing == kName || keyword.closing == kOpName;
 }
 
-// The rows of a first letter, and the lengths that a word of theirs can have: most names of a program fail here.
+// Bit of a letter: the small letters have 1 to 26, "_" has 31.
+constexpr int LetterBit(char letter) {
+    return letter & 31;
+}
+
+// The rows of a first letter, and the second letters and lengths that a word of theirs can have: most names of a program fail here.
 struct Group {
     uint32_t lengths;
+    uint32_t seconds; // LetterBit of the second letters
     unsigned char begin, end;
 };
 
@@ -186,15 +196,11 @@ constexpr std::array<Group, 128> kGroups = [] {
         }
         group.end = static_cast<unsigned char>(row + 1);
         const uint32_t own = 1U << keyword.word.size();
+        group.seconds |= 1U << LetterBit(keyword.word[1]);
         group.lengths |= IsPrefix(keyword) ? ~(own - 1) : own;
     }
     return groups;
 }();
-
-// Bit of a first letter: the small letters have 1 to 26, "_" has 31.
-constexpr int LetterBit(char letter) {
-    return letter & 31;
-}
 
 // For every character the first letters that it may stand in front of; NUL stands in front of the line.
 constexpr std::array<uint32_t, 256> kMayFollow = [] {
@@ -234,6 +240,18 @@ bool IsClosed(const Keyword &keyword, const char *line, int index, int *counter)
     return closed;
 }
 
+// if constexpr (a), if IF_CONSTEXPR (a): the index behind what stands between the word and its condition.
+int BehindConstexpr(const Keyword &keyword, const char *line, int end, const Globals *G) {
+    if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
+        return end;
+    }
+    const char *p = Ltrim(line + end);
+    while (IsWordChar(*p)) {
+        ++p;
+    }
+    return *Ltrim(p) == '(' ? static_cast<int>(p - line) : end;
+}
+
 // True if the row was the word's.
 bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const unsigned language = LanguageOf(G);
@@ -242,7 +260,7 @@ bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     const int end = scan.index + static_cast<int>(keyword.word.size());
     int uncounted = 0;
     int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
-    if (!(complains | acts) || !IsClosed(keyword, scan.line, end, counter)) {
+    if (!(complains | acts) || !IsClosed(keyword, scan.line, BehindConstexpr(keyword, scan.line, end, G), counter)) {
         return false;
     }
     if (complains) {
@@ -257,6 +275,18 @@ bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     return true;
 }
 
+// Of the word at index.
+int WordLength(const Scan &scan) {
+    const size_t at = static_cast<size_t>(scan.origin) + static_cast<size_t>(scan.index);
+    const ByteMasks *masks = scan.masks + at / kMaskBytes;
+    const int room = static_cast<int>(kMaskBytes - at % kMaskBytes);
+    int length = std::countr_one(masks->word >> at % kMaskBytes);
+    for (int more = kMaskBytes; length >= room && more == static_cast<int>(kMaskBytes); length += more) {
+        more = std::countr_one((++masks)->word);
+    }
+    return length;
+}
+
 } // namespace
 
 bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
@@ -268,14 +298,30 @@ bool KeywordTermin(const char *line, int index, int *counter, char term1, char t
     return true;
 }
 
-void OnWord(Scan &scan, int end, Globals *G) {
-    const char *word = scan.line + scan.index;
-    const int length = end - scan.index;
-    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
-    if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
+void CountLoop(const char *line, int index, Globals *G) {
+    const char *word = line + index;
+    if (!(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
         return;
     }
-    if (!(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+    int length = 0;
+    while (IsWordChar(word[length])) {
+        ++length;
+    }
+    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
+    for (int row = group.begin; row < group.end; ++row) {
+        const Keyword &keyword = kKeywords[row];
+        if (keyword.file_counter == &File::for_count && keyword.word == std::string_view(word, length)) {
+            IsClosed(keyword, line, index + length, &G->for_count);
+            return;
+        }
+    }
+}
+
+// A word that is a keyword by its first two letters and what stands in front of it.
+[[gnu::noinline]] static void OnLikelyKeyword(const Group &group, Scan &scan, Globals *G) {
+    const char *word = scan.line + scan.index;
+    const int length = WordLength(scan);
+    if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
         return;
     }
     for (int row = group.begin; row < group.end; ++row) {
@@ -285,5 +331,13 @@ void OnWord(Scan &scan, int end, Globals *G) {
         if (fits && memcmp(keyword.word.data(), word, size) == 0 && TakeKeyword(keyword, scan, G)) {
             return;
         }
+    }
+}
+
+void OnWord(Scan &scan, Globals *G) {
+    const char *word = scan.line + scan.index;
+    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
+    if ((group.seconds >> LetterBit(word[1]) & 1) && (kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+        OnLikelyKeyword(group, scan, G);
     }
 }

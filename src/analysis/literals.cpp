@@ -103,6 +103,7 @@ int TakeBrace(const char *p, Globals *G) {
 bool EndsHere(const char *line, const char *p, int *used, const Globals *G) {
     *used = 1;
     switch (G->literal_kind) {
+    case kPlainLiteral:
     case kInterpolated: return true;
     case kVerbatim: *used = p[1] == '"' ? 2 : 1; return *used == 1;
     case kQuoted:
@@ -111,11 +112,10 @@ bool EndsHere(const char *line, const char *p, int *used, const Globals *G) {
         *used = quotes;
         return quotes >= G->literal_quotes;
     }
-    case kDelimited: {
+    default: { // kDelimited
         const auto length = static_cast<ptrdiff_t>(strlen(G->raw_delimiter));
         return p - line >= length && memcmp(p - length, G->raw_delimiter, static_cast<size_t>(length)) == 0;
     }
-    default: return true;
     }
 }
 

@@ -39,7 +39,7 @@ void BeginScope(int *count, Scan &scan, Globals *G) {
     }
     ++*count;
     if (!AddNamespaceRecord(G->namespace_name, G->file_line_no, G)) {
-        scan.aborted = 1;
+        Abort(scan);
     }
 }
 
@@ -144,9 +144,6 @@ void OpenNamespace(const char *token, Scan &scan, Globals *G) {
 }
 
 void OnPackage(Scan &scan, int end, Globals *G) {
-    if (!G->is_java) {
-        return;
-    }
     if (!GetNextToken(scan.line, end, G->namespace_name)) {
         ClearText(G->namespace_name);
         return;

@@ -1,23 +1,17 @@
 // The spine of the program: one physical line, walked once.
 //
-// Comments and literals are one small machine with four states, kept in G from line to line: c_comment, cpp_comment, string_flag
-// and char_flag; with none of them set the line is in code. Each state has a walker that leaps to the character that can end it, so
-// most of a comment or a literal is never looked at byte by byte; code is walked by ScanCode in dispatch.cpp.
+// It goes from state to state: code is walked by ScanCode in dispatch.cpp, comments and literals by spans.cpp.
 #include "analysis/parse_line.h"
 
-#include <array>
-#include <bit>
 #include <climits>
-#include <cstdint>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 #include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/line_code.h"
-#include "analysis/literals.h"
 #include "analysis/scan.h"
+#include "analysis/spans.h"
+#include "analysis/white_space.h"
+#include "files/source_reader.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
 #include "run/globals.h"
@@ -58,50 +52,9 @@ bool IsJust(const Scan &scan, char ch) {
 
 namespace {
 
-using Bytes = unsigned char __attribute__((vector_size(16)));
-
-int SumOfBytes(Bytes bytes) {
-#ifdef __SSE2__ // one instruction for all 16
-    const auto sums = std::bit_cast<std::array<uint64_t, 2>>(_mm_sad_epu8(std::bit_cast<__m128i>(bytes), _mm_setzero_si128()));
-    return static_cast<int>(sums[0] + sums[1]);
-#else
-    const auto halves = std::bit_cast<std::array<uint64_t, 2>>(bytes);
-    constexpr uint64_t kEven = 0x00ff00ff00ff00ffu;
-    const uint64_t pairs = (halves[0] & kEven) + ((halves[0] >> 8) & kEven) + (halves[1] & kEven) + ((halves[1] >> 8) & kEven);
-    return static_cast<int>((pairs * 0x0001000100010001u) >> 48);
-#endif
-}
-
-struct White {
-    int blanks, tabs;
-};
-
-// Blanks and tabs of a line, 16 bytes at a time: the bytes behind the line's end are zero up to the next 16.
-White CountWhite(const char *line, int length) {
-    Bytes blanks{};
-    Bytes tabs{};
-    for (int i = 0; i < length; i += 16) {
-        Bytes chunk;
-        memcpy(&chunk, line + i, sizeof chunk);
-        blanks -= (Bytes)(chunk == ' ');
-        tabs -= (Bytes)(chunk == '\t');
-    }
-    return {SumOfBytes(blanks), SumOfBytes(tabs)};
-}
-
-// Blanks and tabs ahead of a character.
-White CountWhiteAhead(const char *line, int end) {
-    White white{};
-    for (int i = 0; i < end; ++i) {
-        white.blanks += line[i] == ' ';
-        white.tabs += line[i] == '\t';
-    }
-    return white;
-}
-
 // Blanks and tabs that count, up to a character; what a "#" passed over stands ahead of it.
-White CountWhiteOf(const Scan &scan, int end) {
-    White white = end == scan.length ? CountWhite(scan.line, end) : CountWhiteAhead(scan.line, end);
+[[gnu::always_inline]] inline White CountWhiteOf(const Scan &scan, int end) {
+    White white = CountWhite(scan.line, end);
     white.blanks -= scan.passed_blanks;
     white.tabs -= scan.passed_tabs;
     return white;
@@ -122,64 +75,6 @@ int CountTabs(const char *text, int length) {
         tabs += text[i] == '\t';
     }
     return tabs;
-}
-
-// Moves index to the next ch, or to the end of the line when there is none. True if there is one.
-bool LeapTo(Scan &scan, char ch) {
-    const void *found = memchr(scan.line + scan.index, ch, scan.length - scan.index);
-    scan.index = found ? static_cast<int>(static_cast<const char *>(found) - scan.line) : scan.length;
-    return found != nullptr;
-}
-
-void ScanBlockComment(Scan &scan, Globals *G) {
-    while (LeapTo(scan, '*')) {
-        // in "/*/" the star that opened the comment doesn't close it
-        const int opener = scan.number == G->comment_start_line && scan.index <= G->comment_star_index;
-        if (scan.line[scan.index + 1] == '/' && !opener) {
-            G->c_comment = 0;
-            G->comment_star_index = -1;
-            scan.c_comment_line = 1;
-            return;
-        }
-        ++scan.index;
-    }
-}
-
-void ScanString(Scan &scan, Globals *G) {
-    if (G->literal_kind) {
-        const int ends = ScanOwnLiteral(scan, G);
-        G->string_count += ends;
-        G->string_flag = !ends;
-        return;
-    }
-    while (LeapTo(scan, '"')) {
-        if (!IsEscaped(scan)) {
-            ++G->quote_count;
-        } else if (!EndsBackslashLiteral(scan)) {
-            ++scan.index;
-            continue;
-        }
-        ++G->string_count;
-        G->string_flag = 0;
-        return;
-    }
-}
-
-void ScanCharLiteral(Scan &scan, Globals *G) {
-    while (LeapTo(scan, '\'')) {
-        if (!IsEscaped(scan)) {
-            G->char_flag = 0;
-            return;
-        }
-        ++scan.index;
-    }
-}
-
-// In a literal any printable character but "/" makes the line code, as it does outside.
-void CountLiteral(Scan &scan, int begin) {
-    for (int i = begin; !scan.is_loc && i <= scan.index && i < scan.length; ++i) {
-        scan.is_loc = scan.line[i] > 32 && scan.line[i] != '/';
-    }
 }
 
 void WalkLiteral(Scan &scan, int begin, Globals *G) {
@@ -223,30 +118,6 @@ void WalkLine(Scan &scan, Globals *G) {
             RaiseTabs(scan, begin, G);
         }
         scan.index += scan.index < scan.length; // the closing character; the "/" of a "*/" is looked at as code
-    }
-}
-
-// A backslash behind which only blanks follow continues the line. It keeps a // comment and an open string alive.
-void EndContinuation(const Scan &scan, Globals *G) {
-    int last = scan.length - 1;
-    while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
-        --last;
-    }
-    if (last >= 0 && scan.line[last] == '\\') {
-        ++G->continuation_count;
-        G->continuation = 1;
-        return;
-    }
-    if (G->macro_flag) {
-        EndMacroRegion(G);
-    }
-    static_cast<DirectiveState &>(*G) = DirectiveState{};
-    G->cpp_comment = 0;
-    G->continuation = 0;
-    if (G->reading & kLiterals) {
-        EndLineOfLiteral(G);
-    } else if (G->quote_count % 2 == 0) {
-        G->string_flag = 0;
     }
 }
 
@@ -326,18 +197,6 @@ void BeginLine(const Scan &scan, Globals *G) {
 
 } // namespace
 
-bool IsEscaped(const Scan &scan) {
-    int run = 0;
-    while (scan.line[scan.index - 1 - run] == '\\') {
-        ++run;
-    }
-    return run % 2;
-}
-
-bool EndsBackslashLiteral(const Scan &scan) {
-    return scan.index >= 3 && memcmp(scan.line + scan.index - 3, "@\"\\", 3) == 0;
-}
-
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
     if (scan.kinds && begin < end) {
         memset(scan.kinds + begin, kind, end - begin);
@@ -349,15 +208,72 @@ int WhiteSoFar(const Globals *G) {
     return G->file_white + white.blanks + G->tab_width * white.tabs;
 }
 
-void ParseLine(int line_bytes, int line_number, Globals *G) {
-    char kinds[sizeof(LineText)];
-    Scan scan{};
-    scan.line = G->line_buffer;
-    scan.number = line_number;
-    scan.length = LengthWithoutLineEnd(scan.line, line_bytes);
+void BeginSource(Globals *G) {
+    const bool split = G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G);
+    const bool after = G->determine_source | G->work_deterministic | G->recording_lines | (G->udqn_list.count > 0);
+    G->line_wants = split * kWantsSplit + after * kWantsLook + NoticesArePrinted(G) * kWantsNotices;
+}
+
+namespace {
+
+// Field by field: most of them are set anyway.
+void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G) {
+    scan.masks = line.masks;
+    scan.origin = line.origin;
+    scan.line = line.text;
+    scan.number = number;
+    scan.length = LengthWithoutLineEnd(line.text, line.length);
+    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
+    scan.first_nonblank = NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + scan.length) - line.origin;
+    scan.index = scan.first_nonblank;
+    scan.head_mark = 0;
+    scan.blank = scan.first_nonblank == scan.length;
+    scan.is_loc = 0;
+    scan.non_effective = 0;
+    scan.is_logical = 0;
     scan.c_comment_line = G->c_comment;
     scan.white_end = scan.length;
-    if (G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G)) {
+    scan.string_tabs = 0;
+    scan.passed_blanks = 0;
+    scan.passed_tabs = 0;
+    scan.notices_print = G->line_wants & kWantsNotices;
+    scan.aborted = 0;
+    scan.moved = 0;
+    scan.stop = -1;
+    scan.kinds = nullptr;
+}
+
+// Whoever wants to look at the line once it is scanned.
+void LookAtLine(const Scan &scan, int line_has_c_comment, Globals *G) {
+    if (G->determine_source || G->work_deterministic) {
+        ReportLine(scan, line_has_c_comment, G);
+    }
+    if (G->recording_lines) {
+        G->line_letter = LineLetter(scan, line_has_c_comment || G->cpp_comment, G);
+    }
+}
+
+// What goes on from line to line behind a backslash, and what ends here.
+void EndLine(const Scan &scan, Globals *G) {
+    if (GoesOn(scan, G)) {
+        ++G->continuation_count;
+        G->continuation = 1;
+        return;
+    }
+    if (G->macro_flag) {
+        EndMacroRegion(G);
+    }
+    static_cast<DirectiveState &>(*G) = DirectiveState{};
+    EndSpans(G);
+}
+
+} // namespace
+
+void ParseLine(const SourceLine &line, int line_number, Globals *G) {
+    char kinds[sizeof(LineText)];
+    Scan scan;
+    BeginScan(scan, line, line_number, G);
+    if (G->line_wants & kWantsSplit) {
         memset(kinds, kCodeSpan, sizeof kinds);
         scan.kinds = kinds;
         if (!G->continuation) {
@@ -366,15 +282,12 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
     }
     G->scan = &scan;
     BeginLine(scan, G);
-
-    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
-    while (scan.first_nonblank < scan.length && scan.line[scan.first_nonblank] < 33) {
-        ++scan.first_nonblank;
+    if (G->line_wants & (kWantsSplit | kWantsNotices)) {
+        scan.index = 0;
     }
-    scan.blank = scan.first_nonblank == scan.length;
-    scan.notices_print = NoticesArePrinted(G);
-    scan.index = scan.kinds || scan.notices_print ? 0 : scan.first_nonblank;
-    scan.string_tabs = G->string_flag ? CountTabs(scan.line, scan.index) : 0; // the indent of a string's next line
+    if (G->string_flag) {
+        scan.string_tabs = CountTabs(scan.line, scan.index); // the indent of a string's next line
+    }
     WalkLine(scan, G);
     G->scan = nullptr;
     G->line_letter = '\0';
@@ -384,28 +297,27 @@ void ParseLine(int line_bytes, int line_number, Globals *G) {
 
     CountWhiteSpace(scan, G);
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
-    if (G->determine_source || G->work_deterministic) {
-        ReportLine(scan, line_has_c_comment, G);
-    }
-    if (G->recording_lines) {
-        G->line_letter = LineLetter(scan, line_has_c_comment || G->cpp_comment, G);
+    if (G->line_wants & kWantsLook) {
+        LookAtLine(scan, line_has_c_comment, G);
     }
     CountLine(scan, line_has_c_comment, G);
     if (scan.kinds) {
         SplitLine(scan, G);
     }
-    udqn_process(scan.line, 0, G);
+    if (G->line_wants & kWantsLook) {
+        udqn_process(scan.line, 0, G);
+    }
     if (scan.kinds && G->extract_comments && (line_has_c_comment || G->cpp_comment)) {
         ShowExtractedComment(scan.number, G);
     }
     if (scan.is_loc) {
-        memcpy(G->prev_code_line, scan.line, line_bytes + 1);
+        memcpy(G->prev_code_line, scan.line, line.length + 1);
     }
-    EndContinuation(scan, G);
-    if (G->debug) {
-        ShowSplitLine(scan, G);
-    }
+    EndLine(scan, G);
     if (scan.kinds) { // at the end of a file the rules see no line
+        if (G->debug) {
+            ShowSplitLine(scan, G);
+        }
         ClearText(G->line_code);
         ClearText(G->line_string);
         ClearText(G->line_comment);

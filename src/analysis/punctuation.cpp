@@ -1,4 +1,6 @@
 // The handlers of what separates and joins: , : ; = < > [ ] ? .
+#include <string_view>
+
 #include "analysis/class.h"
 #include "analysis/code_text.h"
 #include "analysis/function.h"
@@ -23,7 +25,7 @@ void OnComma(Scan &scan, Globals *G) {
 void OnColon(Scan &scan, Globals *G) {
     if (scan.line[scan.index + 1] == ':') {
         NoteSpan(scan, scan.index, scan.index + 1, kPassedOver);
-        ++scan.index;
+        GoOnBehind(scan, scan.index + 1);
         return;
     }
     if (G->funcname_flag && G->function_scope < 1) { // A::A() : b(1) {
@@ -225,16 +227,55 @@ void OnCloseBracket(Scan &, Globals *G) {
     }
 }
 
+namespace {
+
+bool IsAmong(char c, std::string_view set) {
+    return set.find(c) != std::string_view::npos;
+}
+
+// Map<?, ? extends T>
+bool IsWildcard(const Scan &scan) {
+    const int before = OverBlanks(scan.line, scan.index - 1);
+    return before >= 0 && IsAmong(scan.line[before], "<,");
+}
+
+// a?.b, a?[0], List<int?> and int? a = 1; but a ? b : c and a?b:c are conditions
+bool IsNullable(const Scan &scan, const Globals *G) {
+    const char *mark = scan.line + scan.index;
+    const char *p = mark + 1;
+    if (*p == '[' || (*p == '.' && !IsDigit(p[1]))) {
+        return true;
+    }
+    if (IsBlankOrTab(mark[-1])) {
+        return false;
+    }
+    if (G->function_scope == 0 || IsAmong(*p, ">),;")) {
+        return true;
+    }
+    const char *name = Ltrim(p);
+    if (name == p || !isfirstchar(*name)) {
+        return false;
+    }
+    while (IsWordChar(*name)) {
+        ++name;
+    }
+    name = Ltrim(name);
+    return IsAmong(*name, "=;,)") && name[1] != '=';
+}
+
+} // namespace
+
 void OnQuestion(Scan &scan, Globals *G) {
     if (scan.line[scan.index + 1] == '?') {
         NoteSpan(scan, scan.index, scan.index + 1, kPassedOver);
-        ++scan.index;
+        GoOnBehind(scan, scan.index + 1);
+        return;
+    }
+    if ((G->reading & kConditions) && ((G->is_java && IsWildcard(scan)) || (G->is_cs && IsNullable(scan, G)))) {
         return;
     }
     ++G->local_inline_if;
-    if (!G->macro_flag) {
-        NoticeAtLine(kNoticeTernary, G);
-    }
+    NoticeAtLine(kNoticeTernary, G);
 }
 
 // "..." as a parameter; catch (...) isn't meant

@@ -14,9 +14,11 @@ struct ReadingRule {
     const char *change;   // what it changes, in a line
     const char *language; // of the sample
     const char *sample;   // a source
-    const char *with;     // its functions with all rules on, "name:line of its }", joined by blanks
+    const char *with;     // its functions with all rules on, "name:line of its }", "=complexity" where it isn't 1, joined by blanks
     const char *without;  // the same with all rules but this one
-    int brings;           // functions of the measured trees that are lost without it
+    // of 15,800 files, 8.8 million lines:
+    int brings;  // functions that are lost without it
+    int changes; // functions and classes with another figure or name without it
 };
 
 std::span<const ReadingRule> ReadingRules();

@@ -29,6 +29,9 @@ void AddCounters(FileCounters &sum, const FileCounters &file) {
 
 void ResetState(Globals *G) {
     static_cast<PerFile &>(*G) = PerFile{};
+    if (G->udqn_chosen) {
+        static_cast<UdqnFileState &>(*G) = UdqnFileState{};
+    }
     G->comment_star_index = -1;
     G->access_private = 1;
 }

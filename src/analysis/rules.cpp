@@ -121,9 +121,6 @@ void NoticeBelow(int n, const char *kind, float measured, float limit, Globals *
 } // namespace
 
 void CheckPending(Scan &scan, Globals *G) {
-    if (G->scope_pending_line < 1 || G->scope_pending_line >= scan.number) {
-        return;
-    }
     const char *code = scan.line + scan.index;
     // x =  and its value on this line
     if (G->assignment_flag && !G->virtual_flag && !G->enum_flag) {
@@ -204,9 +201,6 @@ void NoticesOfLimits(const EntityFigures &figures, Globals *G) {
 }
 
 void NoticesOfClass(const EntityFigures &figures, Globals *G) {
-    if (!G->object_metrics || !G->quality_notices) {
-        return;
-    }
     const char *kind = G->struct_flag ? "Struct" : "Class";
     if (figures.loc > G->min_class_loc_content) {
         NoticeOfComments(kNoticeClassComments, kind, figures, G->min_class_comment_pct, G);

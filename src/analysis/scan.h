@@ -1,34 +1,55 @@
 // The line in hand: what the scanner's handlers are given beside G. It lives as long as one call of ParseLine.
 #pragma once
 
+#include "files/byte_masks.h"
+
 struct Globals;
 
 struct Scan {
-    const char *line;   // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
-    int number;         // line number in the file
-    int length;         // characters without the line end
-    int first_nonblank; // index of the first byte above 32; the length when there is none
-    int index;          // the character in hand; a handler may move it forward
-    int head_mark;      // from here on the code isn't in the text of the statement yet
-    int blank;          // no byte above 32 in the line
-    int is_loc;         // a line of code
-    int non_effective;  // just a brace or just a parenthesis
-    int is_logical;     // a ";" in code
-    int c_comment_line; // a /* */ comment covers part of the line
-    int white_end;      // white space counts up to here
-    int string_tabs;    // tabs inside string literals, which raise no notice
-    int passed_blanks;  // blanks between a "#" and its word, where the scan goes on: they count for nothing
-    int passed_tabs;    // tabs there
-    int notices_print;  // a notice prints in its place; otherwise it only counts
-    int aborted;        // a record couldn't be made: the line isn't scanned to its end
-    char *kinds;        // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
+    const ByteMasks *masks; // what its bytes are
+    int origin;             // of its first byte in them
+    const char *line;       // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
+    int number;             // line number in the file
+    int length;             // characters without the line end
+    int first_nonblank;     // index of the first byte above 32; the length when there is none
+    int index;              // the character in hand; a handler may move it forward
+    int head_mark;          // from here on the code isn't in the text of the statement yet
+    int blank;              // no byte above 32 in the line
+    int is_loc;             // a line of code
+    int non_effective;      // just a brace or just a parenthesis
+    int is_logical;         // a ";" in code
+    int c_comment_line;     // a /* */ comment covers part of the line
+    int white_end;          // white space counts up to here
+    int string_tabs;        // tabs inside string literals, which raise no notice
+    int passed_blanks;      // blanks between a "#" and its word, where the scan goes on: they count for nothing
+    int passed_tabs;        // tabs there
+    int notices_print;      // a notice prints in its place; otherwise it only counts
+    int aborted;            // a record couldn't be made: the line isn't scanned to its end
+    int moved;              // the walk through code doesn't go on behind the character that it called a handler for
+    int stop;               // where it ends, with moved; -1 where it goes on behind index
+    char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
 };
 
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
 enum SpanKind : char { kCodeSpan, kStringSpan, kCommentSpan, kPassedOver };
 
+// The walk through code goes on behind index, which a handler has moved forward.
+inline void GoOnBehind(Scan &scan, int index) {
+    scan.index = index;
+    scan.moved = 1;
+    scan.stop = -1;
+}
+// The walk through code ends; what stands from stop on is no code.
+inline void EndWalk(Scan &scan, int stop) {
+    scan.moved = 1;
+    scan.stop = stop;
+}
+inline void Abort(Scan &scan) {
+    scan.aborted = 1;
+    EndWalk(scan, scan.length);
+}
+
 // The handlers of the characters that mean something in code, each called with scan.index on its character.
-// They leave index on the last character that they used up.
 void OnHash(Scan &scan, Globals *G);
 void OnOpenParen(Scan &scan, Globals *G);
 void OnCloseParen(Scan &scan, Globals *G);
@@ -59,10 +80,6 @@ void ScanCode(Scan &scan, Globals *G);
 
 // True if ch is the only significant character of the line: SingleChar, refused at a glance where it can be.
 bool IsJust(const Scan &scan, char ch);
-// True if the character at index stands behind an odd run of backslashes.
-bool IsEscaped(const Scan &scan);
-// True if the quote at index ends the C# literal @"\", whose backslash escapes nothing.
-bool EndsBackslashLiteral(const Scan &scan);
 // Notes for the line's split what the characters from begin up to end are.
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
 

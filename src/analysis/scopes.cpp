@@ -1,5 +1,5 @@
 // What each brace opens is noted, so that its partner ends just that. Outside of functions the code is gathered as one text per
-// statement, and heading.cpp tells from it what a "{" opens; inside of them every brace is a block.
+// statement, and heading.h tells from it what a "{" opens; inside of them every brace is a block.
 #include "analysis/scopes.h"
 
 #include <algorithm>
@@ -61,6 +61,10 @@ void Push(ScopeKind kind, bool constants, int local_paren, Globals *G) {
 
 // ( int a,  int b ) becomes (int a, int b).
 void CopyList(Text list, std::span<char> out) {
+    if (list.find("( ") == Text::npos && list.find(" )") == Text::npos) {
+        CopyPart(out, list.data(), list.size());
+        return;
+    }
     size_t used = 0;
     for (size_t i = 0; i < list.size() && used + 1 < out.size(); ++i) {
         const char next = i + 1 < list.size() ? list[i + 1] : '\0';
@@ -76,12 +80,8 @@ void CopyList(Text list, std::span<char> out) {
 const char *WordIn(const char *text, const char *word) {
     const size_t length = strlen(word);
     const char *found = strstr(text, word);
-    while (found > text && (IsLetterOrDigit(found[-1]) || found[-1] == '_')) {
-        const char *next = strstr(found + length, word);
-        if (!next) {
-            break;
-        }
-        found = next;
+    while (found && found > text && (IsLetterOrDigit(found[-1]) || found[-1] == '_')) {
+        found = strstr(found + length, word);
     }
     return found ? found : text;
 }
@@ -118,11 +118,19 @@ void TakeTemplate(Text text, Globals *G) {
     }
 }
 
+void TakeAccess(Access access, Globals *G) {
+    if (access != Access::kKept) {
+        G->access_public = access == Access::kPublic;
+        G->access_protected = access == Access::kProtected;
+        G->access_private = access == Access::kPrivate;
+    }
+}
+
 void BeginFunction(const Heading &heading, Scan &scan, Globals *G) {
     TakeName(heading.name, heading.is_operator, G);
     TakeParams(heading, G);
     G->funcname_flag = 1;
-    G->method_flag = G->class_flag;
+    G->method_flag = G->class_flag && !heading.is_friend;
     TakeTemplate(heading.template_text, G);
     if (G->template_flag) {
         TakeFunctionTemplate(G);
@@ -130,7 +138,14 @@ void BeginFunction(const Heading &heading, Scan &scan, Globals *G) {
     OpenFunction(scan, G);
 }
 
+// The class or namespace around it is part of a class's name.
+const char *OuterName(const Globals *G) {
+    return G->class_flag ? G->classname : G->namespace_flag && isfirstchar(*G->namespace_name) ? G->namespace_name : "";
+}
+
 void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
+    LineText outer;
+    CopyText(outer, OuterName(G));
     if (G->class_flag) {
         PushNestedClass(G);
     }
@@ -143,18 +158,14 @@ void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
     G->interface_flag = heading.is_interface;
     G->struct_flag = 0;
     G->struct_pending = heading.is_struct;
-    GetClassname(*name ? name : "instance", 0, G);
-    if (!*G->classname) { // a macro has the same name
-        CopyText(G->classname, name);
-    }
-    G->classname_pending = 0;
-    G->paren_skip = 0;
+    NameClass(outer, *name ? name : kUnnamedClass, G);
     if (!heading.bases.empty()) {
         G->inherit_flag = 1;
         CopyPart(G->inherit_line, heading.bases.data(), heading.bases.size());
     }
     TakeTemplate(heading.template_text, G);
     if (heading.is_interface) {
+        FormatInheritline(G->inherit_line, G);
         OpenInterface(scan, G);
     } else {
         OpenClass(scan, G);
@@ -165,6 +176,7 @@ void BeginClass(const Heading &heading, Scan &scan, Globals *G) {
 void Judge(Scan &scan, int local_paren, Globals *G) {
     const BraceLevel *top = Top(G);
     const Heading heading = ReadHeading(Statement(G), top && top->constants, G);
+    TakeAccess(heading.access, G);
     switch (heading.kind) {
     case HeadKind::kFunction:
         if (!G->function_metrics && !G->list_functions) {
@@ -187,6 +199,7 @@ void Judge(Scan &scan, int local_paren, Globals *G) {
         return;
     }
     case HeadKind::kOpen: Push(kOpenScope, false, local_paren, G); return;
+    case HeadKind::kUnion: Push(kUnionScope, false, local_paren, G); return;
     case HeadKind::kValue:
         Push(kValueScope, false, local_paren, G);
         ++G->function_scope;
@@ -224,24 +237,27 @@ void Pop(Scan &scan, Globals *G) {
     case kNamespaceScope: CloseNamespace(G); break;
     case kBlockScope:
     case kValueScope:
-    case kOpenScope: break;
+    case kOpenScope:
+    case kUnionScope: break;
     }
     G->local_paren = local_paren;
     if (G->function_scope > 0) {
         return;
     }
     scan.head_mark = scan.index + 1;
-    if (kind == kValueScope) {
+    if (kind != kValueScope) {
+        NewStatement(G);
+    }
+    if (kind == kValueScope || kind == kUnionScope) {
         Put('{', G);
         Put('}', G);
-    } else {
-        NewStatement(G);
     }
 }
 
 // A declaration in a class: a method, or data.
 void CountMember(const Scan &scan, Globals *G) {
     const Member member = ReadMember(Statement(G), G);
+    TakeAccess(member.access, G);
     if (member.is_method) {
         TakeName(member.name, member.is_operator, G);
         CopyList(member.params, G->params);
@@ -262,7 +278,7 @@ bool EndDeclaration(Scan &scan, Globals *G) {
     }
     if (top && top->constants) {
         top->constants = false;
-    } else if (top && G->class_flag && (top->kind == kClassScope || top->kind == kOpenScope)) {
+    } else if (top && G->class_flag && (top->kind == kClassScope || top->kind == kOpenScope || top->kind == kUnionScope)) {
         CountMember(scan, G);
     } else if (const Text name = ReadFileNamespace(text, G); !name.empty()) {
         LineText copy;
@@ -404,6 +420,7 @@ void OpenExpression(Scan &scan, Globals *G) {
     if (heading.kind != HeadKind::kFunction) {
         return;
     }
+    TakeAccess(heading.access, G);
     Push(kExpressionBody, false, 0, G);
     BeginFunction(heading, scan, G);
     NewStatement(G);
@@ -480,6 +497,6 @@ void FollowBranch(const char *word, Globals *G) {
     G->branch_depth -= !other;
 }
 
-int AreScopesUneven(const Globals *G) {
-    return G->brace_depth != 0 || G->stray_braces > 0;
+int ClosedBraces(const Globals *G) {
+    return G->brace_depth > 0 ? G->open_braces - G->brace_depth : G->open_braces + G->stray_braces;
 }

@@ -15,5 +15,6 @@ void EndStatement(Scan &scan, Globals *G);
 void OpenExpression(Scan &scan, Globals *G);
 // A #if, #else, #elif or #endif; word is behind the "#".
 void FollowBranch(const char *word, Globals *G);
-// 1 if the file ends with a scope open, or had a "}" without one.
-int AreScopesUneven(const Globals *G);
+// What the end of a file tells beside its number of "{": less of them where scopes are open, more where a "}" had no partner.
+// Branches of a #if that open or close the same scope are no difference.
+int ClosedBraces(const Globals *G);

@@ -21,11 +21,6 @@ struct Baseline {
     int ignore_blank, ignore_white;
 };
 
-bool IsPage(const Globals *G) {
-    const Mode mode = OutputMode(G);
-    return mode == Mode::kText || mode == Mode::kHtml;
-}
-
 // A comparison of lines knows no metrics but those of lines.
 void LoadColumns(Globals *G) {
     if (G->show_progress) {
@@ -186,7 +181,7 @@ void CloseReport(Globals *G) {
     LlistDestroy(&G->old_work_list, NodeDataFree);
     LlistDestroy(&G->new_work_list, NodeDataFree);
     LlistDestroy(&G->work_result_list, NodeDataFree);
-    if (IsPage(G)) {
+    if (IsPage(OutputMode(G))) {
         UnderscoreRule();
     } else if (OutputMode(G) == Mode::kXml) {
         Put("</report>\n");

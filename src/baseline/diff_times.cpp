@@ -224,8 +224,8 @@ WorkTime TimeBetween(int64_t older, int64_t newer, const Globals *G) {
 void ShowWorkTimes(int64_t older, int64_t newer, const WorkTime &work, const Globals *G) {
     const Mode mode = OutputMode(G);
     const time_t older_date = older, newer_date = newer;
-    Print(G, kOlder, Shown{G->older_work_name}, get_date(&older_date));
-    Print(G, kNewer, Shown{G->newer_work_name}, get_date(&newer_date));
+    Print(G, kOlder, Shown{G->older_work_name}, get_date(&older_date).c_str());
+    Print(G, kNewer, Shown{G->newer_work_name}, get_date(&newer_date).c_str());
     Print(G, kDelta, work.delta, work.dhms);
     Print(G, kXmlDelta, work.delta, work.days, work.hours, work.minutes, work.seconds, work.dhms);
     if (G->show_productivity || mode == Mode::kXml) {

@@ -163,74 +163,63 @@ std::string Escaped(const std::string &text, bool html) {
     return escaped;
 }
 
-void WriteRow(FILE *stream, const Setting &row, bool html, const std::string &value) {
+std::string RowText(const Setting &row, bool html, const std::string &value) {
+    std::string key = row.key;
+    key.resize(std::max<size_t>(key.length(), 40), ' ');
     const std::string shown = Escaped(value, html);
     if (html && row.type == SettingType::kColor) {
-        fprintf(stream, "%-40s: <font color=\"%s\">%s</font>\n", row.key, shown.c_str(), shown.c_str());
-    } else if (const size_t padded = std::max<size_t>(strlen(row.key), 40) + 2 + value.length() + 1; padded < sizeof(LineText)) {
-        fprintf(stream, "%-40s: %s\n", row.key, shown.c_str());
-    } else {
-        // The padding would push the end of the value out of the line that the reader takes.
-        fprintf(stream, "%s:%s\n", row.key, shown.c_str());
+        return key + ": <font color=\"" + shown + "\">" + shown + "</font>\n";
     }
+    if (const size_t padded = key.length() + 2 + value.length() + 1; padded < sizeof(LineText)) {
+        return key + ": " + shown + "\n";
+    }
+    // The padding would push the end of the value out of the line that the reader takes.
+    return row.key + (":" + shown) + "\n";
 }
 
-void WriteHead(FILE *stream, bool html, const Globals *G) {
-    fputs("# Tallyline\n# Configuration Data File\n\n", stream);
-    fprintf(stream,
-            "# This output creates a template for %s.  TLY uses this file\n"
-            "# for configuring its operation.  This file is a text file and\n"
-            "# must exist in the TLY directory upon the system path or at\n"
-            "# at a location specified by the environment variable TLYHOME.\n"
-            "# The TLY configuration files may also be solely located at a\n"
-            "# location specified by the environment variable TLYCFGHOME.\n"
-            "#\n",
-            "tly.cfg");
-    fputs("# Lines beginning with the # sign are comments in this file.\n"
-          "# Specific text lines before the colon must appear exactly as\n"
-          "# written.  You may changed the value after the colon to either\n"
-          "# a Yes or No or to a specified value.\n",
-          stream);
-    fprintf(stream, "TLY CFG Version: %s\n\n", Escaped(OneLine(G->cfg_version), html).c_str());
-    fprintf(stream, "%s: %s\n", "# Current Working Dir.", Escaped(OneLine(G->start_dir), html).c_str());
-    fprintf(stream, "%s: %s\n", "# Located Config. File", Escaped(OneLine(G->cfg_file), html).c_str());
-    fprintf(stream, "%s: %s\n", "# Located Macro File  ", Escaped(OneLine(G->macro_file), html).c_str());
+std::string HeadText(bool html, bool displayed, const Globals *G) {
+    const auto place = [html](const char *label, const char *value) {
+        return std::string(label) + ": " + Escaped(OneLine(value), html) + "\n";
+    };
+    std::string text = "# Tallyline\n# Configuration Data File\n\n"
+                       "# This output creates a template for tly.cfg.  TLY uses this file\n"
+                       "# for configuring its operation.  This file is a text file and\n"
+                       "# must exist in the TLY directory upon the system path or at\n"
+                       "# at a location specified by the environment variable TLYHOME.\n"
+                       "# The TLY configuration files may also be solely located at a\n"
+                       "# location specified by the environment variable TLYCFGHOME.\n"
+                       "#\n"
+                       "# Lines beginning with the # sign are comments in this file.\n"
+                       "# Specific text lines before the colon must appear exactly as\n"
+                       "# written.  You may changed the value after the colon to either\n"
+                       "# a Yes or No or to a specified value.\n";
+    text += place("TLY CFG Version", G->cfg_version) + "\n";
+    text += place("# Current Working Dir.", G->start_dir);
+    text += place("# Located Config. File", G->cfg_file);
+    text += place("# Located Macro File  ", G->macro_file);
     if (G->modern_constructs) { // a row of its user's
-        fprintf(stream, "%sModern Source Constructs : Yes\n", stream == gTLYOUT ? "# " : "");
+        text += displayed ? "# Modern Source Constructs : Yes\n" : "Modern Source Constructs : Yes\n";
     }
-    fputs("\n# The following is the current configuration data\n\n", stream);
+    return text + "\n# The following is the current configuration data\n\n";
 }
 
-void WriteSettings(FILE *stream, bool html, Globals *G) {
-    if (html) {
-        fputs("<html><header><title>\"TLY Configuration\"</title></header><body><pre>", stream);
-    }
-    if (stream == gTLYOUT) { // the display is a report of its own, and has begun here
-        FlushEarlyMessages(G);
-    }
-    WriteHead(stream, html, G);
+// A settings file of the current values, or what is displayed of it, row by row.
+template <class Write> void WriteSettings(bool html, bool displayed, Write write, Globals *G) {
+    write(HeadText(html, displayed, G));
     for (const Setting &row : SettingsTable()) {
         if (row.type == SettingType::kComment) {
-            fputs(row.text, stream);
+            write(row.text);
         } else if (!row.read_only) {
-            WriteRow(stream, row, html, ValueText(row, G));
+            write(RowText(row, html, ValueText(row, G)));
         }
     }
-    fprintf(stream, "%s# end of %s\n", kRow, "tly.cfg");
-    if (html) {
-        fputs("</pre></body></html>", stream);
-    }
-}
-
-// The file is plain text in every mode.
-void WriteCfgFile(FILE *stream, Globals *G) {
-    WriteSettings(stream, false, G);
+    write(kRow + std::string("# end of tly.cfg\n"));
 }
 
 // Writes cfg_file as a file of this version.
 int SaveCfg(Globals *G) {
     CopyText(G->cfg_version, G->version);
-    return WriteProgramFile(G->cfg_file, WriteCfgFile, G);
+    return WriteProgramFile(G->cfg_file, ShowCfg, G);
 }
 
 } // namespace
@@ -275,5 +264,15 @@ int LoadCfg(Globals *G) {
 }
 
 void ShowCfg(FILE *stream, Globals *G) {
-    WriteSettings(stream, OutputMode(G) == Mode::kHtml, G);
+    if (stream != gTLYOUT) {
+        WriteSettings(
+            false, false, [stream](const std::string &text) { fputs(text.c_str(), stream); }, G);
+        return;
+    }
+    const bool html = OutputMode(G) == Mode::kHtml;
+    Put("%s", html ? "<html><header><title>\"TLY Configuration\"</title></header><body><pre>" : "");
+    FlushEarlyMessages(G); // the display is a report of its own, and has begun here
+    WriteSettings(
+        html, true, [](const std::string &text) { Put("%s", text.c_str()); }, G);
+    Put("%s", html ? "</pre></body></html>" : "");
 }

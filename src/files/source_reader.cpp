@@ -7,7 +7,35 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-int OpenSource(SourceReader *reader, const char *name, int modify) {
+namespace {
+
+// A feed behind the last byte ends every search for one.
+void EndFeeds(SourceReader *reader) {
+    ByteMasks &last = reader->masks[reader->end / kMaskBytes];
+    if (reader->end % kMaskBytes == 0) {
+        last = {};
+    }
+    last.feed |= uint64_t{1} << reader->end % kMaskBytes;
+}
+
+void Begin(SourceReader *reader, MaskUse use) {
+    static const Classifier lines = BestClassifier(MaskUse::kLines);
+    static const Classifier code = BestClassifier(MaskUse::kCode);
+    reader->classify = use == MaskUse::kLines ? lines : code;
+    reader->at_end = 0;
+    reader->has_nul = 0;
+    reader->failed = 0;
+    reader->taken = 0;
+    reader->begin = 0;
+    reader->end = 0;
+    reader->cut = 0;
+    reader->behind_cut = '\0';
+    EndFeeds(reader);
+}
+
+} // namespace
+
+int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify) {
     reader->fd = open(name, (modify ? O_RDWR : O_RDONLY) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (reader->fd < 0) {
         return 0;
@@ -18,11 +46,8 @@ int OpenSource(SourceReader *reader, const char *name, int modify) {
         errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
         return 0;
     }
-    reader->at_end = 0;
-    reader->has_nul = 0;
-    reader->failed = 0;
-    reader->begin = 0;
-    reader->end = 0;
+    reader->size = info.st_size;
+    Begin(reader, use);
     return 1;
 }
 
@@ -30,40 +55,64 @@ void CloseSource(SourceReader *reader) {
     close(reader->fd);
 }
 
+int RewindSource(SourceReader *reader, MaskUse use) {
+    if (lseek(reader->fd, 0, SEEK_SET) != 0) {
+        reader->failed = errno;
+        return 0;
+    }
+    Begin(reader, use);
+    return 1;
+}
+
 namespace {
+
+ssize_t ReadSome(int fd, char *bytes, size_t most) {
+    ssize_t got;
+    do {
+        got = read(fd, bytes, most);
+    } while (got < 0 && errno == EINTR);
+    return got;
+}
 
 // Moves what is unread to the front of the block and fills the rest.
 void Refill(SourceReader *reader) {
-    memmove(reader->block, reader->block + reader->begin, reader->end - reader->begin);
+    char *block = reader->Block();
+    memmove(block, block + reader->begin, reader->end - reader->begin);
     reader->end -= reader->begin;
     reader->begin = 0;
-    ssize_t got;
-    do {
-        got = read(reader->fd, reader->block + reader->end, sizeof reader->block - reader->end);
-    } while (got < 0 && errno == EINTR);
+    const ssize_t got = ReadSome(reader->fd, block + reader->end, SourceReader::kBlock - reader->end);
     if (got <= 0) {
         reader->at_end = 1;
         reader->failed = got < 0 ? errno : 0;
     } else {
         reader->end += got;
+        reader->taken += got;
     }
-    reader->has_nul = memchr(reader->block, '\0', reader->end) != nullptr;
+    memset(block + reader->end, 0, kMaskBytes + kBytesBehind);
+    reader->cut = reader->end;
+    reader->behind_cut = '\0';
+    reader->classify(block, reader->end, reader->masks);
+    EndFeeds(reader);
+    reader->has_nul = memchr(block, '\0', reader->end) != nullptr;
 }
 
 struct RawPiece {
-    const char *text; // in the block
+    char *text; // in the block
     size_t bytes;
     bool feed; // it ends in a line feed
 };
 
-// The next piece, in the block and still unread. Every line of every file comes through here.
-[[gnu::always_inline]] inline RawPiece FindPiece(SourceReader *reader) {
+// The next piece, in the block and still unread.
+RawPiece FindPiece(SourceReader *reader) {
+    reader->Block()[reader->cut] = reader->behind_cut;
     for (;;) {
-        const char *text = reader->block + reader->begin;
+        char *text = reader->Block() + reader->begin;
+        const int begin = static_cast<int>(reader->begin);
         const size_t most = std::min<size_t>(reader->end - reader->begin, kMaxPiece);
-        const void *feed = memchr(text, '\n', most);
-        if (feed) {
-            return {text, static_cast<size_t>(static_cast<const char *>(feed) - text + 1), true};
+        const int end = begin + static_cast<int>(most);
+        const int feed = NextByte(reader->masks, &ByteMasks::feed, begin, end);
+        if (feed < end) {
+            return {text, static_cast<size_t>(feed - begin + 1), true};
         }
         if (most == kMaxPiece || reader->at_end) {
             return {text, most, false};
@@ -90,26 +139,51 @@ int NextBytes(SourceReader *reader, char *bytes, int *count) {
     return piece.bytes > 0;
 }
 
-Piece NextPiece(SourceReader *reader, char *line, int *length) {
-    const auto [text, raw_bytes, feed] = FindPiece(reader);
+// A piece that is the last one, has no line feed, begins with high bytes, may hold a NUL, or is still to be read.
+[[gnu::noinline]] static Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
+    const auto [begin, raw_bytes, feed] = FindPiece(reader);
+    char *text = begin;
     size_t bytes = raw_bytes;
-    memcpy(line, text, bytes);
     reader->begin += bytes;
-    memset(line + bytes, 0, 17);
+    reader->cut = reader->begin;
+    reader->behind_cut = text[bytes];
+    text[bytes] = '\0';
     const bool filled = !feed && bytes == kMaxPiece;
-    if (*line < 0) {
-        const int skipped = LeadingHighBytes(line);
+    if (*text < 0) {
+        const int skipped = LeadingHighBytes(text);
         bytes -= skipped;
-        memmove(line, line + skipped, bytes + 17);
+        text += skipped;
     }
-    const size_t text_length = reader->has_nul ? strlen(line) : bytes;
-    const bool holds_nul = text_length < bytes;
-    if (holds_nul) {
-        memset(line + text_length, 0, 17);
-    }
-    *length = static_cast<int>(text_length);
+    text[-1] = '\0';
+    const size_t length = reader->has_nul ? strlen(text) : bytes;
+    *line = {text, static_cast<int>(length), static_cast<int>(text - reader->Block()), reader->masks};
     if (filled) {
-        return holds_nul ? Piece::kLine : Piece::kTooLong;
+        return length < bytes ? Piece::kLine : Piece::kTooLong;
     }
-    return feed || *line == '\t' || *line > 11 ? Piece::kLine : Piece::kEnd;
+    return feed || *text == '\t' || *text > 11 ? Piece::kLine : Piece::kEnd;
+}
+
+// Every line of every file comes through here.
+Piece NextPiece(SourceReader *reader, SourceLine *line) {
+    char *block = reader->Block();
+    block[reader->cut] = reader->behind_cut;
+    const size_t begin = reader->begin;
+    size_t word = begin / kMaskBytes;
+    uint64_t feeds = reader->masks[word].feed >> begin % kMaskBytes << begin % kMaskBytes;
+    while (!feeds) {
+        feeds = reader->masks[++word].feed;
+    }
+    const size_t feed = word * kMaskBytes + static_cast<size_t>(std::countr_zero(feeds));
+    char *text = block + begin;
+    if (feed >= reader->end || feed - begin >= kMaxPiece || *text < 0 || reader->has_nul) {
+        return NextOddPiece(reader, line);
+    }
+    const size_t behind = feed + 1;
+    reader->begin = behind;
+    reader->cut = behind;
+    reader->behind_cut = block[behind];
+    block[behind] = '\0';
+    text[-1] = '\0';
+    *line = {text, static_cast<int>(behind - begin), static_cast<int>(begin), reader->masks};
+    return Piece::kLine;
 }

@@ -1,32 +1,57 @@
 // Reads a source file in big blocks and hands it out line by line, by the rules of fgets into a buffer of 2048 bytes.
+//
+// A line is not copied: it is a view into the block, with a NUL for the byte behind it, which is put back when the next one is
+// asked for. What the bytes are is known beside them, 64 at a time (byte_masks.h).
 #pragma once
 
 #include <cstddef>
+
+#include "files/byte_masks.h"
 
 // Bytes of a piece at most.
 inline constexpr int kMaxPiece = 2047;
 
 struct SourceReader {
+    static constexpr size_t kBlock = 64 * 1024;
+    static constexpr size_t kFront = kMaskBytes; // ahead of the block
+
     int fd;
     int at_end;   // nothing more to read from fd
     int has_nul;  // the block in hand holds a NUL byte
     int failed;   // errno of a read that failed; the file ends there
+    size_t size;  // bytes that the file had when it was opened
+    size_t taken; // bytes read
     size_t begin; // unread bytes of the block: from here
     size_t end;   // up to here
-    char block[256 * 1024];
+    size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
+    char behind_cut;
+    Classifier classify;                      // fills the masks; what for is the caller's choice at OpenSource and RewindSource
+    ByteMasks masks[kBlock / kMaskBytes + 2]; // of the block, for the bytes up to end
+    char room[kFront + kBlock + kMaskBytes + kBytesBehind];
+
+    char *Block() { return room + kFront; }
+};
+
+// A line in hand, until the next one is asked for. The bytes ahead of it and behind it are NUL.
+struct SourceLine {
+    const char *text;       // with its line end, NUL terminated
+    int length;             // of the text
+    int origin;             // of its first byte in the masks
+    const ByteMasks *masks; // of the block that it stands in
 };
 
 enum class Piece { kLine, kTooLong, kEnd };
 
-// Opens a regular file; with modify only if it may be written to. Returns 0 and sets errno for anything else; a pipe or device is
-// not waited for.
-int OpenSource(SourceReader *reader, const char *name, int modify);
+// Opens a regular file, whose lines are for the use told; with modify only if it may be written to. Returns 0 and sets errno for
+// anything else; a pipe or device is not waited for.
+int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify);
 void CloseSource(SourceReader *reader);
+// Begins again at the first byte, for another use. Returns 0 if the file can't be read from there.
+int RewindSource(SourceReader *reader, MaskUse use);
 // Reads the next piece into bytes as it stands, NULs too: up to and with the next line feed, at most kMaxPiece bytes. Returns 0 at
 // the end of the file; *count is the number of bytes.
 int NextBytes(SourceReader *reader, char *bytes, int *count);
-// Reads the next piece into line, which holds kMaxPiece bytes and 17 more: up to and with the next line feed, or kMaxPiece bytes of
-// a line that is longer (kTooLong). Leading bytes with the high bit set are left away; a NUL ends the text of the piece. *length is
-// the length of the text; the byte behind it and the next 16 are NUL. A last piece without a line feed whose first byte, read as
-// signed, is at most 11 and no tab counts as the end.
-Piece NextPiece(SourceReader *reader, char *line, int *length);
+// Hands out the next piece: up to and with the next line feed, or kMaxPiece bytes of a line that is longer (kTooLong). Leading
+// bytes with the high bit set are left away; a NUL ends the text of the piece. A last piece without a line feed whose first byte,
+// read as signed, is at most 11 and no tab counts as the end.
+Piece NextPiece(SourceReader *reader, SourceLine *line);

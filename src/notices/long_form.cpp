@@ -8,6 +8,7 @@
 #include "report/names.h"
 #include "run/encode.h"
 #include "run/globals.h"
+#include "run/notice_numbers.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ void HtmlPlace(const NoticeRow &row, int line, const Globals *G) {
     case kFileRow:
         if (row.traits & kHtmlNoLine) {
             PrintOnly<Shown>(Mode::kHtml, "<b>File %s</b>\n", file);
-        } else if (row.number == 42) {
+        } else if (row.number == kNoticeMultipleInheritance) {
             PrintOnly(Mode::kHtml, "<b>Line %d:</b>\n", line);
         } else {
             PrintOnly<Shown, int>(Mode::kHtml, "<b>File %s: Line %d</b>\n", file, line);

@@ -108,7 +108,7 @@ struct Placeholder {
 
 std::string LineWithoutEnd(const Globals *G) {
     LineText line;
-    CopyText(line, G->line_buffer);
+    CopyText(line, G->line_text);
     line[strcspn(line, "\r\n")] = '\0';
     return line;
 }

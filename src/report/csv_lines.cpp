@@ -128,9 +128,6 @@ static void TitleFunctions(Globals *G) {
 }
 
 void CSV_Function_Line(const NodeData &function, Globals *G) {
-    if (!G->csv_function_lines) {
-        return;
-    }
     TitleFunctions(G);
     const Figures figures = FiguresOf(function, 1);
     AddFigures(G->csv_functions, figures, false);

@@ -60,7 +60,8 @@ static void ShowNameLine(const char *name, const Globals *G) {
 
 static void ShowDateSize(int64_t date, int64_t size, const Globals *G) {
     const time_t when = date;
-    const char *day = get_date(&when);
+    const std::string date_text = get_date(&when);
+    const char *const day = date_text.c_str();
     char bytes[64];
     switch (OutputMode(G)) {
     case Mode::kText:
@@ -87,12 +88,12 @@ static void ShowCompactLine(const char *name, int64_t date, int64_t size, const 
     if (IsPage(mode)) {
         LineText room;
         const char *shown = OnPage(name, room, kCompactWrap, G);
-        Print(G, kCompactLine, LinkTo{name}, get_date(&when),
+        Print(G, kCompactLine, LinkTo{name}, get_date(&when).c_str(),
               Shown{mode == Mode::kHtml && G->relative_html_links ? HTMLPathFile(name, G) : shown});
         return;
     }
     if (!G->list_files_only) {
-        Print(G, kDateAndBytes, get_date(&when), long{size});
+        Print(G, kDateAndBytes, get_date(&when).c_str(), long{size});
     }
     if (mode == Mode::kXml || G->show_date_size) {
         Print(G, kNameAlone, Shown{name});
@@ -130,9 +131,6 @@ void ShowFileLine(const char *name, int64_t date, int64_t size, int compact, int
 }
 
 void ShowFileEnd(const char *name, Globals *G) {
-    if (!G->report_switch_given || G->totals_only) {
-        return;
-    }
     const Mode mode = OutputMode(G);
     LineText wrapped;
     AdjNameLength(name, wrapped, Behind("End of File"), G);

@@ -21,7 +21,7 @@ void ShowFileSummary(Globals *G);
 // The CSV line of a file that has just been read, added to the statistics, and behind the last one those statistics.
 void CSV_File_Line(const FileData &file, Globals *G);
 void CSV_File_Total(Globals *G);
-// The CSV line of a function, added to the statistics, and behind the last one of a file those statistics. Nothing unless function
+// The CSV line of a function, added to the statistics. Behind the last one of a file those statistics: nothing unless function
 // lines are wanted.
 void CSV_Function_Line(const NodeData &function, Globals *G);
 void CSV_Function_Total(Globals *G);

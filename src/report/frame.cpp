@@ -7,16 +7,11 @@
 #include "report/names.h"
 #include "run/globals.h"
 
-int CenterBlanks(size_t length) {
-    const size_t half = length / 2;
-    return half <= 36 ? static_cast<int>(38 - half) : 1;
-}
-
-// What stands ahead of a centred text.
-static const char *Blanks(const char *text) {
+const char *CenterBlanks(const char *text) {
     static constexpr char kBlanks[] = "                                      ";
     static_assert(sizeof kBlanks - 1 == 38);
-    return kBlanks + sizeof kBlanks - 1 - CenterBlanks(strlen(text));
+    const size_t half = strlen(text) / 2;
+    return kBlanks + (half <= 36 ? half : 37);
 }
 
 void Center(const char *text) {
@@ -24,7 +19,7 @@ void Center(const char *text) {
 }
 
 void Center_HTML(const char *plain, const char *marked) {
-    Put("%*s%s\n", CenterBlanks(strlen(plain)), "", marked);
+    Put("%s%s\n", CenterBlanks(plain), marked);
 }
 
 void DashRule() {
@@ -37,7 +32,7 @@ void UnderscoreRule() {
 
 void CenteredTitle(const char *title, const Globals *G) {
     static constexpr Forms<const char *, Shown> kTitle{.text = "%s%s\n", .html = "<b><font color=\"%{header}\">%s%s\n</font></b>"};
-    Print(G, kTitle, Blanks(title), Shown{title});
+    Print(G, kTitle, CenterBlanks(title), Shown{title});
 }
 
 constexpr Forms<const char *, const char *, const char *> kSortLine{
@@ -56,7 +51,7 @@ void ShowSortMethod(const Globals *G) {
     const char *const direction = G->sort_descending ? "Descending" : "Ascending";
     char plain[100]; // in HTML it is centred as if it had a second hyphen
     FormatText(plain, OutputMode(G) == Mode::kHtml ? "Sorted By: %s -  - %s" : "Sorted By: %s  - %s", name, direction);
-    Print(G, kSortLine, Blanks(plain), name, direction);
+    Print(G, kSortLine, CenterBlanks(plain), name, direction);
     Print(G, kSortFields, name, direction);
 }
 

@@ -1,12 +1,10 @@
 // The frame of a report: titles, centring, rules, the close of the document. Its heads are in project/report_head.h.
 #pragma once
 
-#include <cstddef>
-
 struct Globals;
 
-// The blanks ahead of a centred text of this length: 38 less half of it; 1 when it is too long to be centred.
-int CenterBlanks(size_t length);
+// The blanks ahead of a centred text: 38 less half of its length; one when it is too long to be centred.
+const char *CenterBlanks(const char *text);
 // Writes a text centred on the page, with a line feed; longer texts behind one blank. The text goes out as it stands.
 void Center(const char *text);
 // Writes marked-up text centred by the width of the plain text.

@@ -94,12 +94,13 @@ const char *HTMLPathFile(const char *name, const Globals *G) {
     return G->link_text;
 }
 
-const char *get_date(const time_t *when) {
-    static char date[64];
+std::string get_date(const time_t *when) {
     struct tm parts;
-    char text[64];
+    char date[64];
     // the re-entrant call doesn't look the time zone up again for every file; null too for a year that has no place in an int
-    CopyText(date, when && localtime_r(when, &parts) ? asctime_r(&parts, text) : nullptr);
+    if (!when || !localtime_r(when, &parts) || !asctime_r(&parts, date)) {
+        return "";
+    }
     Rtrim(date);
     return date;
 }

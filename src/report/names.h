@@ -3,6 +3,7 @@
 
 #include <ctime>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "run/text.h"
@@ -29,8 +30,8 @@ const char *OnPage(const char *name, std::span<char> room, Wrap wrap, const Glob
 const char *PathFile(const char *name, const Globals *G);
 // The link target of a file: PathFile, behind "file://" unless links are relative. The same static buffer.
 const char *HTMLPathFile(const char *name, const Globals *G);
-// ctime text without its line feed, in a static buffer.
-const char *get_date(const time_t *when);
+// ctime text without its line feed; empty for a null pointer and for a year that no int holds.
+std::string get_date(const time_t *when);
 // 36 dashes and 36 underscores: every rule of a report is two of them.
 inline constexpr const char *kDashes = "------------------------------------";
 inline constexpr const char *kUnderscores = "____________________________________";

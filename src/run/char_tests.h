@@ -41,3 +41,15 @@ constexpr bool is_operator(char c) {
     }
     return false;
 }
+
+// A set of bytes made of a text: one look-up for a loop over a line. NUL is in it only where it is asked for.
+struct CharSet {
+    bool has[256] = {};
+    constexpr explicit CharSet(const char *bytes, bool with_nul = false) {
+        for (const char *p = bytes; *p; ++p) {
+            has[static_cast<unsigned char>(*p)] = true;
+        }
+        has[0] = with_nul;
+    }
+    constexpr bool Has(char c) const { return has[static_cast<unsigned char>(c)]; }
+};

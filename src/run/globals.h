@@ -34,8 +34,7 @@ struct PerFile : FileCounters,
                  FunctionSums,
                  ClassState,
                  NamespaceState,
-                 ReadingState,
-                 UdqnFileState {};
+                 ReadingState {};
 
 struct Globals : RunSwitches,
                  CommandText,
@@ -58,6 +57,7 @@ struct Globals : RunSwitches,
                  ReadingStacks,
                  NoticeRun,
                  UdqnRun,
+                 UdqnFileState,
                  ExtractionState,
                  ReportState,
                  CsvElementsState,

@@ -81,15 +81,22 @@ struct LineState {
     int skip_quality_active; // inside a quality skip region
 };
 
+// What a run wants of every line beside its figures.
+enum LineWants : unsigned {
+    kWantsSplit = 1,   // its code, its strings and its comments each for themselves
+    kWantsLook = 2,    // someone looks at it when it is scanned: the user's rules, -d, line records
+    kWantsNotices = 4, // notices print in their places; otherwise they only count
+};
+
 struct Scan;
 
 // The line in hand, and its split by kind in debug mode.
 struct LineBuffers {
-    const Scan *scan;              // the line in hand; null between lines
-    alignas(16) char line_pad[16]; // NULs: what stands in front of the first character
-    char line_buffer[2048 + 16];   // the current line, NUL terminated; the bytes behind it are zero up to the next 16
-    LineText mname;                // name of the macro whose #define was read last
-    LineText line_code;            // characters outside comments and strings
-    LineText line_string;          // characters of string literals, quotes included
-    LineText line_comment;         // characters of comments
+    unsigned line_wants;   // LineWants, settled at the head of a source
+    const Scan *scan;      // the line in hand; null between lines
+    const char *line_text; // its text, behind the last line what stands there; null ahead of the first file
+    LineText mname;        // name of the macro whose #define was read last
+    LineText line_code;    // characters outside comments and strings
+    LineText line_string;  // characters of string literals, quotes included
+    LineText line_comment; // characters of comments
 };

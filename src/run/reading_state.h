@@ -1,6 +1,8 @@
 // The modern reading: which of its rules are on, and what it keeps of the scopes and of the statement in hand.
 #pragma once
 
+#include <string_view>
+
 #include "run/text.h"
 
 // One bit per rule, in the order of the table in analysis/reading.h.
@@ -16,8 +18,9 @@ enum ReadingBit : unsigned {
     kTemplates = 1U << 8,
     kNamespaces = 1U << 9,
     kRecords = 1U << 10,
+    kConditions = 1U << 11,
 };
-inline constexpr unsigned kAllRules = (1U << 11) - 1;
+inline constexpr unsigned kAllRules = (1U << 12) - 1;
 
 struct ReadingRun {
     unsigned reading;      // the rules that are on: 0 for the default reading
@@ -34,7 +37,8 @@ enum ScopeKind : unsigned char {
     kFunctionScope,  //
     kExpressionBody, // int F() => x; has no brace and ends at its ";"
     kClassScope,     //
-    kOpenScope,      // extern "C" {, union {, A(1) { } in an enum of Java: what is inside belongs to the scope around it
+    kOpenScope,      // extern "C" {: what is inside belongs to the scope around it
+    kUnionScope,     // the same, and what stands behind it up to the ";" is no further member: union { int a; char b; } u;
     kNamespaceScope, //
 };
 
@@ -53,12 +57,35 @@ struct OpenBranch {
     int head_length; // its length
 };
 
+// What a token is: 'w' a word or number, '"' a literal, '(' '[' '{' what stands inside them, 'S' "::", 'A' "=>", 'R' "->", 'E' an
+// operator with "=" in it that assigns nothing; any other character is itself.
+struct Token {
+    char kind;
+    std::string_view text;
+};
+
+inline constexpr int kMostTokens = 1024; // of a statement; what is behind them isn't read
+
+struct Tokens {
+    Token row[kMostTokens];
+    int count;
+    char KindAt(int i) const { return i >= 0 && i < count ? row[i].kind : '\0'; }
+    std::string_view At(int i) const { return i >= 0 && i < count ? row[i].text : std::string_view{}; }
+    bool IsWord(int i, std::string_view word) const { return KindAt(i) == 'w' && row[i].text == word; }
+    // The text from one token up to another, both included.
+    std::string_view Between(int first, int last) const {
+        const char *begin = row[first].text.data();
+        return {begin, static_cast<size_t>(row[last].text.data() + row[last].text.size() - begin)};
+    }
+};
+
 // Of which only what lies below the depths means anything.
 struct ReadingStacks {
     BraceLevel brace_levels[kBraceLimit];
     OpenBranch branches[kBranchLimit];
     char head_text[kHeadLimit + 8];  // the statement in hand, without comments and line ends
     char other_text[kHeadLimit + 8]; // what an earlier branch of the #if in hand made of it
+    Tokens tokens;                   // of the text that is judged
 };
 
 // Cleared behind every file.

@@ -60,7 +60,7 @@ struct UdqnRun {
     int udqn_include_refused;      // told once
 };
 
-// Per file.
+// Cleared behind every file on whose lines rules have run.
 struct UdqnFileState {
     int udqn_chosen;                // the rules for this file's extension are known
     int udqn_split;                 // one of them looks at a part of a line

@@ -120,7 +120,7 @@ int Walk(SourceReader *source, FILE *out, Rewriting *work, const Globals *G) {
     off_t place = 0;
     bool open_line = false;
     while (out || !work->Changed()) {
-        const ssize_t got = pread(source->fd, source->block, sizeof source->block, place);
+        const ssize_t got = pread(source->fd, source->Block(), SourceReader::kBlock, place);
         if (got < 0 && errno == EINTR) {
             continue;
         }
@@ -131,7 +131,7 @@ int Walk(SourceReader *source, FILE *out, Rewriting *work, const Globals *G) {
             break;
         }
         place += got;
-        const std::string_view piece(source->block, got);
+        const std::string_view piece(source->Block(), got);
         work->lines += std::count(piece.begin(), piece.end(), '\n');
         open_line = piece.back() != '\n';
         const std::string_view text = Rewritten(piece, work, G);
@@ -206,8 +206,8 @@ int OpenStale(const std::string &path, int *stale) {
 
 int CopyAll(int from, FILE *to, SourceReader *source) {
     ssize_t got;
-    while ((got = read(from, source->block, sizeof source->block)) != 0) {
-        if (got < 0 ? errno != EINTR : fwrite(source->block, 1, got, to) != static_cast<size_t>(got)) {
+    while ((got = read(from, source->Block(), SourceReader::kBlock)) != 0) {
+        if (got < 0 ? errno != EINTR : fwrite(source->Block(), 1, got, to) != static_cast<size_t>(got)) {
             return 0;
         }
     }

@@ -96,7 +96,7 @@ void SetHeaderLine(const char *name, int page, const Globals *G) {
     Put("%s%s\n%s", G->no_page_breaks ? "" : "Page: ", G->no_page_breaks ? "" : number.c_str(), G->left_margin);
     struct stat about;
     if (stat(name, &about) == 0) {
-        Put("Date: %s", get_date(&about.st_mtime));
+        Put("Date: %s", get_date(&about.st_mtime).c_str());
     }
     Put("\n%s", G->bar_dash);
 }

@@ -295,15 +295,20 @@ Sources in C++ from 11 on, C# and Java are best measured with -xMODERN.
 Without it sources are read as ever, so that figures of many years can be
 compared: lambdas, tuples, records, annotations with arguments, raw and
 verbatim strings may then hide functions.  With it a brace ends what its
-partner opened, and every statement outside of functions is read as a
-whole.  Baselines that are to be compared need the same reading.
+partner opened, each branch of a #if begins with what was open at it, and
+every statement outside of functions is read as a whole.  A member of Java
+and C# stands in the section of its own modifier: without one it is
+private, in an interface public.  "if constexpr" counts for complexity, the
+"?" of "int?" and the "&&" of a #if don't.  Baselines that are to be
+compared need the same reading.
 
     tly -xMODERN -fa -o -r"cs ."
 
 The line "Modern Source Constructs : Yes" in tly.cfg turns it on for all
 runs; the report then says "Reading     : Modern" in its head.  Single
 rules are switched on by name, as in -xMODERN:braces,literals; a wrong
-name lists them all.  All but literals need braces beside them.
+name lists them all.  All but literals and conditions need braces beside
+them.
 
 What it doesn't see as functions either: methods of classes that stand
 inside functions, accessors of properties, lambdas, local functions, and

@@ -123,29 +123,14 @@ TEST_CASE("Text for people stays on its line and drives no terminal") {
     }
 }
 
-TEST_CASE("Figures for people") {
-    struct Row {
-        int64_t loc;
-        const char *badge;
-        const char *markdown; // its change from 1,000
-    };
-    const Row rows[] = {{0, "0", "-1,000"},
-                        {999, "999", "-1"},
-                        {1000, "1.0k", ""},
-                        {1999, "1.9k", "+999"},
-                        {99'999, "99.9k", "+98,999"},
-                        {100'000, "100k", "+99,000"},
-                        {999'999, "999k", "+998,999"},
-                        {1'234'567, "1.2M", "+1,233,567"},
-                        {12'000'000'000, "12.0G", "+11,999,999,000"}};
-    Model before;
-    before.total.loc = 1000;
-    for (const Row &row : rows) {
+TEST_CASE("A badge's figure is short, and no more than is there") {
+    const std::pair<int64_t, const char *> rows[] = {{0, "0"},          {999, "999"},        {1000, "1.0k"},
+                                                     {1999, "1.9k"},    {99'999, "99.9k"},   {100'000, "100k"},
+                                                     {999'999, "999k"}, {1'234'567, "1.2M"}, {12'000'000'000, "12.0G"}};
+    for (const auto &[loc, message] : rows) {
         Model m;
-        m.total.loc = row.loc;
+        m.total.loc = loc;
         const std::string badge = Written([&](std::FILE *out) { return WriteBadge(m, Badge::kLines, false, out); });
-        CHECK(nlohmann::json::parse(badge, nullptr, false)["message"] == row.badge);
-        const std::string markdown = Written([&](std::FILE *out) { return WriteMarkdown(m, &before, out); });
-        CHECK(markdown.find(std::string(" | ") + row.markdown + " |\n| Comment") != std::string::npos);
+        CHECK(nlohmann::json::parse(badge, nullptr, false)["message"] == message);
     }
 }

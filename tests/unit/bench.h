@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 #include "analysis/parse_line.h"
 #include "analysis/roll_up.h"
@@ -70,26 +71,19 @@ inline bool Has(const std::string &text, const std::string &part) {
     return text.find(part) != std::string::npos;
 }
 
-// Every opened element is closed in its order, and no "&" stands raw.
-inline bool WellFormed(const std::string &xml) {
-    std::string open;
-    for (size_t i = 0; (i = xml.find_first_of("<&", i)) != std::string::npos; ++i) {
-        const size_t begin = i;
-        i = xml.find(xml[begin] == '<' ? '>' : ';', begin);
-        const std::string tag = xml.substr(begin, i - begin);
-        if (i == std::string::npos || (tag.starts_with("</") && !open.ends_with("<" + tag.substr(2)))) {
-            return false;
-        }
-        if (tag.starts_with("</")) {
-            open.resize(open.size() - tag.size() + 1);
-        } else if (tag[0] == '<') {
-            open += tag;
-        } else {
-            i = begin;
-        }
+// A line that stands in no file, as the reader would hand it out.
+struct TextLine {
+    std::string room;
+    std::vector<ByteMasks> masks;
+    SourceLine line;
+
+    explicit TextLine(const std::string &text)
+        : room(std::string(2, '\0') + text + std::string(2 * kMaskBytes + kBytesBehind, '\0')),
+          masks(text.size() / kMaskBytes + 2) {
+        BestClassifier(MaskUse::kCode)(room.data() + 1, text.size() + 1, masks.data());
+        line = {room.data() + 2, static_cast<int>(text.size()), 1, masks.data()};
     }
-    return open.empty();
-}
+};
 
 constexpr int kNone = -1; // no language at all
 
@@ -122,12 +116,13 @@ struct SourceBench : StateBench {
         const TempDir dir;
         WriteText(dir / "source", text);
         const auto reader = std::make_unique<SourceReader>();
-        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), 0));
+        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), MaskUse::kCode, 0));
         std::string letters;
-        int length;
-        for (Piece piece; (piece = NextPiece(reader.get(), G->line_buffer, &length)) != Piece::kEnd;) {
+        BeginSource(G);
+        SourceLine line;
+        for (Piece piece; (piece = NextPiece(reader.get(), &line)) != Piece::kEnd;) {
             if (piece == Piece::kLine) {
-                ParseLine(length, ++G->file_line_no, G);
+                ParseLine(line, ++G->file_line_no, G);
                 letters += G->line_letter ? G->line_letter : '.';
             } else {
                 letters += '!';

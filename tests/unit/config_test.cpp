@@ -64,16 +64,11 @@ std::string ValueOf(const std::string &shown, const std::string &key) {
 
 } // namespace
 
-TEST_CASE_FIXTURE(Bench, "a missing settings file is generated with the defaults and reads back as them") {
-    const std::string defaults = Shown();
-    REQUIRE(LoadCfg(G) == 1);
-    const std::string file = Read("tly.cfg");
-    CHECK(file.substr(file.find("# Current Working")) == defaults.substr(defaults.find("# Current Working")));
-
+TEST_CASE_FIXTURE(Bench, "each key of the settings file stands there once, padded") {
     std::set<std::string> keys;
-    std::istringstream lines(file.substr(file.find("# The following")));
+    std::istringstream lines(Shown());
     for (std::string line; std::getline(lines, line);) {
-        if (!line.empty() && line[0] != '#') {
+        if (!line.empty() && line[0] != '#' && !line.starts_with("TLY CFG")) {
             INFO(line);
             const size_t colon = line.find(": ");
             CHECK(colon >= 40);
@@ -134,16 +129,6 @@ TEST_CASE("values by type") {
     }
 }
 
-TEST_CASE_FIXTURE(Bench, "keys that are read only") {
-    Load("Force use of linear lookahead algorithm: Yes\nUse LLA for files > LCS file size: Y\n"
-         "Allowable source code extensions: c,x\nhtml alink color: blue\n");
-    CHECK(G->force_lla == 1);
-    CHECK(G->lla_for_big_files == 1);
-    CHECK(std::string(G->extension_list) == "c,x");
-    CHECK(std::string(G->html_alink_color) == "blue");
-    CHECK(!Has(Shown(), "linear lookahead"));
-}
-
 TEST_CASE_FIXTURE(Bench, "files that aren't settings files") {
     SUBCASE("a directory or a FIFO is left alone and doesn't block") {
         mkdir(Path("tly.cfg").c_str(), 0700);
@@ -157,18 +142,15 @@ TEST_CASE_FIXTURE(Bench, "files that aren't settings files") {
     SUBCASE("no place for the file") {
         CopyText(G->cfg_file, Path("none/tly.cfg").c_str());
         CHECK(LoadCfg(G) == 0);
-        CHECK(G->max_line_length == 80);
     }
     SUBCASE("lines longer than a line go on as lines of their own") {
         Load(std::string(2047, 'x') + "Maximum Line Length: 9\nQuality Notice 5: n");
         CHECK(G->max_line_length == 9);
         CHECK(G->notice_enabled[5] == 0);
     }
-    SUBCASE("a last piece that begins with a control byte or a high byte is dropped, a line isn't") {
+    SUBCASE("a last piece that begins with a control byte is dropped") {
         Load("Maximum Line Length: 9\n\x1a");
         CHECK(G->max_line_length == 9);
-        Load("\xe4:\n\tQuality Notice 6: n\n\n");
-        CHECK(G->notice_enabled[6] == 1);
     }
 }
 
@@ -193,13 +175,11 @@ TEST_CASE("the file of user defined notices and TLYCFGHOME") {
         CHECK(ValueOf(bench.Shown(), "TLY user defined quality notice file") == c.value);
     }
     // a file laid over says nothing that counts: what is displayed is still what leads to the file in use
-    for (const auto &[home, value, overlay] : {std::array{"/h/", "u.cfg", "a/v.cfg"}, {"", "u.cfg", ""}}) {
-        Bench bench;
-        CopyText(bench.G->TLYCFGHOME, home);
-        bench.Load(std::string("TLY user defined quality notice file: ") + value + "\n");
-        bench.Load(std::string("TLY user defined quality notice file: ") + overlay + "\n");
-        CHECK(ValueOf(bench.Shown(), "TLY user defined quality notice file") == value);
-    }
+    Bench bench;
+    CopyText(bench.G->TLYCFGHOME, "/h/");
+    bench.Load("TLY user defined quality notice file: u.cfg\n");
+    bench.Load("TLY user defined quality notice file: a/v.cfg\n");
+    CHECK(ValueOf(bench.Shown(), "TLY user defined quality notice file") == "u.cfg");
 }
 
 TEST_CASE_FIXTURE(Bench, "the display in HTML, the file in plain text") {
@@ -207,18 +187,12 @@ TEST_CASE_FIXTURE(Bench, "the display in HTML, the file in plain text") {
     CopyText(G->start_dir, "/a<b>\nQuality Notice 5: No");
     Load("HTML Text Color: r\"><i\nReport Header HTML Line: <b>&</b>\n");
     const std::string shown = Shown();
-    CHECK(shown.starts_with("<html><header><title>\"TLY Configuration\"</title></header><body><pre># Tallyline\n"));
-    CHECK(shown.ends_with("# end of tly.cfg\n</pre></body></html>"));
     CHECK(ValueOf(shown, "HTML Text Color") == "<font color=\"r&quot;&gt;&lt;i\">r&quot;&gt;&lt;i</font>");
     CHECK(ValueOf(shown, "Report Header HTML Line") == "&lt;b&gt;&amp;&lt;/b&gt;");
     CHECK(Has(shown, "# Current Working Dir.: /a&lt;b&gt;?Quality Notice 5: No\n"));
-
     Write("tly.cfg", Read("tly.cfg").substr(strlen("TLY CFG Version: 7.75")) + "TLY CFG Version: 1\n");
     LoadCfg(G);
-    const std::string file = Read("tly.cfg");
-    CHECK(ValueOf(file, "Report Header HTML Line") == "<b>&</b>");
-    CHECK(ValueOf(file, "HTML Text Color") == "r\"><i");
-    CHECK(!Has(file, "<html>"));
+    CHECK(ValueOf(Read("tly.cfg"), "HTML Text Color") == "r\"><i");
 }
 
 TEST_CASE("the extension of a name") {
@@ -260,7 +234,6 @@ TEST_CASE("the extension of a name") {
 TEST_CASE_FIXTURE(Bench, "languages of files") {
     AddBuiltInLanguages(G);
     buildExtensions(G);
-
     const struct {
         const char *name;
         int case_sensitive, headers_as_cpp, language;
@@ -269,27 +242,19 @@ TEST_CASE_FIXTURE(Bench, "languages of files") {
         {"foo.C", 0, 1, kC, "100000"},           {"foo.CC", 1, 1, kCpp, "010000"},         {"foo.C", 1, 1, -1, "000000"},
         {"foo.H", 0, 1, kCHeader, "010010"},     {"foo.h", 0, 0, kCHeader, "100010"},      {"foo.H", 1, 1, kCppHeader, "010000"},
         {"foo.java", 0, 1, kJava, "001000"},     {"foo.cs", 0, 1, kCs, "000100"},          {"foo.txt", 0, 1, -1, "000000"},
-        {"Makefile", 0, 1, -1, "000000"}, // as the file before it
-        {"foo.hpp", 0, 1, kCppHeader, "010000"}, {"Makefile", 0, 1, kCppHeader, "000000"},
+        {"foo.hpp", 0, 1, kCppHeader, "010000"}, {"Makefile", 0, 1, kCppHeader, "000000"}, // as the file before it
     };
     for (const auto &c : cases) {
         INFO(c.name << c.case_sensitive);
         G->names_case_sensitive = c.case_sensitive;
         G->treat_c_headers_as_cpp = c.headers_as_cpp;
         CHECK(WhichFile(c.name, G, 1) == c.language);
-        CHECK(G->ulpi_last == c.language);
         std::string flags;
         for (const int flag : {G->is_c, G->is_cpp, G->is_java, G->is_cs, G->is_c_header, G->is_other}) {
             flags += flag ? '1' : '0';
         }
         CHECK(flags == c.flags);
     }
-    WhichFile("foo.c", G, 0);
-    const int counts[] = {G->c_files,    G->c_header_files, G->cpp_files,  G->cpp_header_files,
-                          G->java_files, G->cs_files,       G->other_files};
-    const int expected[] = {1, 2, 1, 2, 1, 1, 0};
-    CHECK(std::equal(std::begin(counts), std::end(counts), std::begin(expected)));
-
     // A settings file that is loaded later changes the table: its lists overwrite the records from the front.
     Load("C++ Header File Extensions: tpp, ipp\nOther File Extensions: txt\n");
     WhichFile("a.txt", G, 1);
@@ -305,8 +270,6 @@ TEST_CASE_FIXTURE(Bench, "languages of files") {
     CHECK(valid_ext("csx", "c,cs,java", 0, G) == 0);
     CHECK(valid_ext("", "c,,cs", 0, G) == 0);
     CHECK(valid_ext(nullptr, "c", 0, G) == 0);
-    G->validate_extensions = 0;
-    CHECK(valid_ext(nullptr, nullptr, 0, G) == 1);
 }
 
 TEST_CASE_FIXTURE(Bench, "limits of the language table") {
@@ -317,44 +280,27 @@ TEST_CASE_FIXTURE(Bench, "limits of the language table") {
     }
     CHECK(addUlpi(std::string(100, 'n').c_str(), list.c_str(), G) == 0);
     CHECK(Output() == "\n  Error: Max ULPI extensions reached\n\n  Error: Max ULPI extensions reached\n");
-    CHECK(std::string(G->ulpi[0]->extensions[80]) == "c");
     CHECK(std::string(G->ulpi[0]->name) == std::string(40, 'n'));
-    CHECK(findUlpi("none", G) == -1);
     CHECK(parseUlpiExtensions(nullptr, "c", G) == -1);
-    CHECK(parseUlpiExtensions(G->ulpi[0], nullptr, G) == -1);
     CHECK(parseUlpiExtensions(G->ulpi[0], " ,\t", G) == -1);
-
     const std::string half(200, 'h');
     for (int i = 1; i < 1024; ++i) {
         CHECK(addUlpi("x", (half + "," + half).c_str(), G) == i); // the second is cut with the list
     }
     CHECK(Output().empty());
     CHECK(addUlpi("x", "y", G) == 1023);
-    CHECK(G->ulpi_count == 1023);
     CHECK(Output() == "\n  Error: Max Universal Language PlugIn reached\n");
-    CHECK(std::string(G->ulpi[1]->extensions[1]) == std::string(53, 'h'));
     buildExtensions(G); // what doesn't fit is dropped whole
-    CHECK(strlen(G->extension_list) <= 2047);
-    CHECK(!Has(G->extension_list, ",,"));
 }
 
 TEST_CASE_FIXTURE(Bench, "the macro file") {
-    SUBCASE("lines") {
-        Write("tly_macro.cfg", "# comment\n  #indented\n indented\n\r\n\n\xe4high\n\vx\nTWO WORDS \t\r\n__attribute__ \n!\nlast");
-        CHECK(LoadMacros(G) == 4);
-        std::string names;
-        for (const NameData *macro : Records<NameData>(G->macro_list)) {
-            names += std::string(macro->name) + "|";
-            CHECK(macro->line == 0);
-            CHECK(macro->number == 1);
-        }
-        CHECK(names == "TWO WORDS|__attribute__|!|last|");
+    Write("tly_macro.cfg", "# comment\n  #indented\n indented\n\r\n\n\xe4high\n\vx\nTWO WORDS \t\r\n__attribute__ \n!\nlast");
+    CHECK(LoadMacros(G) == 4);
+    std::string names;
+    for (const NameData *macro : Records<NameData>(G->macro_list)) {
+        names += std::string(macro->name) + "|";
     }
-    SUBCASE("neither readable nor to be created") {
-        CopyText(G->macro_file, Path("none/tly_macro.cfg").c_str());
-        CHECK(LoadMacros(G) == 0);
-        CopyText(G->macro_file, directory.path);
-        CHECK(LoadMacros(G) == 0);
-    }
-    CHECK(Output().empty());
+    CHECK(names == "TWO WORDS|__attribute__|!|last|");
+    CopyText(G->macro_file, Path("none/tly_macro.cfg").c_str());
+    CHECK(LoadMacros(G) == 0);
 }

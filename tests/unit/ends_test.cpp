@@ -156,6 +156,7 @@ constexpr Row kCloseParen[] = {
 constexpr Row kHeads[] = {
     {kCpp, "template <class T,\n class U> class A {\n};\n", "A template<T,U> d000 m000 l2\n"},
     {kCpp, "template <class T, // one {\n class U // two >\n >\nclass A {\n};\n", "A template<T,U> d000 m000 l2\n"},
+    {kCpp, "template <\n class T, /* one\n two */ class U\n >\nclass A {\n};\n", "A template<T,two*/U> d000 m000 l2\n"},
     {kCpp, "template <class T,\n class U> U f(T t) {\n}\n", "f(T t) template<T,U> l2\n"},
     {kCpp, "template <class T>\nT f(T t) {\n}\ntemplate class A<T>;\nint g() {\n}\n", "f(T t) template<T> l2\ng() l2\n"},
     {kCpp, "class /* one\n*/\nA {\n};\n", "A d000 m000 l2\n"},
@@ -163,6 +164,7 @@ constexpr Row kHeads[] = {
     {kCpp, "class\nA\n{\n};\nclass // b\nB {\n};\n", "A d000 m000 l2\nB d000 m000 l2\n"},
     {kCpp, "class A; class B {\n};\n", "B d000 m000 l2\n"},
     {kCpp, "class A {\n class B\n ;\n int a;\n};\n", "A d000 m000 l0\n"},
+    {kCpp, "class A {\n int a {\n  class B\n  (1);\n }\n};\n", "A d000 m000 l0\n"},
     {kCs, "void f() {\n interface I {\n }\n}\ninterface J;\ninterface K {\n}\n", "f() l4\nK d000 m000 l2\n"},
     {kCpp, "#define API(x)\nnamespace a API (1) {\nint f() {\n}\n}\n", "a::f() l2\n"},
     {kCpp, "namespace n {\n}\nclass A { class B {\n void n::f() {\n }\n}; };\n",

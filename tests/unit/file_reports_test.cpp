@@ -1,14 +1,9 @@
 // The upper reports: file lines and blocks, the CSV table, languages, directories, the timer.
 #include "bench.h"
 
-#include <climits>
-
 #include "config/languages.h"
 #include "report/benchmark.h"
 #include "report/file_reports.h"
-#include "report/forms.h"
-#include "report/frame.h"
-#include "report/project/csv_elements.h"
 #include "report/project/totals.h"
 #include "run/compare.h"
 
@@ -65,15 +60,10 @@ TEST_CASE_FIXTURE(Bench, "name line") {
             int compact;
             const char *line;
         } cases[] = {
-            {Mode::kText, "a.c", 86400, 0,
-             "\n  File: a.c\n  Date: Fri Jan  2 00:00:00 1970                     File Size: 4096 Bytes\n"},
             {Mode::kText, "a.c", 86400, 1, "\n  Fri Jan  2 00:00:00 1970\n  a.c\n"},
-            {Mode::kCsv, "a,b.c", 86400, 0, "\nFile,a b.c\nDate,Fri Jan  2 00:00:00 1970\nSize,4096,Bytes\n"},
             {Mode::kCsv, "a,b.c", 86400, 1, "a b.c\n"},
             {Mode::kXml, "<a>&.c", 86400, 1,
              "<date>Fri Jan  2 00:00:00 1970</date>\n<size_bytes>4096</size_bytes>\n<name>&lt;a&gt;&amp;.c</name>\n"},
-            {Mode::kHtml, "a&\"b.c", 0, 0,
-             "\n  <b>File</b>: <b><a href=\"file:///home/me/a%26%22b.c\" target=\"_blank\">a&amp;&quot;b.c</a></b>\n"},
             // the date tells a file from a label
             {Mode::kText, "TotalCost.c", 86400, 0,
              "\n  File: TotalCost.c\n  Date: Fri Jan  2 00:00:00 1970                     File Size: 4096 Bytes\n"},
@@ -84,10 +74,6 @@ TEST_CASE_FIXTURE(Bench, "name line") {
             SetMode(c.mode);
             CHECK(FileLine(c.name, c.date, c.compact, *this) == c.line);
         }
-        SetMode(Mode::kHtml);
-        G->relative_html_links = 1;
-        CHECK(FileLine("a&.c", 86400, 1, *this) == "\n  <b><font color=\"#000080\">Fri Jan  2 00:00:00 1970</font></b>"
-                                                   "\n  <a href=\"a%26.c\" target=\"_blank\"><b>a&amp;.c</b></a>\n");
     }
     SUBCASE("what leaves lines out") {
         for (const Mode mode : kModes) {
@@ -97,19 +83,15 @@ TEST_CASE_FIXTURE(Bench, "name line") {
             G->totals_no_file_names = 1;
             CHECK(FileLine("a.c", 86400, 1, *this).empty());
             G->totals_no_file_names = 0;
-            CHECK(FileLine(nullptr, 86400, 0, *this).empty());
         }
-        G->list_files_only = 1;
-        G->show_date_size = 1;
+        G->list_files_only = G->show_date_size = 1;
         CHECK(FileLine("a.c", 86400, 0, *this) == "<name>a.c</name>\n");
         CHECK(FileLine("a.c", 86400, 1, *this) == "<name>a.c</name>\n");
+        CHECK(FileLine(nullptr, 86400, 0, *this).empty());
     }
     SUBCASE("long names") {
         const std::string name(67, 'n');
         CHECK(FileLine(name.c_str(), 0, 0, *this) == "\n  File: " + name.substr(1) + "\n        n\n");
-        G->wrap_long_names = 0;
-        CHECK(FileLine(name.c_str(), 0, 0, *this) == "\n  File: " + name + "\n");
-        G->wrap_long_names = 1;
         SetMode(Mode::kCsv); // a record stays on its line
         CHECK(FileLine(name.c_str(), 0, 0, *this) == "\nFile," + name + "\n");
         const std::string huge(9000, '&');
@@ -117,19 +99,10 @@ TEST_CASE_FIXTURE(Bench, "name line") {
             SetMode(mode);
             CHECK(FileLine(huge.c_str(), INT64_MAX, 1, *this).size() > 2000);
         }
-    }
-    SUBCASE("a report switch rules off the head and the end") {
         G->report_switch_given = 1;
-        CHECK(Written([&] { ShowFileLine("a.c", 0, 0, 0, 0, G); }) == "\n  File: a.c\n  " + std::string(72, '_') + "\n\n");
-        const std::string name(60, 'n');
-        CHECK(Written([&] { ShowFileEnd(name.c_str(), G); }) ==
-              "  " + std::string(72, '_') + "\n  End of File: " + name.substr(1) + "\n               n\n\n");
-        SetMode(Mode::kHtml);
-        CHECK(Written([&] { ShowFileEnd("a.c", G); }).ends_with("me/a.c\" target=\"_blank\">a.c</a></b>\n\n\n"));
-        SetMode(Mode::kCsv);
-        CHECK(Written([&] { ShowFileEnd("a.c", G); }) == "File End\n");
-        G->totals_only = 1;
-        CHECK(Written([&] { ShowFileEnd("a.c", G); }).empty());
+        SetMode(Mode::kText);
+        CHECK(Written([&] { ShowFileEnd(name.c_str() + 7, G); }) ==
+              "  " + std::string(72, '_') + "\n  End of File: " + name.substr(8) + "\n               n\n\n");
     }
 }
 
@@ -142,11 +115,9 @@ TEST_CASE_FIXTURE(Bench, "file summary") {
     const auto summary = [&] { return Written([&] { ShowFileSummary(G); }); };
     SUBCASE("averages are rounded up, sums start afresh") {
         const std::string first = summary();
-        CHECK(first.find("\n  Total All 3 Files\n") < first.find("\n  Average per File\n"));
         CHECK(first.find("  LOC 31  ") < first.rfind("  LOC 11  "));
         CHECK(first.find("FP(LOC) 3.0 ", first.find("Average per File")) != std::string::npos); // 7.75 / 3
         CHECK(first.find("File: b.c") < first.find("File: a.c"));
-        CHECK(first.ends_with("Other File Count ......:          0  Total File Count ......:          3\n"));
         CHECK(summary() == first);
     }
     SUBCASE("sorted by date") {
@@ -157,7 +128,6 @@ TEST_CASE_FIXTURE(Bench, "file summary") {
         G->sort_descending = 1;
         text = summary();
         CHECK(text.find("File: c.c") < text.find("File: b.c"));
-        CHECK(text.find("File: b.c") < text.find("File: a.c"));
     }
     SUBCASE("forms of the closing blocks") {
         SetMode(Mode::kCsv);
@@ -165,43 +135,12 @@ TEST_CASE_FIXTURE(Bench, "file summary") {
         SetMode(Mode::kHtml);
         CHECK(Has(summary(), "<b><font color=\"#000080\">Average Per File</font></b>  Bytes: 4\n"));
         SetMode(Mode::kXml);
-        const std::string xml = summary();
-        CHECK(WellFormed(xml));
-        CHECK(Count(xml, "<file>") == 5);
-        CHECK(Has(xml, "</totals>\n<file_counts>\n<c_file_count>3</c_file_count>\n"));
+        CHECK(Has(summary(), "</totals>\n<file_counts>\n<c_file_count>3</c_file_count>\n"));
     }
     SUBCASE("sums beyond an int are clipped, not wrapped") {
         AddFile("huge.c", 1, INT64_C(1) << 40, INT32_MAX - 5);
         CHECK(Has(summary(), "LOC 2147483647"));
     }
-    SUBCASE("no file") {
-        LlistDestroy(&G->file_list, FileDataFree);
-        const std::string text = summary();
-        CHECK(Has(text, "Total All 0 Files"));
-        CHECK(!Has(text, "Average"));
-    }
-}
-
-TEST_CASE("CSV table of files") {
-    Bench bench(Mode::kCsv);
-    const auto line = [&](int64_t size, int loc, int eloc) {
-        char name[] = "a";
-        FileData file{};
-        static_cast<Metrics &>(file) = {{loc, eloc, 2, 3, 4, 5}, 1, 2, 3, 4};
-        file.name = name;
-        file.size = size;
-        return Written([&] { CSV_File_Line(file, bench.G); });
-    };
-    CHECK(Has(line(70, 10, 2), ", 70, 10, 2, 2, 3, 4, 5, 1.50, 0, 1, 2, 3, 5, 4, 9, 0\n"));
-    CHECK(Has(line(INT64_C(3000000000), 3, -1), " 3000000000, 3, -1, 2, 3, 4, 5, 0.00, 0,"));
-    bench.G->csv_file_lines = 1;
-    const auto closing = [&] { return Written([&] { CSV_File_Total(bench.G); }); };
-    const std::string total = closing();
-    CHECK(Has(total, "Total,, , 3000000070, 13, 1, 4, 6, 8, 10, 1.50, 0, 2, 4, 6, 10, 8, 18, 0\n"));
-    CHECK(Has(total, "Average,, , 1500000035.00, 6.50, 0.50, 2.00, 3.00, 4.00, 5.00, 0.75, 0.00, 1.00, 2.00, 3.00, 5.00, 4.00, "));
-    CHECK(Has(total, "Maximum,, , 3000000000, 10, 2, 2,"));
-    CHECK(Has(total, "Minimum,, , 70, 3, 0, 2,"));
-    CHECK(Count(closing(), "\n") == 1); // cleared: just the column line
 }
 
 TEST_CASE_FIXTURE(Bench, "languages") {
@@ -220,22 +159,16 @@ TEST_CASE_FIXTURE(Bench, "languages") {
         });
     };
     SUBCASE("each language in its place") {
-        const std::string text = reports(Mode::kText);
-        CHECK(text.find("\n  Java Source File *.jav*\n  LOC 10 ") < text.find("\n  C# Source File *.cs\n  LOC 30 "));
-        CHECK(!Has(text, "C++"));
         G->function_points = 1;
-        CHECK(reports(Mode::kCsv)
-                  .find(" ,C# Source File *.cs, , , 30/3.0       ,20/2.0       ,10/1.0       ,5,0,35\n"
-                        " ,Java Source File *.java, , , 10/0.0       ,10/1.0       ,0/0.0       ,0,5,15\n"
-                        " ,Total All Languages, , ,40/0.0       ,") != std::string::npos);
+        CHECK(Has(reports(Mode::kCsv), " ,C# Source File *.cs, , , 30/3.0       ,20/2.0       ,10/1.0       ,5,0,35\n"
+                                       " ,Java Source File *.java, , , 10/0.0       ,10/1.0       ,0/0.0       ,0,5,15\n"
+                                       " ,Total All Languages, , ,40/0.0       ,"));
     }
     SUBCASE("the total in XML sums the points of the languages") {
-        const std::string xml = reports(Mode::kXml);
-        CHECK(WellFormed(xml));
-        CHECK(xml.ends_with("<extension>Total All Languages</extension>\n<loc>40</loc>\n<eloc>30</eloc>\n<lloc>10</lloc>\n"
-                            "<comments>5</comments>\n<blanks>5</blanks>\n<lines>50</lines>\n"
-                            "<function_points_loc>3.0</function_points_loc>\n<function_points_eloc>3.0</function_points_eloc>\n"
-                            "<function_points_lloc>1.0</function_points_lloc>\n</language>\n</report>\n"));
+        CHECK(reports(Mode::kXml)
+                  .ends_with("<function_points_loc>3.0</function_points_loc>\n"
+                             "<function_points_eloc>3.0</function_points_eloc>\n"
+                             "<function_points_lloc>1.0</function_points_lloc>\n</language>\n</report>\n"));
     }
     SUBCASE("blank lines alone show in the profile only") {
         *static_cast<FileCounters *>(G) = {};
@@ -249,34 +182,24 @@ TEST_CASE_FIXTURE(Bench, "languages") {
 
 TEST_CASE_FIXTURE(Bench, "totals") {
     SUBCASE("directories") {
-        CHECK(AddDirMetricsNode("src", G));
         CHECK(AddDirMetricsNode("a&b,c", G));
         G->report_switch_given = 1;
-        const auto directories = [&] { return Written([&] { ShowTotalDirSummary(G); }); };
-        CHECK(directories().starts_with("  " + std::string(72, '-') + "\n\n"));
         G->function_metrics = 1;
-        CHECK(!directories().ends_with("\n\n"));
+        CHECK(!Written([&] { ShowTotalDirSummary(G); }).ends_with("\n\n"));
         SetMode(Mode::kCsv);
-        CHECK(directories().starts_with("Files,0,a&b c\n"));
-        SetMode(Mode::kXml);
-        CHECK(WellFormed(directories()));
-        G->report_switch_given = 0;
-        CHECK(WellFormed(directories()));
+        CHECK(Written([&] { ShowTotalDirSummary(G); }).starts_with("Files,0,a&b c\n"));
     }
     SUBCASE("all wins over languages, and runs each report once") {
         G->totals_all = G->totals_language = 1;
         const std::string text = Written([&] { ShowTotalReport(G); });
         CHECK(Count(text, "~~ Language Summary ~~") == 1);
         CHECK(text.find("~~ Total Language Profile ~~") < text.find("~~ Language Summary ~~"));
-        CHECK(Count(text, "  LOC 0 ") > 0);
     }
     SUBCASE("memory") {
         CHECK(Written([&] { ShowMemorySummary(G); }).empty());
         G->delete_count = 7;
-        const std::string text = Written([&] { ShowMemorySummary(G); });
-        CHECK(text.ends_with("  Memory new count ......:          0  Memory delete count ...:          7\n"));
-        SetMode(Mode::kCsv);
-        CHECK(Written([&] { ShowMemorySummary(G); }) == text);
+        CHECK(Has(Written([&] { ShowMemorySummary(G); }),
+                  "  Memory new count ......:          0  Memory delete count ...:          7\n"));
     }
 }
 
@@ -287,46 +210,16 @@ TEST_CASE_FIXTURE(Bench, "timer and benchmark") {
         timer.start_ticks -= 90061 * timer.ticks_per_second;
         timer.start_times.tms_utime -= 100000 * timer.ticks_per_second;
         Timer(&timer, kTimerStop, G);
-        CHECK(timer.elapsed_seconds >= 90061);
         CHECK(timer.wait_seconds == 0);
         timer.elapsed_seconds = 90061;
-        CHECK(Written([&] { Timer(&timer, kTimerPrint, G); }).find("                 :   1:01:01:01 Day:Hr:Min:Sec\n") !=
-              std::string::npos);
-    }
-    SUBCASE("a run shorter than a tick") {
-        timer.start_ticks += timer.ticks_per_second;
-        Timer(&timer, kTimerStop, G);
-        CHECK(timer.elapsed_seconds == 0.001);
-        CHECK(timer.wait_seconds <= 0.001);
+        CHECK(Has(Written([&] { Timer(&timer, kTimerPrint, G); }), "                 :   1:01:01:01 Day:Hr:Min:Sec\n"));
     }
     SUBCASE("rates come from the project, not from the last file") {
         G->file_line_no = 1000;
-        const auto report = [&] { return Written([&] { Benchmark(&timer, G); }); };
-        CHECK(report().empty());
         G->benchmark_mode = 1;
+        const auto report = [&] { return Written([&] { Benchmark(&timer, G); }); };
         CHECK(!Has(report(), "Lines Processed/s"));
         G->total.file_line_no = 1000;
         CHECK(Has(report(), " Physical Lines Processed/s\n"));
-        SetMode(Mode::kXml);
-        CHECK(WellFormed(report()));
     }
-}
-
-TEST_CASE("elements of the configurable CSV report") {
-    const StateBench bench;
-    Globals *G = bench.G;
-    G->file_loc = G->file_blank = G->file_comments = INT_MAX;
-    G->file_chars = 4;
-    G->file_white = 1;
-    G->semicolon_count = 1;
-    G->for_count = 2; // foreach has no semicolon: a divisor below 0
-    G->notice_count = 3;
-    const std::string values = Written([G] {
-        for (const int element : {4, 7, 47, 60, 61, 62, 65, 66, 79, 80, 0, -1}) {
-            insert_csv_data(gTLYOUT, element, 0, G);
-        }
-        insert_csv_data(gTLYOUT, 47, 1, G);
-    });
-    CHECK(values == "-1,6442450941,1,0.3333,0.7500,0.2500,0.00,0.00,79-?,Invalid Report Selection-80,Invalid Report Selection-0,"
-                    "Invalid Report Selection--1,statements ;");
 }

@@ -11,10 +11,7 @@ namespace {
 struct Bench : SourceBench {
     explicit Bench(int language = kCpp)
         : SourceBench(language) {
-        G->wrap_long_names = 1;
-        G->file_name = "/a b.cpp";
-        CopyText(G->html_function_color, "F");
-        CopyText(G->html_function_parameter_color, "P");
+        G->file_name = "a.cpp";
     }
     // The parenthesis in hand stands behind the "$".
     void Find(std::string line) {
@@ -106,54 +103,15 @@ TEST_CASE_FIXTURE(Bench, "what an older candidate leaves") {
     CHECK(G->funcname_flag == 0);
 }
 
-TEST_CASE("parameters") {
-    struct {
-        const char *name, *text, *packed;
-        int count;
-    } cases[] = {
-        {"f", "(void)", "(void)", 0},
-        {"f", "( ) {", "()", 0},
-        {"f", "( int a,  int\tb ) x", "(int a, intb)", 2},
-        {"f", "(int (*cb)(void ), int b)", "(int (*cb)(void)", 1}, // a ")" behind a blank is the end
-        {"f", "(std::map<int, int> a, int b) const {", "(std::map<int, int> a, int b)", 2},
-        {"f", "(const A<B<C, D>, E> &a = {1}) {", "(const A<B<C, D>, E> &a = {1})", 1},
-        {"A::A", "(int a) : b(a), c(1) { d(); }", "(int a)", 1},
-        {"A::operator ()", "()(int x) { y(); }", "()(int x)", 1},
-        {"f", "", ")", 1},
-    };
-    Bench bench;
-    for (const auto &c : cases) {
-        CAPTURE(std::string(c.text));
-        LineText params;
-        CopyText(params, c.text);
-        packParams(params, c.name, bench.G);
-        CHECK(std::string(params) == c.packed);
-        CHECK(countParams(params) == c.count);
-    }
-    LineText params = "(a, b) int a; {";
-    bench.G->kr_flag = bench.G->if_directive = 1;
-    packParams(params, "f", bench.G);
-    CHECK(std::string(params) == "(a, b) Non-ANSI Parameter Construct Defined By Compiler Directive");
-}
-
-TEST_CASE_FIXTURE(Bench, "a function's figures are the differences between its braces") {
-    G->file_loc = 10, G->file_blank = 5, G->file_comments = 7, G->comment_pending = 2, G->file_line_no = 22, G->local_if = 9;
+TEST_CASE_FIXTURE(Bench, "a file's extremes are those of its largest function") {
     Run("f", "(int a, int b)", [&] {
-        CHECK(G->function_scope == 1);
-        G->file_loc = 15, G->file_blank = 6, G->file_comments = 8, G->file_line_no = 30;
-        G->just_brace_count = 2, G->local_semicolon = 6, G->local_for = 1, G->local_if = 3, G->local_else = 1;
+        G->file_loc = 5, G->local_if = 3;
         G->kr_flag = G->new_flag = 1;
     });
-    const NodeData *f = Record<NodeData>(G->function_list.head);
-    LineText shown;
-    FormatText(shown, "%d,%d,%d comments %d blanks %d lines %d at %d params %ld returns %d cyclo %d", f->loc, f->eloc, f->lloc,
-               f->comments, f->blanks, f->lines, f->line, long{f->params}, f->returns, f->cyclo);
-    CHECK(std::string(shown) == "6,4,5 comments 3 blanks 1 lines 9 at 30 params 2 returns 1 cyclo 4");
-    CHECK(G->intercmp_max == 7);
     Run("g", "()", [] {}); // smaller
     CHECK(G->intercmp_max == 7);
     CHECK(G->cyclo_max == 4);
-    CHECK(G->func_eloc_max == 4);
+    CHECK(G->func_loc_max == 6);
     CHECK(G->funcname_flag + G->function_scope + G->kr_flag + G->new_flag == 0);
 }
 
@@ -183,48 +141,12 @@ TEST_CASE_FIXTURE(Bench, "the class, the enclosing classes or the namespace take
     CHECK(FindNamespace("n", G)->loc == 102);
 }
 
-TEST_CASE("hostile names in identification lines, and no lines where a table stands for them") {
-    struct {
-        Mode mode;
-        int list;
-        const char *written;
-    } cases[] = {
-        {Mode::kHtml, 0,
-         "  <b><a href=\"file:///a%20b.cpp\" target=\"_blank\">Function</a></b>: <b><font color=\"F\">a&lt;b</font></b>\n"
-         "  <b>Parameters</b>: <b><font color=\"P\">(c, d)</font></b>\n"},
-        {Mode::kHtml, 1, "  <b><font color=\"F\">a&lt;b</font></b> <b><font color=\"P\">(c, d)</font></b>\n"},
-        {Mode::kCsv, 0, ""},
-    };
-    for (const auto &c : cases) {
-        Bench bench;
-        Globals *G = bench.G;
-        bench.SetMode(c.mode);
-        G->totals_only = 0;
-        G->list_functions = c.list;
-        CopyText(G->funcname, "a<b");
-        CopyText(G->params, "(c, d)");
-        CHECK(Written([G] { EmitFunction(G); }) == c.written);
-    }
-}
-
-TEST_CASE("notice mode frames a function with lines of text, and long names are wrapped") {
-    for (const int csv : {0, 1}) {
-        CAPTURE(csv);
-        Bench bench;
-        Globals *G = bench.G;
-        G->totals_only = 0;
-        G->quality_notices = G->complexity_metrics = 1;
-        G->csv_mode = csv;
-        const std::string name(63, 'n');
-        const std::string wrapped = "  Function: " + name.substr(1) + "\n            n\n";
-        const std::string tail = csv ? "Param,2,Return,1,Cyclo Vg,1,Total,4\nLOC,1,eLOC,1,lLOC,0,Comment,0,Lines,1\n"
-                                     : "  Complexity   Param 2       Return 1      Cyclo Vg 1       Total        4\n"
-                                       "  LOC 1        eLOC 1        lLOC 0        Comment 0        Lines        1\n";
-        CHECK(Written([&] { bench.Run(name.c_str(), "(int a, int b)", [] {}); }) ==
-              "\n  ------------------------ Function Begin Line: 0 ------------------------\n" + wrapped +
-                  "  Parameters: (int a, int b)\n\n" + wrapped + tail +
-                  "  ------------------------- Function End Line: 0 -------------------------\n");
-    }
+TEST_CASE("no lines of a function where a table stands for them") {
+    Bench bench;
+    bench.SetMode(Mode::kCsv);
+    bench.G->totals_only = 0;
+    CopyText(bench.G->funcname, "f");
+    CHECK(Written([&] { EmitFunction(bench.G); }) == "");
 }
 
 TEST_CASE_FIXTURE(Bench, "no text of a line leads a reader out of its bounds") {

@@ -47,6 +47,7 @@ TEST_CASE("each allocation of a scan fails once") {
         {kCpp, 1, "class A : public B {\n};\n"},
         {kCpp, 1, "namespace n {\n}\n"},
         {kJava, 1, "interface I {\n}\n"},
+        {kC, 2, "#define A 1\nint a;\n"},
         {kC, 1, "void f(int a) {\n}\n"},
         {kCpp, 0,
          "namespace n {\ntemplate <class T>\nclass A : public B {\n void f(int a) {\n }\n};\n}\nvoid n::A::g() {\n}\nvoid C::h() "

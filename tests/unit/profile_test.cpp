@@ -86,21 +86,7 @@ TEST_CASE("profile: sums and bases") {
     const StateBench bench;
     Globals *G = bench.G;
     G->notice_cnt[0] = 9; // belongs to no notice
-    std::string text = Written([&] { ShowQualityProfile(G); });
-    CHECK(Has(text, "            0  100.00  Total Quality Notices\n\n"));
-    CHECK(text.ends_with("  Basis: 1000 (K)\n\n"));
-
-    G->notice_cnt[9] = 4;
-    G->notice_cnt[58] = 1;
-    G->file_loc = 1000;
-    G->just_brace_count = 300;
-    G->just_paren_count = 200;
-    G->semicolon_count = 5;
-    G->for_count = 5;
-    text = Written([&] { ShowQualityProfile(G); });
-    CHECK(Has(text, "\n  9         4   80.00  'goto' keyword identified\n  58        1   20.00  TLY skip quality"));
-    CHECK(text.ends_with("LOC   =        5.0 (  0.50%)\n  Quality Notices/K eLOC  =       10.0 (  1.00%)\n"));
-
+    CHECK(Has(Written([&] { ShowQualityProfile(G); }), "            0  100.00  Total Quality Notices\n\n"));
     G->notice_cnt[9] = G->notice_cnt[10] = 2147483647;
     CHECK(Has(Written([&] { ShowQualityProfile(G); }), "2147483647  100.00  Total"));
 }
@@ -109,20 +95,14 @@ TEST_CASE("notice summary: order of names, every mode") {
     const StateBench bench;
     Globals *G = bench.G;
     CHECK(Written([&] { ShowNoticeSummary(G); }).empty());
-    G->head_written = 1;
-    G->relative_html_links = 1;
-    CopyText(G->html_notice_color, "red");
+    G->head_written = G->sort_active = 1;
     for (const char *name : {"d/b&.c", "a,.c", "d/b&.c"}) {
         AddNameNode(name, 7, 22, &G->notice_list, G);
     }
-    G->sort_active = 1;
-    std::string text = Written([&] { ShowNoticeSummary(G); });
-    CHECK(Has(text, "Notices: 3\n  a,.c - Notice #22: Line 7, if, else, for or while not bound by scope\n  d/b&.c - "));
+    CHECK(Has(Written([&] { ShowNoticeSummary(G); }),
+              "Notices: 3\n  a,.c - Notice #22: Line 7, if, else, for or while not bound by scope\n  d/b&.c - "));
     G->csv_mode = 1;
     CHECK(Has(Written([&] { ShowNoticeSummary(G); }), "\na .c, 22, 7, if, else, for or while not bound by scope\n"));
-    G->html_mode = 1;
-    CHECK(Has(Written([&] { ShowNoticeSummary(G); }),
-              "  <a href=\"d/b%26.c\" target=\"_blank\">b&amp;.c</a> - <font color=red><b>Notice</b></font> <b>#22</b>: "));
-    G->notice_vs_format = 1;
+    G->html_mode = G->notice_vs_format = 1;
     CHECK(Has(Written([&] { ShowNoticeSummary(G); }), "\nd/b&amp;.c(7) : Notice #22 - if, else"));
 }

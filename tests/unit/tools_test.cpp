@@ -1,7 +1,5 @@
-// How an extracted text is cleaned, and how a listed line is folded.
+// How an extracted text is cleaned, and where a listed page has its number.
 #include "bench.h"
-
-#include <algorithm>
 
 #include "analysis/extraction.h"
 #include "tools/listing.h"
@@ -35,45 +33,15 @@ TEST_CASE("an extracted text is cut to what can be read") {
     CHECK(std::string(ExtractComment(comment)) == " * x");
 }
 
-TEST_CASE("a listed line is folded where the printed line ends") {
-    const StateBench bench;
-    Globals *G = bench.G;
-    G->print_line_length = 20; // 13 for the text
-    const struct {
-        const char *line, *listed;
-    } cases[] = {
-        {"\n", "    7| \n"},
-        {"", "    7| \n"},
-        {"1234567890123\n", "    7| 1234567890123\n"},
-        {"1234567890123\r\n", "    7| 1234567890123\r\n"},
-        {"12345678901234", "    7| 1234567890123\n     | 4\n"},
-        {"12345678901231234567890123\n", "    7| 1234567890123\n     | 1234567890123\n"},
-    };
-    for (const auto &row : cases) {
-        CAPTURE(row.line);
-        int rows = 0;
-        const std::string text = Written([&] { rows = PutLine(row.line, 7, G); });
-        CHECK(text == row.listed);
-        CHECK(rows == std::count(text.begin(), text.end(), '\n'));
-    }
-    G->print_line_length = -5; // from nowhere, but nothing to hang on
-    CHECK(Written([&] { PutLine("ab\n", 123456, G); }) == "123456| a\n     | b\n");
-}
-
 TEST_CASE("the page number ends at the right margin") {
     const StateBench bench;
     Globals *G = bench.G;
     G->print_line_length = 40;
     G->print_left_margin = 3;
-    CopyText(G->report_title, "t");
     SetBars(G);
-    const auto head = [&](const char *name, int page) {
-        const std::string text = Written([&] { SetHeaderLine(name, page, G); });
-        const size_t begin = text.find('\n') + 1;
-        return text.substr(begin, text.find("____") - begin);
-    };
-    CHECK(head("/no/a.c", 9) == "   File: /no/a.c" + std::string(20, ' ') + "Page: 9\n   \n   ");
-    CHECK(head("/no/a.c", 123) == "   File: /no/a.c" + std::string(18, ' ') + "Page: 123\n   \n   ");
+    const auto head = [&](const char *name, int page) { return Written([&] { SetHeaderLine(name, page, G); }); };
+    CHECK(Has(head("/no/a.c", 9), "File: /no/a.c" + std::string(20, ' ') + "Page: 9\n"));
+    CHECK(Has(head("/no/a.c", 123), "File: /no/a.c" + std::string(18, ' ') + "Page: 123\n"));
     const std::string wide(60, 'n');
-    CHECK(head(wide.c_str(), 1) == "   File: " + wide + "Page: 1\n   \n   ");
+    CHECK(Has(head(wide.c_str(), 1), "File: " + wide + "Page: 1\n"));
 }

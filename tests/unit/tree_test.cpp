@@ -80,16 +80,6 @@ TEST_CASE("every class finds its place") {
     }
 }
 
-TEST_CASE("classes count by name") {
-    Bench bench("A B C:A,B D:C E:A,Lib");
-    BuildClassTree(bench.G);
-    int base = 0, derived = 0, total = 0;
-    UniqueClassesInTree(&base, &derived, &total, bench.G);
-    CHECK(base == 3);
-    CHECK(derived == 3);
-    CHECK(total == 6);
-}
-
 // Long chains, wide families, diamonds over diamonds: each builds at once and breaks no stack.
 TEST_CASE("large and hostile trees") {
     constexpr int kClasses = 20000;

@@ -153,7 +153,7 @@ void CSV_Header(Globals *G) {
     }
     Put("Tallyline\n");
     Put("%s,%s\n", "Version", G->version);
-    Put("Date Processed,%s\n\n", get_date(&now));
+    Put("Date Processed,%s\n\n", get_date(&now).c_str());
     if (!G->no_command) {
         Put("TLY Command Line,%s\n", G->command_line);
     }
@@ -194,7 +194,7 @@ void XML_Header(Globals *G) {
     }
     Put("<program>Tallyline</program>\n");
     PrintOnly(xml, "<version>%s</version>\n", Shown{G->version});
-    PrintOnly(xml, "<date>%s</date>\n", Shown{get_date(&now)});
+    PrintOnly(xml, "<date>%s</date>\n", Shown{get_date(&now).c_str()});
     if (!G->no_command) {
         PrintOnly(xml, "<command>%s</command>\n", Shown{G->command_line});
     }
@@ -216,7 +216,7 @@ static void ShowStudioTitle(Globals *G) {
     const char *const hint =
         "\n  Double click any notice in the Visual Studio output window to\n  jump to the specified line number\n\n";
     if (OutputMode(G) == Mode::kXml) {
-        Message(G, "%*s%s\n%s", CenterBlanks(strlen(title)), "", title, hint);
+        Message(G, "%s%s\n%s", CenterBlanks(title), title, hint);
     } else {
         Center(title);
         Put("%s", hint);

@@ -4,6 +4,7 @@
 #include "report/forms.h"
 #include "report/frame.h"
 #include "run/globals.h"
+#include "run/percent.h"
 
 namespace {
 
@@ -14,23 +15,20 @@ struct Derived {
     double code, ecode, comments, blanks, characters, spaces; // percent
 };
 
-double Percent(double part, double whole) {
-    return whole < 1 ? 0.0 : static_cast<float>(part) / static_cast<float>(whole) * 100.0F;
-}
-
 Derived Derive(const Globals *G) {
     Derived d{};
     const int64_t written = int64_t{G->file_comments} + G->file_loc;
+    const int64_t logical = written + G->file_blank;
     const int64_t visible = int64_t{G->file_chars} - G->file_white;
     d.eloc = EffectiveLines(*G);
     d.lloc = LogicalLines(*G);
-    d.logical = static_cast<double>(written + G->file_blank);
+    d.logical = static_cast<double>(logical);
     d.chars_per_line = written < 1 ? 0 : static_cast<int>(visible / written);
-    d.code = Percent(G->file_loc, d.logical);
-    d.ecode = Percent(d.eloc, d.logical);
-    d.comments = Percent(G->file_comments, d.logical);
-    d.blanks = Percent(G->file_blank, d.logical);
-    d.characters = Percent(static_cast<double>(visible), G->file_chars);
+    d.code = Percent(G->file_loc, logical);
+    d.ecode = Percent(d.eloc, logical);
+    d.comments = Percent(G->file_comments, logical);
+    d.blanks = Percent(G->file_blank, logical);
+    d.characters = Percent(visible, G->file_chars);
     d.spaces = Percent(G->file_white, G->file_chars);
     return d;
 }

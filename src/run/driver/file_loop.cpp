@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include "analysis/function.h"
+#include "analysis/line_counts.h"
 #include "analysis/namespaces.h"
 #include "analysis/parse_line.h"
 #include "analysis/roll_up.h"
@@ -53,9 +54,11 @@ bool FollowSkipTokens(const char *line, Globals *G) {
 }
 
 void ReadLines(SourceReader *reader, Globals *G) {
+    BeginSource(G);
     for (;;) {
-        int length;
-        const Piece piece = NextPiece(reader, G->line_buffer, &length);
+        SourceLine line;
+        const Piece piece = NextPiece(reader, &line);
+        G->line_text = line.text;
         if (piece == Piece::kEnd) {
             return;
         }
@@ -67,15 +70,33 @@ void ReadLines(SourceReader *reader, Globals *G) {
             continue;
         }
         ++G->file_line_no;
-        if (G->skip_tokens_active && FollowSkipTokens(G->line_buffer, G)) {
+        if (G->skip_tokens_active && FollowSkipTokens(line.text, G)) {
             ++G->skipped_lines;
         } else {
-            ParseLine(length, G->file_line_no, G);
+            ParseLine(line, G->file_line_no, G);
             if (G->line_letter) {
-                WorkDiffDataLineWrite(G->diff_data_file, G->line_letter, G->line_buffer, G);
+                WorkDiffDataLineWrite(G->diff_data_file, G->line_letter, line.text, G);
             }
         }
     }
+}
+
+// Whether the report holds nothing but lines, which can be counted without a look at functions, classes and notices. A sort may be
+// by any figure.
+bool LinesAreAll(const Globals *G) {
+    const int entities = G->function_metrics | G->list_functions | G->object_metrics | G->inheritance_report | G->macro_metrics;
+    const int figures = G->verbose_metrics | G->memory_metrics | G->csv_file_lines | (G->csv_rows != nullptr) | G->sort_key;
+    const int notices = G->quality_notices | G->notices_by_file | (G->udqn_list.count > 0) | G->skip_tokens_active;
+    const int records = G->work_file_create | G->diff_code_lines | G->determine_source | G->work_deterministic | G->debug;
+    const int rewritings = G->extract_mode | G->comment_doc_mode | G->extract_strings | G->extract_comments;
+    return !(entities | figures | notices | records | rewritings) && !G->reading;
+}
+
+void ReadSource(SourceReader *reader, Globals *G) {
+    if (G->lines_only && CountLines(reader, G)) {
+        return;
+    }
+    ReadLines(reader, G);
 }
 
 void StoreMetrics(FileData *file, Globals *G) {
@@ -204,8 +225,9 @@ void EndFile(FileData *file, Globals *G) {
         CloseNamespace(G);
     }
     if (!G->totals_only) {
-        if (G->reading & kBraces ? AreScopesUneven(G) : G->open_braces != G->closebrace_count) {
-            Print(G, kBracesDiffer, G->open_braces, G->closebrace_count);
+        const int closed = G->reading & kBraces ? ClosedBraces(G) : G->closebrace_count;
+        if (G->open_braces != closed) {
+            Print(G, kBracesDiffer, G->open_braces, closed);
         }
         if (G->function_scope > 0 && G->funcname_flag) {
             Print(G, kOpenFunction);
@@ -250,7 +272,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     if (static_cast<unsigned char>(*file->name) <= 32 || strcmp(file->name, ".") == 0) {
         return;
     }
-    if (!OpenSource(reader, file->name, G->decharacter_mode)) {
+    if (!OpenSource(reader, file->name, G->lines_only ? MaskUse::kLines : MaskUse::kCode, G->decharacter_mode)) {
         Message(G, "\n  Error: Problem opening input file:\n         %s\n         For %s, %s\n\n", file->name,
                 G->decharacter_mode ? "modification" : "read", errno == EINVAL ? "Not a regular file" : strerror(errno));
         return;
@@ -282,7 +304,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
     if (G->work_file && G->diff_code_lines) {
         WorkDiffDataFileOpen(G);
     }
-    ReadLines(reader, G);
+    ReadSource(reader, G);
     ReportReadFailure(file, reader, G->file_line_no, G);
     EndFile(file, G);
     ResetState(G);
@@ -293,6 +315,7 @@ void ProcessFile(FileData *file, SourceReader *reader, Globals *G) {
 
 void ProcessFiles(Globals *G) {
     static SourceReader reader; // large for the stack; between two files it holds nothing
+    G->lines_only = LinesAreAll(G);
     for (FileData *file : Records<FileData>(G->file_list)) {
         ProcessFile(file, &reader, G);
     }

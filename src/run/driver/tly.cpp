@@ -26,7 +26,6 @@
 #include "run/driver/command_line.h"
 #include "run/driver/file_loop.h"
 #include "run/driver/teardown.h"
-#include "run/encode.h"
 #include "run/globals.h"
 #include "run/memory.h"
 #include "run/program_files.h"
@@ -201,29 +200,19 @@ void EndProgress(const Globals *G) {
 }
 
 void ProjectHeading(Globals *G) {
-    char files[16];
-    FormatText(files, "%d", G->project_files);
-    LineText plain;
-    FormatText(plain, "~~ Project Analysis For %s Files ~~", files);
-    std::string color;
-    switch (OutputMode(G)) {
-    case Mode::kHtml:
-        HTML_esc(G->html_total_color, color);
-        LineText marked;
-        FormatText(marked, "<b>~~ Total Metrics For <font color=\"%s\">%s</font> Files ~~</b>", color.c_str(), files);
+    static constexpr Forms<const char *, int> kHeading{
+        .text = "%s~~ Project Analysis For %d Files ~~\n",
+        .html = "%s<b>~~ Total Metrics For <font color=\"%{total}\">%d</font> Files ~~</b>\n"};
+    static constexpr Forms<int> kFields{.csv = "\nProject,%d,Files"};
+    const Mode mode = OutputMode(G);
+    if (IsPage(mode)) {
         DashRule();
-        Center_HTML(plain, marked);
-        break;
-    case Mode::kXml: break;
-    case Mode::kCsv:
-        Put("\nProject,%s,Files", files);
-        G->heading_open = 1;
-        break;
-    case Mode::kText:
-        DashRule();
-        Center(plain);
-        break;
     }
+    char plain[64];
+    FormatText(plain, "~~ Project Analysis For %d Files ~~", G->project_files);
+    Print(G, kHeading, CenterBlanks(plain), G->project_files);
+    Print(G, kFields, G->project_files);
+    G->heading_open = mode == Mode::kCsv;
 }
 
 void EntityReports(Globals *G) {

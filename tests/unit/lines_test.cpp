@@ -1,0 +1,119 @@
+// What the masks say of a block, and the short way to the lines of a source.
+#include "bench.h"
+
+#include <random>
+
+#include "line_ways.h"
+
+namespace {
+
+// Bytes at which something begins or ends, each as likely as the others, so that short texts hold every neighbourhood.
+constexpr std::string_view kBytes = "\n\n\r\t  aforz09_/*\"'\\#;{}()[]<>=:?.,&|+-!%~@\x01\x7f\x80\xff";
+
+std::string RandomBytes(std::mt19937 &random, size_t count) {
+    std::string text(count, '\0');
+    for (char &c : text) {
+        c = kBytes[random() % kBytes.size()];
+    }
+    return text;
+}
+
+std::vector<ByteMasks> Masks(Classifier classify, const std::string &block, size_t count) {
+    std::vector<ByteMasks> masks(count / kMaskBytes + 2);
+    classify(block.data() + 1, count, masks.data());
+    return masks;
+}
+
+} // namespace
+
+TEST_CASE("every classifier finds the same bytes") {
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        const size_t count = random() % 300;
+        std::string block = '\0' + RandomBytes(random, count) + std::string(kMaskBytes + kBytesBehind, '\0');
+        for (const MaskUse use : {MaskUse::kLines, MaskUse::kCode}) {
+            const Classifiers all = AllClassifiers(use);
+            const std::vector<ByteMasks> plain = Masks(all.plain, block, count);
+            for (const Classifier other : {all.sse2, all.avx2}) {
+                if (other) {
+                    const std::vector<ByteMasks> masks = Masks(other, block, count);
+                    CHECK(memcmp(masks.data(), plain.data(), plain.size() * sizeof plain[0]) == 0);
+                }
+            }
+        }
+    }
+}
+
+TEST_CASE("the bytes that the scanner looks at") {
+    // no keyword behind ">", "-" or ".", and none in capitals; "--" is looked at where it is doubled, ".." where another follows
+    const std::string text = "x->if(Do, a--b) ...if FOR for1\n";
+    const TextLine source(text);
+    std::string looked_at, words;
+    for (int i = 0; i < static_cast<int>(text.size()); ++i) {
+        const ByteMasks &masks = source.masks[(source.line.origin + i) / kMaskBytes];
+        const int bit = (source.line.origin + i) % static_cast<int>(kMaskBytes);
+        looked_at += masks.code >> bit & 1 ? text[i] : ' ';
+        words += masks.word >> bit & 1 ? text[i] : ' ';
+    }
+    CHECK(words == "x  if Do  a  b     if FOR for1 ");
+    CHECK(looked_at == "x >  (  , a - ) ..        f    ");
+}
+
+TEST_CASE("both ways to the lines of a source agree") {
+    SourceBench bench;
+    std::mt19937 random(11);
+    constexpr const char *kPieces[] = {"//",
+                                       "/*",
+                                       "*/",
+                                       "*/*",
+                                       "/*/",
+                                       "\\\n",
+                                       "\n",
+                                       "\n",
+                                       " ",
+                                       "\t",
+                                       "for (",
+                                       "for",
+                                       "foreach(",
+                                       "if (",
+                                       ";",
+                                       "{",
+                                       "}",
+                                       "(",
+                                       ")",
+                                       "{\n",
+                                       "}\n",
+                                       ")\n",
+                                       "#region x",
+                                       "#define A(b) ;",
+                                       "# define B",
+                                       "\n#",
+                                       "\"",
+                                       "'",
+                                       "\\\"",
+                                       "@\"\\\"",
+                                       "\xef\xbb\xbf",
+                                       "\r\n",
+                                       "x",
+                                       "y = 1",
+                                       "} // z",
+                                       "[",
+                                       "]",
+                                       "\x01"};
+    LineWays ways;
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (size_t pieces = random() % 40; pieces > 0; --pieces) {
+            text += kPieces[random() % std::size(kPieces)];
+        }
+        if (round % 50 == 0) { // lines and states over the end of a block, and one that is too long
+            text += std::string(round % 100 ? 2100 : 2000, 'w') + "\n" + std::string(70000 - random() % 3000, '\n') + text;
+        }
+        constexpr int kLanguages[] = {kC, kCpp, kJava, kCs, kOther};
+        bench.Begin(kLanguages[random() % std::size(kLanguages)]);
+        bench.G->recording_lines = 0;
+        bench.G->function_metrics = 0;
+        CHECK_MESSAGE(ways.Differ(text.data(), text.size(), bench.G) == "", text);
+    }
+    CHECK(ways.counted > 4000); // of 6000: most are no business of the scanner's
+}
