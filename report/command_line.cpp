@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <climits>
 #include <string_view>
 #include <variant>
 
@@ -19,17 +20,38 @@ struct OptionRow {
     Field field;
 };
 
+// The commands that read a project.
+const char *const kReports = " json page sarif gitlab checkstyle github csv markdown badge top gate ";
+
 // clang-format off
 const OptionRow kOptions[] = {
-    {" json page ", "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
-    {" json page run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
-    {" json page ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {kReports, "IN", "...", "XML of tly -X -Ta -Tq or of tly-report run, or JSON of tly-report json; several are one project (standard input)", &Options::inputs},
+    {kReports, "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
+    {kReports, "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" csv ", "--table", "WHAT", "files, functions, classes, notices, languages or kinds (files)", &Options::table},
+    {" markdown ", "--before", "OLD", "compare with this XML or JSON", &Options::before},
     {" page ", "--before", "OLD", "compare with this XML or JSON, or show this comparison of baselines, tly -X -w\"x OLD, NEW\"", &Options::before},
     {" page ", "--trend", "DIR", "draw the figures of the XML and JSON files in DIR as lines", &Options::trend},
+    {" badge ", "--of", "WHAT", "lines (of code), complexity (the highest of a function) or notices (lines)", &Options::badge},
+    {" badge ", "--svg", "", "a picture in place of a JSON for a badge service", &Options::svg},
+    {" top ", "-n", "N", "list N functions (10)", &Options::count},
+    {" top ", "--by", "WHAT", "complexity, lines, parameters or notices (complexity)", &Options::by},
+    {" gate ", "--max-complexity", "N", "no function may have a cyclomatic complexity above N", &Options::max_complexity},
+    {" gate ", "--max-lines", "N", "no function may have more than N lines", &Options::max_lines},
+    {" gate ", "--max-notices", "N", "there may be N notices (0 if no other limit is named)", &Options::max_notices},
+    {" gate ", "--notice", "KIND=N", "there may be N notices of this kind, such as 12=0; may stand several times", &Options::notice_limits},
+    {" gate ", "--new", "OLD", "there may be no notice that OLD hasn't: a JSON, SARIF or GitLab file of tly-report", &Options::known},
+    {" gate new ", "--allow", "FILE", "the findings that are passed over, by fingerprint or by number and file", &Options::allow},
+    {" new ", "IN", "...", "OLD, a JSON, SARIF or GitLab file of tly-report, then NEW, XML or JSON; with --since: paths (the current directory)", &Options::inputs},
+    {" new ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
+    {" new ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
+    {" new ", "--since", "COMMIT", "compare what git tracks below the paths with what this commit had there", &Options::since},
+    {" new ", "--max", "N", "exit with 1 if more than N notices are new", &Options::most_new},
+    {" run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" run ", "PATH", "...", "directories, of which the sources that git tracks are measured, or files (the current directory)", &Options::paths},
-    {" run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
-    {" run ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},
-    {" run ", "--tly", "PROGRAM", "the tly to start (the one beside tly-report, or on the PATH)", &Options::tly},
+    {" new run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
+    {" new run ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},
+    {" new run ", "--tly", "PROGRAM", "the tly to start (the one beside tly-report, or on the PATH)", &Options::tly},
 };
 // clang-format on
 
@@ -38,12 +60,15 @@ void Declare(CLI::App *command, const OptionRow &row, Options &options) {
         [&](auto field) -> CLI::Option * {
             if constexpr (std::is_same_v<decltype(field), bool Options::*>) {
                 return command->add_flag(row.name, options.*field, row.help);
+            } else if constexpr (std::is_same_v<decltype(field), int Options::*>) {
+                return command->add_option(row.name, options.*field, row.help)->check(CLI::Range(0, INT_MAX));
             } else {
                 return command->add_option(row.name, options.*field, row.help);
             }
         },
         row.field);
     option->option_text(row.value);
+    option->allow_extra_args(row.name[0] != '-'); // an option takes one value, and no input behind it
 }
 
 } // namespace

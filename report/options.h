@@ -11,10 +11,23 @@ struct Options {
     std::vector<std::string> paths;  // of a run
     std::string output;              // empty: standard output
     std::string root;                // see ReadProject
-    std::string before;              // of a page: an earlier input, or a comparison of baselines; empty: none
+    std::string before;              // an earlier input to compare with; of a page also a comparison of baselines; empty: none
     std::string trend;               // of a page: a directory of inputs; empty: none
     std::string tly;                 // the program; empty: looked for
-    bool classic = false;            // without -xMODERN
+    std::string table = "files";     // of a CSV: see kTableNames
+    std::string badge = "lines";     // see kBadgeNames
+    bool svg = false;                // a badge as a picture
+    std::string by = "complexity";   // of a list of functions: see kRankNames
+    int count = 10;                  // of a list of functions
+    std::string since;               // a commit; empty: a file is compared
+    int most_new = -1;               // how many new notices there may be; -1: any number
+    int max_complexity = -1;         // limits of a gate; -1: none
+    int max_lines = -1;
+    int max_notices = -1;
+    std::vector<std::string> notice_limits; // "12=0"
+    std::string known;                      // a report whose notices aren't new; empty: none
+    std::string allow;                      // see allow.h; empty: none
+    bool classic = false;                   // without -xMODERN
     int jobs = 1;
 };
 

@@ -8,7 +8,7 @@ set -euo pipefail
 build=(g++ g++  cmake cmake  ninja-build ninja  pkg-config pkg-config  libpcre2-dev /usr/include/pcre2posix.h
        libexpat1-dev /usr/include/expat.h  nlohmann-json3-dev /usr/include/nlohmann/json.hpp  libxxhash-dev /usr/include/xxhash.h
        libcli11-dev /usr/include/CLI/CLI.hpp)
-test=("${build[@]}"  doctest-dev /usr/include/doctest/doctest.h  libxml2-utils xmllint  tidy tidy  python3 python3  mandoc mandoc
+test=("${build[@]}"  doctest-dev /usr/include/doctest/doctest.h  libxml2-utils xmllint  tidy tidy  python3 python3  python3-jsonschema /usr/lib/python3/dist-packages/jsonschema/__init__.py  mandoc mandoc
       strace strace  git git)
 all=("${test[@]}"  clang-format clang-format  clang-tidy clang-tidy  clang clang++
      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux)
