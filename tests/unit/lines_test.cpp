@@ -1,6 +1,7 @@
 // What the masks say of a block, and the short way to the lines of a source.
 #include "bench.h"
 
+#include <bit>
 #include <random>
 
 #include "line_ways.h"
@@ -56,6 +57,8 @@ TEST_CASE("the bytes that the scanner looks at") {
         words += masks.word >> bit & 1 ? text[i] : ' ';
     }
     CHECK(words == "x  if Do  a  b     if FOR for1 ");
+    const TextLine wide(std::string(60, ' ') + "over_the_border;");
+    CHECK(std::popcount(wide.masks[0].token) + std::popcount(wide.masks[1].token) == 2);
     CHECK(looked_at == "x >  (  , a - ) ..        f    ");
 }
 

@@ -81,11 +81,10 @@ void ReadLines(SourceReader *reader, Globals *G) {
     }
 }
 
-// Whether the report holds nothing but lines, which can be counted without a look at functions, classes and notices. A sort may be
-// by any figure.
+// Whether the report holds nothing but lines, which can be counted without a look at functions, classes and notices.
 bool LinesAreAll(const Globals *G) {
     const int entities = G->function_metrics | G->list_functions | G->object_metrics | G->inheritance_report | G->macro_metrics;
-    const int figures = G->verbose_metrics | G->memory_metrics | G->csv_file_lines | (G->csv_rows != nullptr) | G->sort_key;
+    const int figures = G->verbose_metrics | G->memory_metrics | G->csv_file_lines | (G->csv_rows != nullptr);
     const int notices = G->quality_notices | G->notices_by_file | (G->udqn_list.count > 0) | G->skip_tokens_active;
     const int records = G->work_file_create | G->diff_code_lines | G->determine_source | G->work_deterministic | G->debug;
     const int rewritings = G->extract_mode | G->comment_doc_mode | G->extract_strings | G->extract_comments;
