@@ -16,7 +16,7 @@ struct ByteMasks {
     uint64_t event;   // what the count of lines looks at in code: " ' / # ; { } and the "f" of "for"
     uint64_t word;    // letters, digits and "_"
     uint64_t token;   // the first byte of every word, and what is visible and in no word
-    uint64_t code;    // of the tokens those that the scanner reacts to: see IsPassed and MayBeKeyword in byte_masks.cpp
+    uint64_t code;    // of the tokens those that the scanner may react to: keywords, and all others but single operators
 };
 
 inline constexpr size_t kMaskBytes = 64;
@@ -25,8 +25,8 @@ inline constexpr size_t kBytesBehind = kMaskBytes; // that must be readable behi
 // For the count of lines feed, visible and event are filled in; for the scanner all but event.
 enum class MaskUse { kLines, kCode };
 
-// Fills one record for every 64 bytes begun. Bytes behind count, up to the next 64, and kBytesBehind more are read: they are to be
-// 0.
+// Fills one record for every 64 bytes begun. Bytes behind count, up to the next 64, are looked at, and so are the byte ahead of the
+// first and kBytesBehind more: all of them are to be 0.
 using Classifier = void (*)(const char *bytes, size_t count, ByteMasks *masks);
 
 // Three ways to the same masks: for any machine, for any x86-64, and for one with AVX2. Null where the machine can't run it.
