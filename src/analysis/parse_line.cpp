@@ -29,9 +29,6 @@ bool SingleChar(const char *line, char ch) {
     if (!end) {
         end = line + strlen(line);
     }
-    if (p >= end) {
-        return false;
-    }
     for (++p; p < end && !IsLineEnd(*p); ++p) {
         if (*p == '/' && p + 1 < end && p[1] == '*') {
             const char *close = strstr(p + 2, "*/");

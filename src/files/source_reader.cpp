@@ -25,7 +25,6 @@ void Begin(SourceReader *reader, MaskUse use) {
     reader->at_end = 0;
     reader->has_nul = 0;
     reader->failed = 0;
-    reader->taken = 0;
     reader->begin = 0;
     reader->end = 0;
     reader->cut = 0;
@@ -46,7 +45,6 @@ int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify) 
         errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
         return 0;
     }
-    reader->size = info.st_size;
     Begin(reader, use);
     return 1;
 }
@@ -86,7 +84,6 @@ void Refill(SourceReader *reader) {
         reader->failed = got < 0 ? errno : 0;
     } else {
         reader->end += got;
-        reader->taken += got;
     }
     memset(block + reader->end, 0, kMaskBytes + kBytesBehind);
     reader->cut = reader->end;
