@@ -5,6 +5,7 @@
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
 #include "analysis/scopes.h"
+#include "files/source_reader.h"
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/mode.h"
@@ -26,8 +27,11 @@ void DebugState(const char *head, int closing, Globals *G) {
 
 // extern "C" {, or a brace behind #ifdef __cplusplus: the code inside stays at file level.
 bool IsLinkageBlock(const Scan &scan, const Globals *G) {
-    return G->function_scope <= 0 && (strstr(G->prev_code_line, "__cplusplus") || strstr(scan.line, "extern \"C\"") ||
-                                      strstr(G->prev_code_line, "extern \"C\""));
+    if (G->function_scope > 0) {
+        return false;
+    }
+    const char *line_before = KeptText(G->source);
+    return strstr(line_before, "__cplusplus") || strstr(scan.line, "extern \"C\"") || strstr(line_before, "extern \"C\"");
 }
 
 void OpenBlock(Globals *G) {

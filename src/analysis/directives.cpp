@@ -5,6 +5,7 @@
 #include "analysis/keyword_actions.h"
 #include "analysis/scan.h"
 #include "analysis/scopes.h"
+#include "files/source_reader.h"
 #include "report/state_line.h"
 #include "run/char_tests.h"
 #include "run/globals.h"
@@ -64,8 +65,8 @@ void OnHash(Scan &scan, Globals *G) {
     ++G->preproc_count;
     const char *word = Ltrim(scan.line + hash + 1);
     GoOnBehind(scan, static_cast<int>(word - scan.line) - 1);
-    for (int i = hash + 1; i <= scan.index; ++i) {
-        ++(scan.line[i] == '\t' ? scan.passed_tabs : scan.passed_blanks);
+    if (scan.index > hash) { // the blanks ahead of its word count for nothing
+        LeaveOutWhite(G->source, scan.line + hash + 1, scan.index - hash);
     }
     NoteSpan(scan, hash, scan.index, kPassedOver);
     if ((G->reading & kConditionals) && (G->reading & kBraces)) {
@@ -78,7 +79,7 @@ void OnHash(Scan &scan, Globals *G) {
     } else if (IsWord(word, "include")) {
         ++G->include_count;
     } else if (IsRegion(word)) { // "#region Don't touch": its text is prose
-        scan.white_end = scan.index + 1;
+        LeaveOutWhite(G->source, scan.line + scan.index + 1, scan.length - scan.index - 1);
         GoOnBehind(scan, scan.length - 1);
     } else if (word[0] == 'i' && word[1] == 'f') { // if, ifdef, ifndef
         G->if_directive = 1;

@@ -5,6 +5,7 @@
 #include "analysis/function.h"
 #include "analysis/rules.h"
 #include "analysis/scan.h"
+#include "files/source_reader.h"
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/mode.h"
@@ -98,8 +99,8 @@ void LookForHead(const Scan &scan, Globals *G) {
     }
     if (G->function_metrics && !G->catch_flag) {
         if (scan.index == scan.first_nonblank && NextChar(scan.line + scan.index) != '*') {
-            if (*G->prev_code_line) {
-                GetFunction(G->prev_code_line, static_cast<int>(strlen(G->prev_code_line)) - 1, G);
+            if (const char *line_before = KeptText(G->source); *line_before) {
+                GetFunction(line_before, static_cast<int>(strlen(line_before)) - 1, G);
             }
             BeginParams(scan, scan.line, G);
         } else {

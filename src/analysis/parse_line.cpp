@@ -3,6 +3,7 @@
 // It goes from state to state: code is walked by ScanCode in dispatch.cpp, comments and literals by spans.cpp.
 #include "analysis/parse_line.h"
 
+#include <algorithm>
 #include <climits>
 
 #include "analysis/extraction.h"
@@ -10,7 +11,6 @@
 #include "analysis/line_code.h"
 #include "analysis/scan.h"
 #include "analysis/spans.h"
-#include "analysis/white_space.h"
 #include "files/source_reader.h"
 #include "notices/raise.h"
 #include "notices/udqn.h"
@@ -49,14 +49,6 @@ bool IsJust(const Scan &scan, char ch) {
 
 namespace {
 
-// Blanks and tabs that count, up to a character; what a "#" passed over stands ahead of it.
-[[gnu::always_inline]] inline White CountWhiteOf(const Scan &scan, int end) {
-    White white = CountWhite(scan.line, end);
-    white.blanks -= scan.passed_blanks;
-    white.tabs -= scan.passed_tabs;
-    return white;
-}
-
 // Tabs raise a notice in every state but strings; inside a comment or a character literal behind its end.
 void RaiseTabs(const Scan &scan, int begin, Globals *G) {
     for (int i = begin; i < scan.index; ++i) {
@@ -66,21 +58,13 @@ void RaiseTabs(const Scan &scan, int begin, Globals *G) {
     }
 }
 
-int CountTabs(const char *text, int length) {
-    int tabs = 0;
-    for (int i = 0; i < length; ++i) {
-        tabs += text[i] == '\t';
-    }
-    return tabs;
-}
-
 void WalkLiteral(Scan &scan, int begin, Globals *G) {
     if (G->string_flag) {
         ScanString(scan, G);
         if (scan.kinds) {
             NoteString(scan, begin, G);
         }
-        scan.string_tabs += CountTabs(scan.line + begin, scan.index - begin);
+        G->quiet_tabs += CountWhite(scan.line + begin, scan.index - begin).tabs;
     } else {
         ScanCharLiteral(scan, G);
     }
@@ -156,14 +140,6 @@ void CountLine(const Scan &scan, int line_has_c_comment, Globals *G) {
     }
 }
 
-void CountWhiteSpace(const Scan &scan, Globals *G) {
-    const White white = CountWhiteOf(scan, scan.white_end);
-    AddClamped(G->file_white, white.blanks + G->tab_width * white.tabs);
-    if (white.tabs > scan.string_tabs && !scan.notices_print) {
-        CountTabNotices(white.tabs - scan.string_tabs, G);
-    }
-}
-
 // What the head of a line looks at, ahead of its characters.
 void BeginLine(const Scan &scan, Globals *G) {
     if (!G->continuation) {
@@ -193,12 +169,36 @@ void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
     }
 }
 
-int WhiteSoFar(const Globals *G) {
-    const White white = G->scan ? CountWhiteOf(*G->scan, G->scan->index) : White{};
-    return G->file_white + white.blanks + G->tab_width * white.tabs;
+namespace {
+
+int WhiteSpace(const char *end, const Globals *G) {
+    const White white = WhiteUpTo(G->source, end);
+    return static_cast<int>(std::min<int64_t>(white.blanks + G->tab_width * white.tabs, INT_MAX));
 }
 
-void BeginSource(Globals *G) {
+} // namespace
+
+int WhiteSoFar(const Globals *G) {
+    return G->scan ? WhiteSpace(G->scan->line + G->scan->index, G) : G->file_white;
+}
+
+void SettleTabs(const char *text, Globals *G) {
+    if (!(G->line_wants & kWantsNotices)) {
+        const int64_t tabs = WhiteUpTo(G->source, text).tabs - G->quiet_tabs;
+        CountTabNotices(static_cast<int>(std::clamp<int64_t>(tabs, 0, INT_MAX)), G);
+        G->quiet_tabs += tabs;
+    }
+}
+
+void EndSource(Globals *G) {
+    const char *end = G->source->Block() + G->source->begin;
+    G->file_white = WhiteSpace(end, G);
+    SettleTabs(end, G);
+    G->source = nullptr;
+}
+
+void BeginSource(SourceReader *reader, Globals *G) {
+    G->source = reader;
     const bool split = G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G);
     const bool after = G->determine_source | G->work_deterministic | G->recording_lines | (G->udqn_list.count > 0);
     G->line_wants = split * kWantsSplit + after * kWantsLook + NoticesArePrinted(G) * kWantsNotices;
@@ -206,31 +206,35 @@ void BeginSource(Globals *G) {
 
 namespace {
 
+// Index of the first byte above 32, or the length of the line.
+int FirstVisible(const SourceLine &line, int length) {
+    const ByteMasks *masks = line.masks + line.origin / static_cast<int>(kMaskBytes);
+    if (const uint64_t bits = masks->visible >> line.origin % kMaskBytes) {
+        return std::min(std::countr_zero(bits), length);
+    }
+    return NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + length) - line.origin;
+}
+
 // Field by field: most of them are set anyway.
 void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G) {
     scan.masks = line.masks;
-    scan.origin = line.origin;
     scan.line = line.text;
+    scan.kinds = nullptr;
+    scan.origin = line.origin;
     scan.number = number;
     scan.length = LengthWithoutLineEnd(line.text, line.length);
     // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
-    scan.first_nonblank = NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + scan.length) - line.origin;
+    scan.first_nonblank = FirstVisible(line, scan.length);
     scan.index = scan.first_nonblank;
-    scan.head_mark = 0;
     scan.blank = scan.first_nonblank == scan.length;
+    scan.c_comment_line = G->c_comment;
+    scan.notices_print = G->line_wants & kWantsNotices;
+    scan.head_mark = 0;
     scan.is_loc = 0;
     scan.non_effective = 0;
     scan.is_logical = 0;
-    scan.c_comment_line = G->c_comment;
-    scan.white_end = scan.length;
-    scan.string_tabs = 0;
-    scan.passed_blanks = 0;
-    scan.passed_tabs = 0;
-    scan.notices_print = G->line_wants & kWantsNotices;
     scan.aborted = 0;
     scan.moved = 0;
-    scan.stop = -1;
-    scan.kinds = nullptr;
 }
 
 // Whoever wants to look at the line once it is scanned.
@@ -276,16 +280,16 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
         scan.index = 0;
     }
     if (G->string_flag) {
-        scan.string_tabs = CountTabs(scan.line, scan.index); // the indent of a string's next line
+        G->quiet_tabs += CountWhite(scan.line, scan.index).tabs; // the indent of a string's next line
     }
     WalkLine(scan, G);
     G->scan = nullptr;
     G->line_letter = '\0';
     if (scan.aborted) {
+        LeaveOutWhite(G->source, line.text, line.length);
         return;
     }
 
-    CountWhiteSpace(scan, G);
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
     if (G->line_wants & kWantsLook) {
         LookAtLine(scan, line_has_c_comment, G);
@@ -301,7 +305,7 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
         ShowExtractedComment(scan.number, G);
     }
     if (scan.is_loc) {
-        memcpy(G->prev_code_line, scan.line, line.length + 1);
+        KeepLine(G->source, line);
     }
     EndLine(scan, G);
     if (scan.kinds) { // at the end of a file the rules see no line

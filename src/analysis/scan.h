@@ -7,34 +7,28 @@ struct Globals;
 
 struct Scan {
     const ByteMasks *masks; // what its bytes are
-    int origin;             // of its first byte in them
     const char *line;       // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
+    char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
+    int origin;             // of its first byte in the masks
     int number;             // line number in the file
     int length;             // characters without the line end
     int first_nonblank;     // index of the first byte above 32; the length when there is none
     int index;              // the character in hand; a handler may move it forward
-    int head_mark;          // from here on the code isn't in the text of the statement yet
     int blank;              // no byte above 32 in the line
+    int c_comment_line;     // a /* */ comment covers part of the line
+    int notices_print;      // a notice prints in its place; otherwise it only counts
+    int head_mark;          // from here on the code isn't in the text of the statement yet
     int is_loc;             // a line of code
     int non_effective;      // just a brace or just a parenthesis
     int is_logical;         // a ";" in code
-    int c_comment_line;     // a /* */ comment covers part of the line
-    int white_end;          // white space counts up to here
-    int string_tabs;        // tabs inside string literals, which raise no notice
-    int passed_blanks;      // blanks between a "#" and its word, where the scan goes on: they count for nothing
-    int passed_tabs;        // tabs there
-    int notices_print;      // a notice prints in its place; otherwise it only counts
     int aborted;            // a record couldn't be made: the line isn't scanned to its end
     int moved;              // the walk through code doesn't go on behind the character that it called a handler for
     int stop;               // where it ends, with moved; -1 where it goes on behind index
-    char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
 };
 
 inline int LengthWithoutLineEnd(const char *line, int bytes) {
-    int length = bytes;
-    length -= length > 0 && line[length - 1] == '\n';
-    length -= length > 0 && line[length - 1] == '\r';
-    return length;
+    const int length = bytes - (line[bytes - 1] == '\n'); // an empty line begins behind a NUL
+    return length - (line[length - 1] == '\r');
 }
 
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.

@@ -9,7 +9,7 @@
 #include <cstdint>
 
 // Bit 0 is the first of the 64 bytes. A byte is read as signed: one with the high bit set is not visible.
-struct ByteMasks {
+struct alignas(64) ByteMasks {
     uint64_t feed;    // line feeds
     uint64_t tab;     // tabs
     uint64_t visible; // 33 to 127: what isn't white

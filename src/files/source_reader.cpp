@@ -21,6 +21,11 @@ void EndFeeds(SourceReader *reader) {
 void Begin(SourceReader *reader, MaskUse use) {
     static const Classifier lines = BestClassifier(MaskUse::kLines);
     static const Classifier code = BestClassifier(MaskUse::kCode);
+    reader->use = use;
+    reader->white = {};
+    reader->white_to = 0;
+    reader->kept = {};
+    *reader->kept_text = '\0';
     reader->classify = use == MaskUse::kLines ? lines : code;
     reader->at_end = 0;
     reader->has_nul = 0;
@@ -72,8 +77,27 @@ ssize_t ReadSome(int fd, char *bytes, size_t most) {
     return got;
 }
 
+void CountWhiteUpTo(SourceReader *reader, size_t end) {
+    const size_t begin = reader->white_to;
+    const White more = begin < end ? CountWhite(reader->Block() + begin, end - begin) : White{};
+    const White less = end < begin ? CountWhite(reader->Block() + end, begin - end) : White{};
+    reader->white.blanks += more.blanks - less.blanks;
+    reader->white.tabs += more.tabs - less.tabs;
+    reader->white_to = end;
+}
+
+// What is asked for of the bytes that leave the block.
+void SettleBlock(SourceReader *reader) {
+    KeptText(reader);
+    if (reader->use == MaskUse::kCode) {
+        CountWhiteUpTo(reader, reader->begin);
+        reader->white_to = 0;
+    }
+}
+
 // Moves what is unread to the front of the block and fills the rest.
 void Refill(SourceReader *reader) {
+    SettleBlock(reader);
     char *block = reader->Block();
     memmove(block, block + reader->begin, reader->end - reader->begin);
     reader->end -= reader->begin;
@@ -128,6 +152,28 @@ int LeadingHighBytes(const char *text) {
 
 } // namespace
 
+const char *KeptText(SourceReader *reader) {
+    const auto [text, length, last] = reader->kept;
+    if (text) {
+        memcpy(reader->kept_text, text, length);
+        reader->kept_text[length > 0 ? length - 1 : 0] = last;
+        reader->kept_text[length] = '\0';
+        reader->kept.text = nullptr;
+    }
+    return reader->kept_text;
+}
+
+White WhiteUpTo(SourceReader *reader, const char *text) {
+    CountWhiteUpTo(reader, text - reader->Block());
+    return reader->white;
+}
+
+void LeaveOutWhite(SourceReader *reader, const char *text, size_t count) {
+    const White white = CountWhite(text, count);
+    reader->white.blanks -= white.blanks;
+    reader->white.tabs -= white.tabs;
+}
+
 int NextBytes(SourceReader *reader, char *bytes, int *count) {
     const RawPiece piece = FindPiece(reader);
     memcpy(bytes, piece.text, piece.bytes);
@@ -154,10 +200,14 @@ int NextBytes(SourceReader *reader, char *bytes, int *count) {
     text[-1] = '\0';
     const size_t length = reader->has_nul ? strlen(text) : bytes;
     *line = {text, static_cast<int>(length), static_cast<int>(text - reader->Block()), reader->masks};
-    if (filled) {
-        return length < bytes ? Piece::kLine : Piece::kTooLong;
+    const Piece piece = filled                                      ? (length < bytes ? Piece::kLine : Piece::kTooLong)
+                        : feed || *text == '\t' || *text > 11 ? Piece::kLine
+                                                                    : Piece::kEnd;
+    if (reader->use == MaskUse::kCode) { // only the text of a line counts
+        const size_t counted = piece == Piece::kLine ? length : 0;
+        LeaveOutWhite(reader, text + counted, bytes - counted);
     }
-    return feed || *text == '\t' || *text > 11 ? Piece::kLine : Piece::kEnd;
+    return piece;
 }
 
 // Every line of every file comes through here.

@@ -7,9 +7,17 @@
 #include <cstddef>
 
 #include "files/byte_masks.h"
+#include "files/white_space.h"
 
 // Bytes of a piece at most.
 inline constexpr int kMaxPiece = 2047;
+
+// A line of the block that is still asked for when the next ones are read.
+struct KeptLine {
+    const char *text; // null where none is kept, or where it stands in kept_text
+    int length;
+    char last; // its last character, in whose place a NUL may stand
+};
 
 struct SourceReader {
     static constexpr size_t kBlock = 64 * 1024;
@@ -23,8 +31,13 @@ struct SourceReader {
     size_t end;   // up to here
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
     char behind_cut;
+    MaskUse use;                              // what the masks are for
+    White white;                              // of the bytes ahead of white_to
+    size_t white_to;                          // those of the block up to here are counted
+    KeptLine kept;                            // the line asked for with KeepLine
     Classifier classify;                      // fills the masks; what for is the caller's choice at OpenSource and RewindSource
     ByteMasks masks[kBlock / kMaskBytes + 2]; // of the block, for the bytes up to end
+    char kept_text[kMaxPiece + 1];
     char room[kFront + kBlock + kMaskBytes + kBytesBehind];
 
     char *Block() { return room + kFront; }
@@ -46,6 +59,20 @@ int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify);
 void CloseSource(SourceReader *reader);
 // Begins again at the first byte, for another use. Returns 0 if the file can't be read from there.
 int RewindSource(SourceReader *reader, MaskUse use);
+
+// Keeps the line in hand until another one is kept.
+inline void KeepLine(SourceReader *reader, const SourceLine &line) {
+    reader->kept = {line.text, line.length, line.length > 0 ? line.text[line.length - 1] : '\0'};
+}
+// The line kept last, as it stands in the file; empty where none was kept. It stays until another one is kept.
+const char *KeptText(SourceReader *reader);
+
+// Blanks and tabs of the source up to a byte of the line in hand, without those left out. They are counted when they are asked for.
+// For a source that is read for its code.
+White WhiteUpTo(SourceReader *reader, const char *text);
+// The white of a piece of the line in hand counts for nothing.
+void LeaveOutWhite(SourceReader *reader, const char *text, size_t count);
+
 // Reads the next piece into bytes as it stands, NULs too: up to and with the next line feed, at most kMaxPiece bytes. Returns 0 at
 // the end of the file; *count is the number of bytes.
 int NextBytes(SourceReader *reader, char *bytes, int *count);

@@ -1,6 +1,8 @@
 // What the line scanner keeps from line to line, and what it counts. The per-file records are cleared behind every file.
 #pragma once
 
+#include <cstdint>
+
 #include "run/records.h"
 #include "run/text.h"
 
@@ -10,7 +12,7 @@ struct FileCounters {
     int notice_count;       // quality notices
     int file_line_no;       // physical lines read; skipped lines count
     int file_chars;         // characters of all scanned lines, line ends left out
-    int file_white;         // blanks, and tab_width for every tab, of all lines ahead of the one in hand
+    int file_white;         // blanks, and tab_width for every tab, of all lines; told behind the last one
     int file_loc;           // lines of code
     int file_blank;         // blank lines
     int file_comments;      // lines that hold comment text
@@ -75,7 +77,7 @@ struct LineState {
     int comment_pending;     // comment lines since the last blank line or the last entity that took them
     int fall_through;        // comment lines that speak of falling through, since the last function end
     int key_string_found;    // the key string of the settings was seen
-    LineText prev_code_line; // the last line of code
+    int64_t quiet_tabs;      // tabs that raise no notice: those in strings, and those whose notices are counted
     char line_letter;        // type of the line in hand, while lines are recorded; 0 for one without a record
     int skip_lines_active;   // inside a code skip region
     int skip_quality_active; // inside a quality skip region
@@ -89,10 +91,12 @@ enum LineWants : unsigned {
 };
 
 struct Scan;
+struct SourceReader;
 
 // The line in hand, and its split by kind in debug mode.
 struct LineBuffers {
     unsigned line_wants;   // LineWants, settled at the head of a source
+    SourceReader *source;  // of the file in hand; null outside of its lines
     const Scan *scan;      // the line in hand; null between lines
     const char *line_text; // its text, behind the last line what stands there; null ahead of the first file
     LineText mname;        // name of the macro whose #define was read last

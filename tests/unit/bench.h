@@ -17,6 +17,7 @@
 #include "run/driver/teardown.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "text_source.h"
 
 // A state record, 0 all over, and all that hangs on it.
 struct StateBench {
@@ -113,14 +114,12 @@ struct SourceBench : StateBench {
     // Scans the text, as a run does a file. Returns one letter per line, that of its type: "." for a line without one, "!" for a
     // piece that is too long.
     std::string Feed(const std::string &text) const {
-        const TempDir dir;
-        WriteText(dir / "source", text);
-        const auto reader = std::make_unique<SourceReader>();
-        REQUIRE(OpenSource(reader.get(), (dir / "source").c_str(), MaskUse::kCode, 0));
+        const TextSource source(text);
+        SourceReader *reader = source.reader.get();
         std::string letters;
-        BeginSource(G);
+        BeginSource(reader, G);
         SourceLine line;
-        for (Piece piece; (piece = NextPiece(reader.get(), &line)) != Piece::kEnd;) {
+        for (Piece piece; (piece = NextPiece(reader, &line)) != Piece::kEnd;) {
             if (piece == Piece::kLine) {
                 ParseLine(line, ++G->file_line_no, G);
                 letters += G->line_letter ? G->line_letter : '.';
@@ -128,7 +127,7 @@ struct SourceBench : StateBench {
                 letters += '!';
             }
         }
-        CloseSource(reader.get());
+        EndSource(G);
         return letters;
     }
 

@@ -24,13 +24,13 @@ struct Bench : StateBench {
         G->file_name = "bench";
     }
     void Scan(const std::string &text) const {
-        BeginSource(G);
-        for (size_t begin = 0; begin < text.size(); begin = text.find('\n', begin) + 1) {
-            const std::string line = text.substr(begin, text.find('\n', begin) + 1 - begin);
-            const TextLine source(line);
+        const TextSource source(text);
+        BeginSource(source.reader.get(), G);
+        for (SourceLine line; NextPiece(source.reader.get(), &line) != Piece::kEnd;) {
             ++G->file_line_no;
-            Written([&] { ParseLine(source.line, G->file_line_no, G); });
+            Written([&] { ParseLine(line, G->file_line_no, G); });
         }
+        EndSource(G);
     }
     // "name:line of its }", with "=complexity" where it isn't 1, joined by blanks.
     std::string Functions() const {

@@ -53,13 +53,24 @@ bool FollowSkipTokens(const char *line, Globals *G) {
     return G->skip_lines_active;
 }
 
+// Whether a line is skipped: then its white space isn't counted either.
+bool IsSkipped(const SourceLine &line, Globals *G) {
+    SettleTabs(line.text, G);
+    if (!FollowSkipTokens(line.text, G)) {
+        return false;
+    }
+    LeaveOutWhite(G->source, line.text, line.length);
+    return true;
+}
+
 void ReadLines(SourceReader *reader, Globals *G) {
-    BeginSource(G);
+    BeginSource(reader, G);
     for (;;) {
         SourceLine line;
         const Piece piece = NextPiece(reader, &line);
         G->line_text = line.text;
         if (piece == Piece::kEnd) {
+            EndSource(G);
             return;
         }
         if (piece == Piece::kTooLong) {
@@ -70,7 +81,7 @@ void ReadLines(SourceReader *reader, Globals *G) {
             continue;
         }
         ++G->file_line_no;
-        if (G->skip_tokens_active && FollowSkipTokens(line.text, G)) {
+        if (G->skip_tokens_active && IsSkipped(line, G)) {
             ++G->skipped_lines;
         } else {
             ParseLine(line, G->file_line_no, G);
