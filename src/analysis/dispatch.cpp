@@ -135,56 +135,51 @@ bool IsProper(char c) {
     return c > ' ' && c != '/' && c != '"' && c != '\'' && c != '*';
 }
 
-// The bytes of a line that are looked at in code, one after the other: the set bits of its masks.
-struct CodeWalk {
-    const ByteMasks *masks; // of the 64 bytes in hand
-    uint64_t bits;          // of them, those still to come
-    const char *bytes;      // their text
-};
-
-// Where something is waited for, every token is looked at.
-uint64_t BitsOf(const ByteMasks *masks, const Scan &scan, bool waiting) {
-    return (waiting ? masks->token : masks->code) | (scan.notices_print ? masks->tab : 0);
+// Of 64 bytes, those that are looked at in code. Where something is waited for that is every token.
+uint64_t BitsAt(int place, const Scan &scan, bool waiting) {
+    const ByteMasks &masks = scan.masks[static_cast<unsigned>(place) / kMaskBytes];
+    return (waiting ? masks.token : masks.code) | (scan.notices_print ? masks.tab : 0);
 }
 
-CodeWalk WalkFrom(const Scan &scan, int index, bool waiting) {
-    const size_t at = static_cast<size_t>(scan.origin) + static_cast<size_t>(index);
-    const ByteMasks *masks = scan.masks + at / kMaskBytes;
-    return {masks, BitsOf(masks, scan, waiting) >> at % kMaskBytes << at % kMaskBytes, scan.line + index - at % kMaskBytes};
-}
-
-// Calls the handlers of what is looked at from index on, until a comment or a literal opens or the line ends. With waiting it ends
+// Calls the handlers of what is looked at from begin on, until a comment or a literal opens or the line ends. With waiting it ends
 // too, behind the byte in hand, where nothing is waited for any more. Returns the index where it ended.
 template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers, Globals *G) {
-    const char *end = scan.line + scan.length;
-    CodeWalk walk = WalkFrom(scan, begin, waiting);
+    constexpr int kBytes = kMaskBytes;
     for (;;) {
-        while (!walk.bits) {
-            walk.bytes += kMaskBytes;
-            if (walk.bytes >= end) {
+        const int place = scan.origin + begin;
+        const int skipped = place & (kBytes - 1); // of the 64 bytes in hand
+        int first = begin - skipped;        // index of the first of them
+        uint64_t bits = BitsAt(place, scan, waiting) >> skipped << skipped;
+        do {
+            while (!bits) {
+                first += kBytes;
+                if (first >= scan.length) {
+                    return scan.length;
+                }
+                bits = BitsAt(scan.origin + first, scan, waiting);
+            }
+            const int index = first + std::countr_zero(bits);
+            if (index >= scan.length) {
                 return scan.length;
             }
-            walk.bits = BitsOf(++walk.masks, scan, waiting);
-        }
-        const char *p = walk.bytes + std::countr_zero(walk.bits);
-        if (p >= end) {
-            return scan.length;
-        }
-        walk.bits &= walk.bits - 1;
-        scan.index = static_cast<int>(p - scan.line);
-        if (waiting && IsProper(*p)) {
-            CheckPending(scan, G);
-        }
-        handlers[static_cast<unsigned char>(*p)](scan, G);
-        if (scan.moved) {
-            scan.moved = 0;
-            if (scan.stop >= 0) {
-                return scan.stop;
+            bits &= bits - 1;
+            scan.index = index;
+            const char c = scan.line[index];
+            if (waiting && IsProper(c)) {
+                CheckPending(scan, G);
             }
-            walk = WalkFrom(scan, scan.index + 1, waiting);
+            handlers[static_cast<unsigned char>(c)](scan, G);
+            if (waiting && !scan.moved && !IsWaiting(scan, G)) {
+                return index + 1;
+            }
+        } while (!scan.moved);
+        scan.moved = 0;
+        if (scan.stop >= 0) {
+            return scan.stop;
         }
+        begin = scan.index + 1;
         if (waiting && !IsWaiting(scan, G)) {
-            return scan.index + 1;
+            return begin;
         }
     }
 }

@@ -29,6 +29,11 @@ void AddCounters(FileCounters &sum, const FileCounters &file) {
 
 void ResetState(Globals *G) {
     static_cast<PerFile &>(*G) = PerFile{};
+    static_assert(sizeof(PerFileTexts) % sizeof(LineText) == 0);
+    char *texts = reinterpret_cast<char *>(static_cast<PerFileTexts *>(G));
+    for (size_t text = 0; text < sizeof(PerFileTexts); text += sizeof(LineText)) {
+        texts[text] = '\0';
+    }
     if (G->udqn_chosen) {
         static_cast<UdqnFileState &>(*G) = UdqnFileState{};
     }

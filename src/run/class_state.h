@@ -46,8 +46,11 @@ struct ClassHead {
     int interface_flag; // it is an interface's
 };
 
+struct TemplateText {
+    LineText template_line; // template heading being gathered
+};
+
 struct ClassState : ClassBody, ClassHead {
-    LineText template_line;                  // template heading being gathered
     int class_flag;                          // inside a body
     int classname_pending;                   // the name is looked for on the next line
     int class_index;                         // nesting depth, 0 in a top-level class

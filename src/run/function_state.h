@@ -22,11 +22,14 @@ struct FunctionHead {
     int instantiate_colon_flag; // a ":" between head and body: constructor initialisers
 };
 
-struct FunctionState : FunctionHead {
+struct FunctionTexts {
     LineText funcname;           // the candidate, qualified
     LineText params;             // its parameter text
     LineText func_template_text; // its template heading
     LineText func_first_line;    // the line of its "{", outside notice mode
+};
+
+struct FunctionState : FunctionHead {
     int param_line;              // the last line collected into params
     int inline_flag;             // declared inline
     int local_params;            // parameters of the open function

@@ -1,8 +1,8 @@
 // The one state record. Every folder declares its fields in its own *_state.h; this file only joins them, so that G->file_loc works
 // everywhere and the file a field stands in tells who owns it.
 //
-// The second axis is lifetime. What stands in PerFile is cleared behind every source file; all else lasts for the run. Membership
-// in PerFile is the reset list.
+// The second axis is lifetime. What stands in PerFile and PerFileTexts is cleared behind every source file; all else lasts for the
+// run. Membership in them is the reset list.
 #pragma once
 
 #include "run/baseline_state.h"
@@ -23,6 +23,9 @@
 #include "run/scope_state.h"
 #include "run/tree_state.h"
 #include "run/udqn_state.h"
+
+// Texts only, which are cleared by their first byte.
+struct PerFileTexts : FunctionTexts, TemplateText {};
 
 // Cleared by ResetState behind every source file.
 struct PerFile : FileCounters,
@@ -65,6 +68,7 @@ struct Globals : RunSwitches,
                  BaselineFiles,
                  BaselineRun,
                  ReportCfgTables,
+                 PerFileTexts,
                  PerFile {
     FileCounters total;               // the project: the same shape as one file
     FunctionPointValues total_points; // the project's function points

@@ -97,7 +97,11 @@ TEST_CASE("behind a file exactly its own state is gone") {
     G->udqn_chosen = 0; // rules keep a state of their own, which goes where one has run
     const std::string before(reinterpret_cast<const char *>(G), sizeof *G);
     ResetState(G);
-    const std::string after(reinterpret_cast<const char *>(G), sizeof *G);
+    std::string after(reinterpret_cast<const char *>(G), sizeof *G);
+    for (const char *text : {G->funcname, G->params, G->func_template_text, G->func_first_line, G->template_line}) {
+        CHECK(*text == '\0');
+        after[text - reinterpret_cast<const char *>(G)] = 0x55;
+    }
     const size_t begin = reinterpret_cast<char *>(static_cast<PerFile *>(G)) - reinterpret_cast<char *>(G);
     CHECK(before.substr(0, begin) == after.substr(0, begin));
     CHECK(before.substr(begin + sizeof(PerFile)) == after.substr(begin + sizeof(PerFile)));
