@@ -164,8 +164,6 @@ constexpr Keyword kKeywords[] = {
 constexpr int kKeywordCount = sizeof kKeywords / sizeof *kKeywords;
 static_assert(kKeywordCount < 256);
 
-constexpr int kLongLength = 31; // lengths from here on share a bit
-
 constexpr bool IsPrefix(const Keyword &keyword) {
     return keyword.closing == kName || keyword.closing == kOpName;
 }
@@ -175,31 +173,56 @@ constexpr int LetterBit(char letter) {
     return letter & 31;
 }
 
-// The rows of a first letter, and the second letters and lengths that a word of theirs can have: most names of a program fail here.
-struct Group {
-    uint32_t lengths;
-    uint32_t seconds; // LetterBit of the second letters
+// The first bytes of a word as one number, the first byte lowest on any machine.
+constexpr int kHeadBytes = 8;
+constexpr uint64_t HeadOf(const char *word, size_t bytes) {
+    uint64_t head = 0;
+    for (size_t i = 0; i < bytes; ++i) {
+        head |= uint64_t{static_cast<unsigned char>(word[i])} << 8 * i;
+    }
+    return head;
+}
+uint64_t HeadOf(const char *word) {
+    uint64_t head;
+    memcpy(&head, word, sizeof head);
+    return std::endian::native == std::endian::little ? head : __builtin_bswap64(head);
+}
+
+// The first bytes of a row's word, and which they are: one comparison tells most other words apart.
+struct WordHead {
+    uint64_t bytes, mask;
+};
+constexpr std::array<WordHead, kKeywordCount> kHeads = [] {
+    std::array<WordHead, kKeywordCount> heads{};
+    for (int row = 0; row < kKeywordCount; ++row) {
+        const std::string_view word = kKeywords[row].word;
+        const size_t size = std::min<size_t>(word.size(), kHeadBytes);
+        heads[row] = {HeadOf(word.data(), size), ~uint64_t{0} >> 8 * (kHeadBytes - size)};
+    }
+    return heads;
+}();
+
+// The rows of a first letter, by its bit, and of a second letter. Where both are those of a keyword, a word is looked at.
+struct Rows {
     unsigned char begin, end;
 };
+using RowsOfSecond = std::array<Rows, 32>;
 
-void RowsOfAFirstLetterStandTogether() {} // not constexpr: reached only by a wrong table, which then doesn't compile
+void RowsOfTwoLettersStandTogether() {} // not constexpr: reached only by a wrong table, which then doesn't compile
 
-constexpr std::array<Group, 128> kGroups = [] {
-    std::array<Group, 128> groups{};
+constexpr std::array<RowsOfSecond, 32> kRows = [] {
+    std::array<RowsOfSecond, 32> all{};
     for (int row = 0; row < kKeywordCount; ++row) {
-        const Keyword &keyword = kKeywords[row];
-        Group &group = groups[keyword.word[0]];
-        if (group.end == 0) {
-            group.begin = static_cast<unsigned char>(row);
-        } else if (group.end != row) {
-            RowsOfAFirstLetterStandTogether();
+        const std::string_view word = kKeywords[row].word;
+        Rows &rows = all[LetterBit(word[0])][LetterBit(word[1])];
+        if (rows.end == 0) {
+            rows.begin = static_cast<unsigned char>(row);
+        } else if (rows.end != row) {
+            RowsOfTwoLettersStandTogether();
         }
-        group.end = static_cast<unsigned char>(row + 1);
-        const uint32_t own = 1U << keyword.word.size();
-        group.seconds |= 1U << LetterBit(keyword.word[1]);
-        group.lengths |= IsPrefix(keyword) ? ~(own - 1) : own;
+        rows.end = static_cast<unsigned char>(row + 1);
     }
-    return groups;
+    return all;
 }();
 
 // For every character the first letters that it may stand in front of; NUL stands in front of the line.
@@ -275,16 +298,23 @@ bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
     return true;
 }
 
-// Of the word at index.
-int WordLength(const Scan &scan) {
-    const size_t at = static_cast<size_t>(scan.origin) + static_cast<size_t>(scan.index);
-    const ByteMasks *masks = scan.masks + at / kMaskBytes;
-    const int room = static_cast<int>(kMaskBytes - at % kMaskBytes);
-    int length = std::countr_one(masks->word >> at % kMaskBytes);
-    for (int more = kMaskBytes; length >= room && more == static_cast<int>(kMaskBytes); length += more) {
-        more = std::countr_one((++masks)->word);
-    }
-    return length;
+// A word whose head is that of a row is the row's: nothing else follows.
+bool IsWordOf(const Keyword &keyword, const char *text) {
+    const size_t size = keyword.word.size();
+    return (size <= kHeadBytes || memcmp(text + kHeadBytes, keyword.word.data() + kHeadBytes, size - kHeadBytes) == 0) &&
+           (IsPrefix(keyword) || !IsWordChar(text[size]));
+}
+
+bool HasHead(uint64_t head, int row) {
+    return ((head ^ kHeads[row].bytes) & kHeads[row].mask) == 0;
+}
+
+const Rows &RowsOf(const char *word) {
+    return kRows[LetterBit(word[0])][LetterBit(word[1])];
+}
+
+bool MayFollow(const char *word) {
+    return kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1;
 }
 
 } // namespace
@@ -300,35 +330,26 @@ bool KeywordTermin(const char *line, int index, int *counter, char term1, char t
 
 void CountLoop(const char *line, int index, Globals *G) {
     const char *word = line + index;
-    if (!(kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
+    if (!MayFollow(word)) {
         return;
     }
-    int length = 0;
-    while (IsWordChar(word[length])) {
-        ++length;
-    }
-    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
-    for (int row = group.begin; row < group.end; ++row) {
+    const auto [begin, end] = RowsOf(word);
+    const uint64_t head = HeadOf(word);
+    for (int row = begin; row < end; ++row) {
         const Keyword &keyword = kKeywords[row];
-        if (keyword.file_counter == &File::for_count && keyword.word == std::string_view(word, length)) {
-            IsClosed(keyword, line, index + length, &G->for_count);
+        if (keyword.file_counter == &File::for_count && HasHead(head, row) && IsWordOf(keyword, word)) {
+            IsClosed(keyword, line, index + static_cast<int>(keyword.word.size()), &G->for_count);
             return;
         }
     }
 }
 
-// A word that is a keyword by its first two letters and what stands in front of it.
-[[gnu::noinline]] static void OnLikelyKeyword(const Group &group, Scan &scan, Globals *G) {
+// A word with the head of a row; the others of its first two letters stand behind it.
+[[gnu::noinline]] static void OnLikelyKeyword(int row, int end, Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const int length = WordLength(scan);
-    if (!(group.lengths >> std::min(length, kLongLength) & 1)) {
-        return;
-    }
-    for (int row = group.begin; row < group.end; ++row) {
-        const Keyword &keyword = kKeywords[row];
-        const int size = static_cast<int>(keyword.word.size());
-        const int fits = size == length || (size < length && IsPrefix(keyword));
-        if (fits && memcmp(keyword.word.data(), word, size) == 0 && TakeKeyword(keyword, scan, G)) {
+    const uint64_t head = HeadOf(word);
+    for (; row < end; ++row) {
+        if (HasHead(head, row) && IsWordOf(kKeywords[row], word) && TakeKeyword(kKeywords[row], scan, G)) {
             return;
         }
     }
@@ -336,8 +357,15 @@ void CountLoop(const char *line, int index, Globals *G) {
 
 void OnWord(Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const Group &group = kGroups[static_cast<unsigned char>(*word) & 127];
-    if ((group.seconds >> LetterBit(word[1]) & 1) && (kMayFollow[static_cast<unsigned char>(word[-1])] >> LetterBit(*word) & 1)) {
-        OnLikelyKeyword(group, scan, G);
+    const auto [begin, end] = RowsOf(word);
+    if (begin == end || !MayFollow(word)) {
+        return;
+    }
+    const uint64_t head = HeadOf(word);
+    for (int row = begin; row < end; ++row) {
+        if (HasHead(head, row)) {
+            OnLikelyKeyword(row, end, scan, G);
+            return;
+        }
     }
 }
