@@ -198,7 +198,7 @@ bool IsInCode(const Globals *G) {
 
 } // namespace
 
-[[gnu::noinline]] void ScanCode(Scan &scan, Globals *G) {
+void ScanCode(Scan &scan, Globals *G) {
     const Handlers &handlers = G->is_other ? kLiteralHandlers : kCodeHandlers;
     const int begin = scan.index;
     scan.head_mark = begin;

@@ -125,13 +125,13 @@ bool SpeaksOfFallingThrough(const char *line) {
     return false;
 }
 
-void CountLine(const Scan &scan, int line_has_c_comment, Globals *G) {
+void CountLine(const Scan &scan, int has_comment, Globals *G) {
     if (scan.blank) {
         ++G->file_blank;
         G->comment_pending = 0;
     }
     G->file_loc += scan.is_loc;
-    if (line_has_c_comment || G->cpp_comment) {
+    if (has_comment) {
         if (G->function_metrics | G->list_functions) { // only functions ask
             G->fall_through += SpeaksOfFallingThrough(scan.line);
         }
@@ -208,8 +208,8 @@ namespace {
 
 // Index of the first byte above 32, or the length of the line.
 int FirstVisible(const SourceLine &line, int length) {
-    const ByteMasks *masks = line.masks + line.origin / static_cast<int>(kMaskBytes);
-    if (const uint64_t bits = masks->visible >> line.origin % kMaskBytes) {
+    const size_t origin = static_cast<size_t>(line.origin);
+    if (const uint64_t bits = line.masks[origin / kMaskBytes].visible >> origin % kMaskBytes) {
         return std::min(std::countr_zero(bits), length);
     }
     return NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + length) - line.origin;
@@ -237,13 +237,37 @@ void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G)
     scan.moved = 0;
 }
 
+[[gnu::cold]] void BeginSplit(std::span<char> kinds, Globals *G) {
+    memset(kinds.data(), kCodeSpan, kinds.size());
+    if (!G->continuation) {
+        ForgetExtracted(G);
+    }
+}
+
+[[gnu::cold]] void EndSplit(const Scan &scan, Globals *G) {
+    if (G->debug) {
+        ShowSplitLine(scan, G);
+    }
+    ClearText(G->line_code);
+    ClearText(G->line_string);
+    ClearText(G->line_comment);
+}
+
 // Whoever wants to look at the line once it is scanned.
 void LookAtLine(const Scan &scan, int line_has_c_comment, Globals *G) {
+    const int has_comment = line_has_c_comment | G->cpp_comment;
     if (G->determine_source || G->work_deterministic) {
         ReportLine(scan, line_has_c_comment, G);
     }
-    if (G->recording_lines) {
-        G->line_letter = LineLetter(scan, line_has_c_comment || G->cpp_comment, G);
+    G->line_letter = G->recording_lines ? LineLetter(scan, has_comment, G) : '\0';
+    if (scan.kinds) {
+        SplitLine(scan, G);
+    }
+    if (G->line_wants & kWantsLook) {
+        udqn_process(scan.line, 0, G);
+    }
+    if (scan.kinds && G->extract_comments && has_comment) {
+        ShowExtractedComment(scan.number, G);
     }
 }
 
@@ -268,11 +292,8 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
     Scan scan;
     BeginScan(scan, line, line_number, G);
     if (G->line_wants & kWantsSplit) {
-        memset(kinds, kCodeSpan, sizeof kinds);
         scan.kinds = kinds;
-        if (!G->continuation) {
-            ForgetExtracted(G);
-        }
+        BeginSplit(kinds, G);
     }
     G->scan = &scan;
     BeginLine(scan, G);
@@ -284,37 +305,24 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
     }
     WalkLine(scan, G);
     G->scan = nullptr;
-    G->line_letter = '\0';
     if (scan.aborted) {
         LeaveOutWhite(G->source, line.text, line.length);
+        G->line_letter = '\0';
         return;
     }
 
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
-    if (G->line_wants & kWantsLook) {
+    const int has_comment = line_has_c_comment | G->cpp_comment;
+    CountLine(scan, has_comment, G);
+    if (G->line_wants) {
         LookAtLine(scan, line_has_c_comment, G);
-    }
-    CountLine(scan, line_has_c_comment, G);
-    if (scan.kinds) {
-        SplitLine(scan, G);
-    }
-    if (G->line_wants & kWantsLook) {
-        udqn_process(scan.line, 0, G);
-    }
-    if (scan.kinds && G->extract_comments && (line_has_c_comment || G->cpp_comment)) {
-        ShowExtractedComment(scan.number, G);
     }
     if (scan.is_loc) {
         KeepLine(G->source, line);
     }
     EndLine(scan, G);
     if (scan.kinds) { // at the end of a file the rules see no line
-        if (G->debug) {
-            ShowSplitLine(scan, G);
-        }
-        ClearText(G->line_code);
-        ClearText(G->line_string);
-        ClearText(G->line_comment);
+        EndSplit(scan, G);
     }
     G->at_flag = 0;
 }

@@ -112,11 +112,8 @@ void CountLiteral(Scan &scan, int begin) {
     }
 }
 
-bool GoesOn(const Scan &scan, const Globals *G) {
+bool GoesOnBehindBlanks(const Scan &scan, const Globals *G) {
     int last = scan.length - 1;
-    if (scan.line[last] > ' ' && scan.line[last] != '\\') { // most lines
-        return false;
-    }
     while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
         --last;
     }

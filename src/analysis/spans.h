@@ -2,8 +2,9 @@
 // with none of them set the line is in code. Each state has a walker that leaps to the character that can end it.
 #pragma once
 
+#include "analysis/scan.h"
+
 struct Globals;
-struct Scan;
 
 // A "/" in code is in hand. True if a comment opens there.
 bool OpenComment(Scan &scan, Globals *G);
@@ -19,6 +20,10 @@ void ScanCharLiteral(Scan &scan, Globals *G);
 void CountLiteral(Scan &scan, int begin);
 
 // True if the line ends in a backslash, blanks behind it aside: it keeps a // comment and an open string alive.
-bool GoesOn(const Scan &scan, const Globals *G);
+bool GoesOnBehindBlanks(const Scan &scan, const Globals *G);
+inline bool GoesOn(const Scan &scan, const Globals *G) {
+    const char last = scan.line[scan.length - 1];
+    return (last <= ' ' || last == '\\') && GoesOnBehindBlanks(scan, G);
+}
 // What ends with a line that doesn't go on.
 void EndSpans(Globals *G);
