@@ -111,8 +111,8 @@ inline Vector Below(Vector v, char c) {
     return _mm_cmplt_epi8(v, _mm_set1_epi8(c));
 }
 inline Vector IsIn(Vector v, char first, char last) {
-    const Vector above = _mm_sub_epi8(v, _mm_set1_epi8(first));
-    return _mm_cmpeq_epi8(_mm_min_epu8(above, _mm_set1_epi8(static_cast<char>(last - first))), above);
+    const Vector moved = _mm_add_epi8(v, _mm_set1_epi8(static_cast<char>(-128 - first))); // first is the least byte then
+    return _mm_cmplt_epi8(moved, _mm_set1_epi8(static_cast<char>(-128 + last - first + 1)));
 }
 inline uint32_t Bits(Vector v) {
     return static_cast<uint32_t>(_mm_movemask_epi8(v));
@@ -143,8 +143,8 @@ LANES_TARGET inline Vector Below(Vector v, char c) {
     return _mm256_cmpgt_epi8(_mm256_set1_epi8(c), v);
 }
 LANES_TARGET inline Vector IsIn(Vector v, char first, char last) {
-    const Vector above = _mm256_sub_epi8(v, _mm256_set1_epi8(first));
-    return _mm256_cmpeq_epi8(_mm256_min_epu8(above, _mm256_set1_epi8(static_cast<char>(last - first))), above);
+    const Vector moved = _mm256_add_epi8(v, _mm256_set1_epi8(static_cast<char>(-128 - first))); // first is the least byte then
+    return _mm256_cmpgt_epi8(_mm256_set1_epi8(static_cast<char>(-128 + last - first + 1)), moved);
 }
 LANES_TARGET inline uint32_t Bits(Vector v) {
     return static_cast<uint32_t>(_mm256_movemask_epi8(v));
