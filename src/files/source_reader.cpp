@@ -182,8 +182,7 @@ int NextBytes(SourceReader *reader, char *bytes, int *count) {
     return piece.bytes > 0;
 }
 
-// A piece that is the last one, has no line feed, begins with high bytes, may hold a NUL, or is still to be read.
-[[gnu::noinline]] static Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
+Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     const auto [begin, raw_bytes, feed] = FindPiece(reader);
     char *text = begin;
     size_t bytes = raw_bytes;
@@ -208,29 +207,4 @@ int NextBytes(SourceReader *reader, char *bytes, int *count) {
         LeaveOutWhite(reader, text + counted, bytes - counted);
     }
     return piece;
-}
-
-// Every line of every file comes through here.
-Piece NextPiece(SourceReader *reader, SourceLine *line) {
-    char *block = reader->Block();
-    block[reader->cut] = reader->behind_cut;
-    const size_t begin = reader->begin;
-    size_t word = begin / kMaskBytes;
-    uint64_t feeds = reader->masks[word].feed >> begin % kMaskBytes << begin % kMaskBytes;
-    while (!feeds) {
-        feeds = reader->masks[++word].feed;
-    }
-    const size_t feed = word * kMaskBytes + static_cast<size_t>(std::countr_zero(feeds));
-    char *text = block + begin;
-    if (feed >= reader->end || feed - begin >= kMaxPiece || *text < 0 || reader->has_nul) {
-        return NextOddPiece(reader, line);
-    }
-    const size_t behind = feed + 1;
-    reader->begin = behind;
-    reader->cut = behind;
-    reader->behind_cut = block[behind];
-    block[behind] = '\0';
-    text[-1] = '\0';
-    *line = {text, static_cast<int>(behind - begin), static_cast<int>(begin), reader->masks};
-    return Piece::kLine;
 }

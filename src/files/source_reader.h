@@ -79,4 +79,36 @@ int NextBytes(SourceReader *reader, char *bytes, int *count);
 // Hands out the next piece: up to and with the next line feed, or kMaxPiece bytes of a line that is longer (kTooLong). Leading
 // bytes with the high bit set are left away; a NUL ends the text of the piece. A last piece without a line feed whose first byte,
 // read as signed, is at most 11 and no tab counts as the end.
-Piece NextPiece(SourceReader *reader, SourceLine *line);
+inline Piece NextPiece(SourceReader *reader, SourceLine *line);
+
+// A piece that is the last one, has no line feed, begins with high bytes, may hold a NUL, or is still to be read.
+Piece NextOddPiece(SourceReader *reader, SourceLine *line);
+
+// Every line of every file comes through here.
+inline Piece NextPiece(SourceReader *reader, SourceLine *line) {
+    char *block = reader->Block();
+    block[reader->cut] = reader->behind_cut;
+    const size_t begin = reader->begin;
+    const ByteMasks *masks = reader->masks + begin / kMaskBytes;
+    size_t feed = begin; // of the next line feed
+    if (uint64_t feeds = masks->feed >> begin % kMaskBytes) {
+        feed += static_cast<size_t>(std::countr_zero(feeds));
+    } else {
+        do {
+            feeds = (++masks)->feed;
+        } while (!feeds);
+        feed = static_cast<size_t>(masks - reader->masks) * kMaskBytes + static_cast<size_t>(std::countr_zero(feeds));
+    }
+    char *text = block + begin;
+    if (feed >= reader->end || feed - begin >= kMaxPiece || *text < 0 || reader->has_nul) {
+        return NextOddPiece(reader, line);
+    }
+    const size_t behind = feed + 1;
+    reader->begin = behind;
+    reader->cut = behind;
+    reader->behind_cut = block[behind];
+    block[behind] = '\0';
+    text[-1] = '\0';
+    *line = {text, static_cast<int>(behind - begin), static_cast<int>(begin), reader->masks};
+    return Piece::kLine;
+}
