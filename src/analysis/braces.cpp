@@ -25,13 +25,17 @@ void DebugState(const char *head, int closing, Globals *G) {
             G->namespace_count, G->closebrace_count, G->function_scope);
 }
 
+bool HoldsExternC(const char *line) {
+    return strchr(line, '"') && strstr(line, "extern \"C\""); // few lines have a quote
+}
+
 // extern "C" {, or a brace behind #ifdef __cplusplus: the code inside stays at file level.
 bool IsLinkageBlock(const Scan &scan, const Globals *G) {
     if (G->function_scope > 0) {
         return false;
     }
     const char *line_before = KeptText(G->source);
-    return strstr(line_before, "__cplusplus") || strstr(scan.line, "extern \"C\"") || strstr(line_before, "extern \"C\"");
+    return strstr(line_before, "__cplusplus") || HoldsExternC(scan.line) || HoldsExternC(line_before);
 }
 
 void OpenBlock(Globals *G) {

@@ -22,13 +22,15 @@ struct Head {
     int col;
     const char *first_paren, *last_paren; // the line's outermost "(", null for none
     const char *last_slash;
-    const char *op; // "operator" in the line, or null
+    const char *op; // "operator" in the line, or null; always null in C
 };
 
 // A text that is filled from its end: what is read backwards then stands the right way round.
 struct BackwardText {
-    LineText text{};
+    LineText text;
     int begin = sizeof(LineText) - 1;
+    bool has_types = false; // it holds a ">"
+    BackwardText() { text[begin] = '\0'; }
     void Put(char c) {
         if (begin > 0) {
             text[--begin] = c;
@@ -38,7 +40,7 @@ struct BackwardText {
 
 enum Verdict { kNothing, kSettled, kTryAgain };
 
-Head ReadHead(const char *line, int col) {
+Head ReadHead(const char *line, int col, const Globals *G) {
     const int length = static_cast<int>(strlen(line));
     return {line,
             length,
@@ -46,7 +48,7 @@ Head ReadHead(const char *line, int col) {
             strchr(line, '('),
             strrchr(line, '('),
             strrchr(line, '/'),
-            strstr(line, "operator")};
+            G->is_c ? nullptr : strstr(line, "operator")};
 }
 
 char NextBehindCol(const Head &head) {
@@ -128,6 +130,7 @@ void ReadBackwards(const char *line, int i, BackwardText &name) {
     constexpr static CharSet kStops(" \t(*&", true);
     while (i >= 0 && !kStops.Has(line[i])) {
         if (line[i] == '>') {
+            name.has_types = true;
             i = PutTemplatePart(line, i, name);
         } else if (line[i] == '/' && i > 0 && line[i - 1] == '*') {
             i = OverComment(line, i);
@@ -154,7 +157,7 @@ void KeepLastWord(char *name) {
 
 // 0 if nothing is to be recorded.
 int ReadName(Head &head, Globals *G) {
-    if (head.op && !G->is_c && (!head.first_paren || head.op < head.first_paren)) {
+    if (head.op && (!head.first_paren || head.op < head.first_paren)) {
         ReadOperatorName(head.line, head.op, G->funcname);
         return 1;
     }
@@ -169,7 +172,9 @@ int ReadName(Head &head, Globals *G) {
     BackwardText name;
     ReadBackwards(head.line, i, name);
     CopyText(G->funcname, name.text + name.begin);
-    KeepLastWord(G->funcname);
+    if (name.has_types) { // only their text can hold what splits a name
+        KeepLastWord(G->funcname);
+    }
     return 1;
 }
 
@@ -287,7 +292,7 @@ void GetFunction(const char *line, int col, Globals *G) {
     if (!line || G->instantiate_colon_flag) { // A::A() : b(1), c(2) {
         return;
     }
-    Head head = ReadHead(line, col);
+    Head head = ReadHead(line, col, G);
     Verdict verdict;
     do {
         verdict = TryHead(head, G);

@@ -38,8 +38,13 @@ void CutBehindList(char *text, int is_operator) {
 
 // ( int a,  int b ) becomes (int a, int b): a ")" behind a blank ends the text.
 void CopyPacked(const char *text, std::span<char> out) {
+    static constexpr CharSet kSpecial(" \t\n\r)", true);
     size_t used = 0;
     for (; *text && used + 1 < out.size(); ++text) {
+        if (!kSpecial.Has(*text)) { // most of them
+            out[used++] = *text;
+            continue;
+        }
         const char before = used > 0 ? out[used - 1] : '\0';
         if (*text == '\t' || *text == '\n' || *text == '\r' || (*text == ' ' && (before == ' ' || before == '('))) {
             continue;
@@ -77,7 +82,7 @@ int countParams(const char *params) {
     }
     int count = 1;
     int depth = 0;
-    for (; *params; ++params) {
+    for (; (params = strpbrk(params, "<>,")) != nullptr; ++params) {
         depth += *params == '<' ? 1 : *params == '>' ? -1 : 0;
         count += *params == ',' && depth <= 0;
     }

@@ -43,10 +43,6 @@ bool SingleChar(const char *line, char ch) {
     return true;
 }
 
-bool IsJust(const Scan &scan, char ch) {
-    return scan.line[scan.first_nonblank] == ch && SingleChar(scan.line, ch);
-}
-
 namespace {
 
 // Tabs raise a notice in every state but strings; inside a comment or a character literal behind its end.

@@ -11,8 +11,6 @@ void BeginSource(SourceReader *reader, Globals *G);
 void EndSource(Globals *G);
 // Scans a line as line line_number of the current file.
 void ParseLine(const SourceLine &line, int line_number, Globals *G);
-// True if ch is the only significant character of the line, blanks, ";" and comments behind it aside.
-bool SingleChar(const char *line, char ch);
 // White space of the file up to the character in hand.
 int WhiteSoFar(const Globals *G);
 // Counts the notices for tabs up to a line, if they don't print. Ahead of one where a region without notices may begin or end.

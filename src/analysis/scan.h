@@ -79,8 +79,12 @@ void CaptureParams(const Scan &scan, Globals *G);
 // Walks the line in code from scan.index until a comment or literal opens or the line ends.
 void ScanCode(Scan &scan, Globals *G);
 
-// True if ch is the only significant character of the line: SingleChar, refused at a glance where it can be.
-bool IsJust(const Scan &scan, char ch);
+// True if ch is the only significant character of a line, blanks, ";" and comments behind it aside.
+bool SingleChar(const char *line, char ch);
+// The same for the line in hand, refused at a glance where it can be.
+inline bool IsJust(const Scan &scan, char ch) {
+    return scan.line[scan.first_nonblank] == ch && SingleChar(scan.line, ch);
+}
 // Notes for the line's split what the characters from begin up to end are.
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind);
 
