@@ -41,12 +41,12 @@ struct Carry {
 
 void FindTokens(ByteMasks &found, const CodeBytes &code, Carry &carry) {
     found.visible = ~code.white;
-    found.word = code.upper | code.lower;
-    const uint64_t begins = found.word & ~(found.word << 1 | carry.word);
-    const uint64_t others = found.visible & ~found.word;
+    const uint64_t word = code.upper | code.lower;
+    const uint64_t begins = word & ~(word << 1 | carry.word);
+    const uint64_t others = found.visible & ~word;
     found.token = begins | others;
     found.code = (begins & code.lower & (code.ahead << 1 | carry.ahead)) | (others & ~code.passed);
-    carry = {found.word >> (kMaskBytes - 1), code.ahead >> (kMaskBytes - 1)};
+    carry = {word >> (kMaskBytes - 1), code.ahead >> (kMaskBytes - 1)};
 }
 
 void ClassifyLines(const char *bytes, size_t count, ByteMasks *masks) {

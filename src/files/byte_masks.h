@@ -14,7 +14,6 @@ struct alignas(64) ByteMasks {
     uint64_t tab;     // tabs
     uint64_t visible; // 33 to 127: what isn't white
     uint64_t event;   // what the count of lines looks at in code: " ' / # ; { } and the "f" of "for"
-    uint64_t word;    // letters, digits and "_"
     uint64_t token;   // the first byte of every word, and what is visible and in no word
     uint64_t code;    // of the tokens those that the scanner may react to: keywords, and all others but single operators
 };
