@@ -68,7 +68,8 @@ def report_page(report):
     for command in found:
         out += [".Nm tly-report", ".Cm " + command.name, ".Op Ar option ..."]
         out += [".Op Ar " + option.value for option in command.options if not option.names]
-    out += [".Nm tly-report", ".Op Fl \\-help | \\-version", ".Sh DESCRIPTION"] + markdown(intro.split("\n", 1)[1]) + [".Sh COMMANDS"]
+    out += [".Nm tly-report", ".Op Fl \\-help | \\-version", ".Sh DESCRIPTION"] + markdown(intro.split("\n", 1)[1])
+    out.append(".Sh COMMANDS")
     for command in found:
         out += [".Ss %s: %s" % (command.name, escaped(command.help)), ".Bl -tag -width Ds"]
         for option in command.options:
@@ -200,7 +201,7 @@ def untold(tly, manual):
     table = (ROOT / "src/config/settings_table.cpp").read_text()
     unwritten = re.findall(r'^ +ReadOnly\([^"\n]*"(.*?)"', table, re.M)
     if sorted(unwritten) != sorted(UNWRITTEN):
-        faults.append("man_page.py tells of other settings that aren't written: %s" % set(unwritten).symmetric_difference(UNWRITTEN))
+        faults.append("UNWRITTEN isn't what the table has: %s" % set(unwritten).symmetric_difference(UNWRITTEN))
     return faults
 
 
