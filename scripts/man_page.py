@@ -5,7 +5,7 @@ Writes docs/tly.1, docs/tly-report.1, docs/tly.cfg.5 and docs/tly_udqn.5. With -
 and makes sure that each switch of "tly -hs" has its place in the manual and each setting its place on its page."""
 import argparse, pathlib, re, subprocess, sys
 
-from mdoc import body, escaped, literal, markdown, page, quoted, sentences
+from mdoc import body, escaped, literal, marked, markdown, page, quoted, sentences
 from program_help import beside, commands, said
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
@@ -63,12 +63,13 @@ def report_page(report):
         else:
             told[-1][1].extend([".Pp", "\\fB%s\\fP" % escaped(title[4:])] + markdown(text))
     texts = dict(told)
+    start, status, rest = re.fullmatch(r".*?\n(.*)Exit status: (.*?\.) (Reports go.*)", intro, flags=re.S).groups()
     found = commands(report)
     out = head("tly-report", 1, "reports on the figures of tly") + [".Sh SYNOPSIS"]
     for command in found:
         out += [".Nm tly-report", ".Cm " + command.name, ".Op Ar option ..."]
         out += [".Op Ar " + option.value for option in command.options if not option.names]
-    out += [".Nm tly-report", ".Op Fl \\-help | \\-version", ".Sh DESCRIPTION"] + markdown(intro.split("\n", 1)[1])
+    out += [".Nm tly-report", ".Op Fl \\-help | \\-version", ".Sh DESCRIPTION"] + markdown(start + rest)
     out.append(".Sh COMMANDS")
     for command in found:
         out += [".Ss %s: %s" % (command.name, escaped(command.help)), ".Bl -tag -width Ds"]
@@ -79,18 +80,18 @@ def report_page(report):
         out += [".El"] + texts.pop(command.name, [])
     for title, text in texts.items():
         out += [".Sh " + escaped(title.upper())] + text
-    return out + see_also("tly 1", "tly.cfg 5", "tly_udqn 5")
+    return out + [".Sh EXIT STATUS"] + marked(sentences(status)) + see_also("tly 1", "tly.cfg 5", "tly_udqn 5")
 
 
 # ---- tly.cfg(5): the settings as they are written, their ranges as they are taken -------------------------------------------
 
-# What is understood, but not part of a file that tly writes. --check holds the names against the table of settings.
+# What is understood, but no setting of a file that tly writes. --check holds the names against the table of settings.
 UNWRITTEN = {
     "TLY CFG Version": "The version that wrote the file: 7.75.",
     "HTML ALink Color": "The color of a link that is being followed.",
-    "Force use of linear lookahead algorithm": "Compares the lines of two baselines in a simpler way that needs no matrix.",
-    "Use LLA for files > LCS file size": "The same for files that are too long for the matrix only.",
-    "Allowable source code extensions": "Extensions for -r, in a second configuration file.",
+    "Force use of linear lookahead algorithm": "Changes nothing: lines are compared by their longest common sequence.",
+    "Use LLA for files > LCS file size": "Changes nothing.",
+    "Allowable source code extensions": "In a second configuration file behind -r: extensions in place of those of -r.",
     "Modern Source Constructs": "Yes reads today's C++, C# and Java as -xMODERN does.  A file with this line keeps it.",
     "Quality Notice 25": "The older name of \"Treat C headers as C++\".",
     "Include cyclo complexity in work files": "Says that tly_workdiff.cfg has taken its place.",
@@ -138,7 +139,7 @@ def settings_page(tly, manual):
         if lines and re.fullmatch(r"# .* #+", lines[0]):
             out += [".Ss " + escaped(title(lines.pop(0)))]
         out += comment(lines)
-    out += [".Sh UNDERSTOOD, BUT NOT WRITTEN", ".Bl -tag -width Ds"]
+    out += [".Sh OTHER KEYS", "These are understood, but aren't among the settings of a new file.", ".Bl -tag -width Ds"]
     for key, text in UNWRITTEN.items():
         out += [".It " + quoted(key)] + sentences(text)
     return out + [".El"] + see_also("tly 1", "tly_udqn 5")

@@ -115,9 +115,9 @@ const Placeholder kPlaceholders[] = {
      LineWithoutEnd},
     {"_LINE#_", "127", "its number",
      [](const Globals *G) { return std::to_string(G->file_line_no); }},
-    {"_FUNC_", "SomeExampleFunction", "with -fa, the function around it, or nothing",
+    {"_FUNC_", "SomeExampleFunction", "the function open at the line's end; nothing without -fa or -o",
      [](const Globals *G) { return std::string(G->funcname_flag ? G->funcname : ""); }},
-    {"_CLASS_", "SomeExampleClass", "with -o, the class around it, or nothing",
+    {"_CLASS_", "SomeExampleClass", "the class open there, or nothing",
      [](const Globals *G) { return std::string(G->class_flag ? G->classname : ""); }},
 };
 // clang-format on
