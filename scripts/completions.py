@@ -60,7 +60,6 @@ _tly_offer() {
 # _tly_paths -f|-d BEFORE TEXT [BEHIND]: offers the files or the directories that begin with TEXT, between these two.
 _tly_paths() {
     local path
-    compopt -o filenames
     while IFS= read -r path; do
         if [[ -d $path ]]; then
             COMPREPLY+=("$2$path/")
@@ -72,9 +71,10 @@ _tly_paths() {
 }
 
 _tly() {
-    local piece=$2 word=${COMP_WORDS[COMP_CWORD]} rest
+    local piece=$2 word=${COMP_WORDS[COMP_CWORD]} rest at
     COMPREPLY=()
     if [[ $word == -[[:alpha:]][\"\']* ]]; then
+        compopt -o filenames
         case ${word:1:1}$piece in
         r*' '*) _tly_paths -d "${piece%%%% *} " "${piece#* }" ;;
         wx\ *,*)
@@ -90,7 +90,12 @@ _tly() {
         return
     fi
     case $word in
-    -O* | -F*) _tly_paths -f "${word:0:2}" "${word:2}" ;;
+    -O* | -F*)
+        _tly_paths -f '' "${word:2}"
+        for at in "${!COMPREPLY[@]}"; do
+            COMPREPLY[at]=${word:0:2}$(printf %%q "${COMPREPLY[at]}")
+        done
+        ;;
     -[%(free)s]?*) ;;
 %(forms)s%(letters)s    *) compopt -o default ;;
     esac
@@ -119,6 +124,14 @@ def tly_bash(found):
 
 REPORT_BASH = r"""# shellcheck shell=bash
 %(made)s
+
+# A name of a branch may be anything, even what a shell would run.
+_tly_commits() {
+    local name
+    while IFS= read -r name; do
+        [[ $name == "$1"* ]] && COMPREPLY+=("$(printf %%q "$name")")
+    done < <(%(refs)s)
+}
 
 _tly_report() {
     local word=$2 command='' options option at
@@ -154,26 +167,26 @@ complete -F _tly_report tly-report
 
 ACTIONS = {"none": ":", "file": "compopt -o default", "directory": "compopt -o filenames\n        "
            "mapfile -t COMPREPLY < <(compgen -d -- \"$word\")",
-           "commit": "mapfile -t COMPREPLY < <(compgen -W \"$(%s)\" -- \"$word\")" % REFS}
+           "commit": "_tly_commits \"$word\""}
 
 
 def report_bash(found):
-    options, by_action = "", {}
+    options, actions = "", {}
     for command in found:
         options += "    %s) options='%s' ;;\n" % (command.name, " ".join(n for o in command.options for n in o.names))
         for option in command.options:
-            what = kind(option)
-            action = ACTIONS.get(what)
-            if what == "words":
+            action = ACTIONS.get(kind(option))
+            if option.words:
                 action = "mapfile -t COMPREPLY < <(compgen -W '%s' -- \"$word\")" % " ".join(option.words)
-            if action and (option.names or what != "file"):
-                by_action.setdefault(action, {}).update({(command.name, name): None for name in option.names or [""]})
-    values = ""
-    alike = lambda name: sum(name in dict(map(reversed, places)) for places in by_action.values()) == 1
-    for action, places in by_action.items():
-        patterns = dict.fromkeys("%s:%s" % ("*" if name and alike(name) else command, name) for command, name in places)
-        values += "    %s)\n        %s\n        ;;\n" % (" | ".join(patterns), action)
-    return REPORT_BASH % {"made": MADE, "options": options, "values": values, "commands": " ".join(c.name for c in found)}
+            if action and (option.names or kind(option) != "file"):
+                actions.update({(command.name, name): action for name in option.names or [""]})
+    places = {}  # by what is done there; an option that is the same in all commands that have it is told once
+    for (command, name), action in actions.items():
+        alike = name and len({each for (_, other), each in actions.items() if other == name}) == 1
+        places.setdefault(action, {})["%s:%s" % ("*" if alike else command, name)] = None
+    values = "".join("    %s)\n        %s\n        ;;\n" % (" | ".join(where), action) for action, where in places.items())
+    return REPORT_BASH % {"made": MADE, "refs": REFS, "options": options, "values": values,
+                          "commands": " ".join(command.name for command in found)}
 
 
 # ---- zsh ---------------------------------------------------------------------------------------------------------------------

@@ -4,7 +4,8 @@ program of that name then gets. Ends with 77 where there is no such shell."""
 import os, pathlib, pty, select, shutil, subprocess, sys, tempfile
 
 SHARE = pathlib.Path(__file__).resolve().parents[1] / "share/completions"
-FILES = ["main.c", "my source.c", "one.dat", "two.dat", "my.cfg", "so me/inner/deep.c", "soup.c"]
+FILES = ["main.c", "my source.c", "one.dat", "two.dat", "my.cfg", "so me/inner/deep.c", "soup.c", "sly$(touch gotcha).c"]
+TAGS = ["release-1", "shy$(touch${IFS}gotcha)"]
 
 # What is typed, and the argument that it becomes. A directory can be gone into: its quote stays open.
 ROWS = [
@@ -30,6 +31,11 @@ ROWS = [
     ("tly-report gate --max-c", "--max-complexity"),
     ("tly-report new --since rel", "release-1"),
     ("tly-report json on", "one.dat"),
+    # names that a shell could run
+    ("tly-report new --since shy", TAGS[1]),
+    ("tly sly", "sly$(touch gotcha).c"),
+    ('tly -w"File dat sly', "-wFile dat sly$(touch gotcha).c"),
+    ("tly -Osly", "-Osly$(touch gotcha).c"),
 ]
 # What is told where there are several.
 SEVERAL = [("tly -N", ["Short Single Line Format", "Visual Studio Format"], ["-Ns", "-Nv"]),
@@ -103,8 +109,9 @@ def main():
         for name in FILES:
             pathlib.Path(where, name).parent.mkdir(parents=True, exist_ok=True)
             pathlib.Path(where, name).touch()
-        subprocess.run("git init -q . && git -c user.name=n -c user.email=a@b commit -q --allow-empty -m 1 && git tag release-1",
-                       shell=True, cwd=where, check=True, env={"PATH": os.environ["PATH"], "HOME": where})
+        for arguments in [["init", "-q"], ["commit", "-q", "--allow-empty", "-m", "1"], *(["tag", tag] for tag in TAGS)]:
+            subprocess.run(["git", "-c", "user.name=n", "-c", "user.email=a@b", *arguments], cwd=where, check=True,
+                           env={"PATH": os.environ["PATH"], "HOME": where})
         for line, wanted in ROWS:
             got = completed(shell, where, line, wanted)
             if got is None or got.rstrip("/") != wanted.rstrip("/"):
@@ -113,6 +120,8 @@ def main():
             shown = told(shell, where, line)
             faults += ["%s<tab> doesn't tell of %r: %r" % (line, text, shown)
                        for text in (listed if shell == "bash" else explained) if not shown or text not in shown]
+        if pathlib.Path(where, "gotcha").exists():
+            faults.append("a name was run")
     print(*faults, sep="\n", end="\n" if faults else "")
     return bool(faults)
 

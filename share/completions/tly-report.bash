@@ -1,6 +1,14 @@
 # shellcheck shell=bash
 # Made by scripts/completions.py, of what the program says of itself.
 
+# A name of a branch may be anything, even what a shell would run.
+_tly_commits() {
+    local name
+    while IFS= read -r name; do
+        [[ $name == "$1"* ]] && COMPREPLY+=("$(printf %q "$name")")
+    done < <(git for-each-ref --format='%(refname:short)' 2>/dev/null)
+}
+
 _tly_report() {
     local word=$2 command='' options option at
     COMPREPLY=()
@@ -54,7 +62,7 @@ _tly_report() {
         mapfile -t COMPREPLY < <(compgen -W 'complexity lines parameters notices' -- "$word")
         ;;
     *:--since)
-        mapfile -t COMPREPLY < <(compgen -W "$(git for-each-ref --format='%(refname:short)' 2>/dev/null)" -- "$word")
+        _tly_commits "$word"
         ;;
     *)
         if [[ $word == -* ]]; then

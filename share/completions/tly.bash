@@ -16,7 +16,6 @@ _tly_offer() {
 # _tly_paths -f|-d BEFORE TEXT [BEHIND]: offers the files or the directories that begin with TEXT, between these two.
 _tly_paths() {
     local path
-    compopt -o filenames
     while IFS= read -r path; do
         if [[ -d $path ]]; then
             COMPREPLY+=("$2$path/")
@@ -28,9 +27,10 @@ _tly_paths() {
 }
 
 _tly() {
-    local piece=$2 word=${COMP_WORDS[COMP_CWORD]} rest
+    local piece=$2 word=${COMP_WORDS[COMP_CWORD]} rest at
     COMPREPLY=()
     if [[ $word == -[[:alpha:]][\"\']* ]]; then
+        compopt -o filenames
         case ${word:1:1}$piece in
         r*' '*) _tly_paths -d "${piece%% *} " "${piece#* }" ;;
         wx\ *,*)
@@ -55,7 +55,12 @@ _tly() {
         return
     fi
     case $word in
-    -O* | -F*) _tly_paths -f "${word:0:2}" "${word:2}" ;;
+    -O* | -F*)
+        _tly_paths -f '' "${word:2}"
+        for at in "${!COMPREPLY[@]}"; do
+            COMPREPLY[at]=${word:0:2}$(printf %q "${COMPREPLY[at]}")
+        done
+        ;;
     -[BMPLrS]?*) ;;
     -D*) _tly_offer -Dt -Du -Dd ;;
     -E*) _tly_offer -Es -Ec -EC ;;
