@@ -4,18 +4,19 @@
 For bash, zsh and fish, of tly and of tly-report. With --check it compares them instead."""
 import argparse, pathlib, re, sys, textwrap
 
-from program_help import beside, commands, said, switches
+from program_help import beside, commands, switches
 
 ROOT = pathlib.Path(__file__).resolve().parents[1] / "share/completions"
 MADE = "# Made by scripts/completions.py, of what the program says of itself."
 
-# What stands behind an option of tly-report, by its name in the help. Whatever isn't told here is a file.
-KINDS = {"N": "none", "KIND=N": "none", "DIR": "directory", "WHAT": "words", "COMMIT": "commit", "TAG": "commit"}
+# What a value is, by its name in the help; ahead of it "-" where it stands behind an option. Whatever isn't told here is a file.
+KINDS = {"N": "none", "-N": "none", "-K": "none", "-KIND=N": "none", "-DIR": "directory", "-WHAT": "words", "-FORM": "words",
+         "-COMMIT": "commit", "OLD": "commit", "NEW": "commit"}
 REFS = "git for-each-ref --format='%(refname:short)' 2>/dev/null"
 
 
 def kind(option):
-    return KINDS.get(re.sub(r"\d* ?(\.\.\.)?$", "", option.value), "file") if option.value else ""
+    return KINDS.get("-" * bool(option.names) + option.value, "file") if option.value else ""
 
 
 def quoted(text):
@@ -156,9 +157,10 @@ _tly_report() {
 %(values)s    *)
         if [[ $word == -* ]]; then
             mapfile -t COMPREPLY < <(compgen -W "$options --help" -- "$word")
-        else
-            compopt -o default
+            return
         fi
+        [[ ' %(commits)s ' == *" $command "* ]] && _tly_commits "$word"
+        compopt -o default # where there is no such commit
         ;;
     esac
 }
@@ -178,15 +180,16 @@ def report_bash(found):
             action = ACTIONS.get(kind(option))
             if option.words:
                 action = "mapfile -t COMPREPLY < <(compgen -W '%s' -- \"$word\")" % " ".join(option.words)
-            if action and (option.names or kind(option) != "file"):
-                actions.update({(command.name, name): action for name in option.names or [""]})
+            if action and option.names:
+                actions.update({(command.name, name): action for name in option.names})
     places = {}  # by what is done there; an option that is the same in all commands that have it is told once
     for (command, name), action in actions.items():
-        alike = name and len({each for (_, other), each in actions.items() if other == name}) == 1
+        alike = len({each for (_, other), each in actions.items() if other == name}) == 1
         places.setdefault(action, {})["%s:%s" % ("*" if alike else command, name)] = None
     values = "".join("    %s)\n        %s\n        ;;\n" % (" | ".join(where), action) for action, where in places.items())
     return REPORT_BASH % {"made": MADE, "refs": REFS, "options": options, "values": values,
-                          "commands": " ".join(command.name for command in found)}
+                          "commands": " ".join(command.name for command in found),
+                          "commits": " ".join(c.name for c in found if any(kind(o) == "commit" and not o.names for o in c.options))}
 
 
 # ---- zsh ---------------------------------------------------------------------------------------------------------------------
@@ -262,7 +265,7 @@ _tly-report() {
 _tly-report "$@"
 """
 
-ZSH_ACTIONS = {"none": " ", "file": "_files", "directory": "_files -/", "commit": "_tly-report-commits"}
+ZSH_ACTIONS = {"": "", "none": " ", "file": "_files", "directory": "_files -/", "commit": "_tly-report-commits"}
 
 
 def report_zsh(found):
@@ -270,13 +273,12 @@ def report_zsh(found):
     for command in found:
         options += "    %s)\n        _arguments '--help[how it is used]'" % command.name
         for option in command.options:
-            action = kind(option) and ":%s:%s" % (option.value, "(%s)" % " ".join(option.words) if option.words
-                                                  else ZSH_ACTIONS[kind(option)])
-            names = option.names or ["*"]
-            equals = ["=" if name.startswith("--") and action else "" for name in names]
-            again = "*" if "several times" in option.help or not option.names else "(%s)" % " ".join(names)
-            for name, equal in zip(names, equals):
-                options += " \\\n            " + quoted((again + name + equal + bracketed(option.help) if option.names else "*") + action)
+            value = "(%s)" % " ".join(option.words) if option.words else ZSH_ACTIONS[kind(option)]
+            action = ":%s:%s" % (option.value, value) if kind(option) else ""
+            again = "*" if "several times" in option.help else "(%s)" % " ".join(option.names)
+            specs = [again + name + "=" * (name.startswith("--") and action != "") + bracketed(option.help) + action
+                     for name in option.names] or ["*" * ("..." in option.value) + action]
+            options += "".join(" \\\n            " + quoted(spec) for spec in specs)
         options += "\n        ;;\n"
     return REPORT_ZSH % {"made": MADE, "refs": REFS, "options": options, "commands": "".join(
         "            %s\n" % quoted("%s:%s" % (command.name, command.help)) for command in found)}
@@ -341,15 +343,18 @@ def report_fish(found):
     for command in found:
         lines += "complete -c tly-report -n __fish_use_subcommand -a %s -d %s\n" % (command.name, quoted(command.help))
     for command in found:
-        lines += "\n"
+        told = {}
         for option in command.options:
             what = kind(option)
             taken = " -x -a %s" % quoted(" ".join(option.words)) if option.words else actions[what]
             names = "".join(" -l " + name[2:] if name.startswith("--") else " -s " + name[1:] for name in option.names)
-            if not names:
-                taken = " -F" if what == "file" else taken.replace(" -x", "")
-            lines += "complete -c tly-report -n '__fish_seen_subcommand_from %s'%s%s%s\n" % (
-                command.name, names, taken, " -d " + quoted(option.help) if names else "")
+            if names:
+                taken += " -d " + quoted(option.help)
+            else:
+                taken = taken.replace(" -r", "").replace(" -x", "")
+            if names or taken:
+                told["complete -c tly-report -n '__fish_seen_subcommand_from %s'%s%s\n" % (command.name, names, taken)] = None
+        lines += "\n" + "".join(told)
     return MADE + "\n\n" + lines
 
 

@@ -66,10 +66,13 @@ def commands(report):
         told = rows(said(report, name, "--help"))
         options = []
         for left, help_text in told["options"] + told.get("positionals", []):
-            names, value = ([], left) if left[0] != "-" else (left.split()[0].split(","), " ".join(left.split()[1:]))
+            names = left.split()[0].split(",") if left[0] == "-" else []
+            value = " ".join(left.split()[1:]) if names else re.match(r"\S+( \.\.\.)?", left)[0]  # a type may stand behind it
             if "--help" in names:
                 continue
-            words = re.search(r"it takes (.*)\.", said(report, name, names[-1], "?", status=2)) if value == "WHAT" else None
+            words = None
+            if value in ("WHAT", "FORM"):
+                words = re.search(r"it takes (.*)\.", said(report, name, names[-1], "?", status=2))
             options.append(Option(names, value, help_text, re.split(", | or ", words[1]) if words else []))
         found.append(Command(name, text, options))
     return found

@@ -67,9 +67,10 @@ _tly_report() {
     *)
         if [[ $word == -* ]]; then
             mapfile -t COMPREPLY < <(compgen -W "$options --help" -- "$word")
-        else
-            compopt -o default
+            return
         fi
+        [[ '  ' == *" $command "* ]] && _tly_commits "$word"
+        compopt -o default # where there is no such commit
         ;;
     esac
 }
