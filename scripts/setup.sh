@@ -11,7 +11,7 @@ build=(g++ g++  cmake cmake  ninja-build ninja  pkg-config pkg-config  libpcre2-
 test=("${build[@]}"  doctest-dev /usr/include/doctest/doctest.h  libxml2-utils xmllint  tidy tidy  python3 python3  python3-jsonschema /usr/lib/python3/dist-packages/jsonschema/__init__.py  mandoc mandoc
       strace strace  git git)
 all=("${test[@]}"  clang-format clang-format  clang-tidy clang-tidy  clang clang++
-     libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux)
+     libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux  zsh zsh  fish fish)
 fresh=(debootstrap debootstrap  git git)
 
 case ${1:-test} in

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 
 #include "run/udqn_state.h"
 
@@ -15,6 +16,16 @@ int load_udqn_file(const char *name, Globals *G);
 void LoadUserRules(Globals *G);
 // Takes one line of a rule file.
 void parse_udqn_line(const char *line, UdqnRun *ctx, Globals *G);
+// A key of the rule file.
+struct RuleKey {
+    const char *key;   // compared without regard to case
+    const char *value; // what stands behind the colon, for the listing; "" for nothing
+    void (*take)(const char *value, UdqnRun *ctx, Globals *G);
+    bool of_a_rule;   // passed over outside of one: a record is under construction when take is called
+    const char *help; // for the listing, in lines
+};
+// All keys, in the order in which they are told.
+std::span<const RuleKey> RuleKeys();
 // Fills a flag list; returns how many of its numbers were accepted.
 int parse_flags(const char *text, std::span<int, kUdqnFlagNumbers> flags);
 // Replaces the extensions of a rule. Returns how many there are.
@@ -46,6 +57,14 @@ int pcre_match_test(const char *text, const Udqn *record, const Globals *G, std:
 void emit_udqn(Udqn *record, Globals *G);
 // The short form, and the entry in notice_list.
 void emit_udqn_lite(Udqn *record, Globals *G);
+// A word of a message that stands for something at the place of the notice.
+struct Placeholder {
+    const char *word;
+    const char *example; // what the listing of the rules shows
+    const char *help;    // for the listing of the keys, one line
+    std::string (*text)(const Globals *G);
+};
+std::span<const Placeholder> Placeholders();
 // Writes a message with its placeholders filled in, and a line feed. Null writes nothing.
 void emit_message(const char *text, Globals *G);
 // Fires of all active rules.

@@ -100,12 +100,6 @@ std::string Escaped(const char *text) {
     return out;
 }
 
-struct Placeholder {
-    const char *word;
-    const char *example; // what the listing of the rules shows
-    std::string (*text)(const Globals *G);
-};
-
 std::string LineWithoutEnd(const Globals *G) {
     LineText line;
     CopyText(line, G->line_text);
@@ -115,11 +109,16 @@ std::string LineWithoutEnd(const Globals *G) {
 
 // clang-format off
 const Placeholder kPlaceholders[] = {
-    {"_FILE_",  "ExampleFileName.c",              [](const Globals *G) { return std::string(G->file_name ? G->file_name : ""); }},
-    {"_LINE_",  "Some Example Source Code Line;", LineWithoutEnd},
-    {"_LINE#_", "127",                            [](const Globals *G) { return std::to_string(G->file_line_no); }},
-    {"_FUNC_",  "SomeExampleFunction",            [](const Globals *G) { return std::string(G->funcname_flag ? G->funcname : ""); }},
-    {"_CLASS_", "SomeExampleClass",               [](const Globals *G) { return std::string(G->class_flag ? G->classname : ""); }},
+    {"_FILE_", "ExampleFileName.c", "the name of the file",
+     [](const Globals *G) { return std::string(G->file_name ? G->file_name : ""); }},
+    {"_LINE_", "Some Example Source Code Line;", "the text of the line",
+     LineWithoutEnd},
+    {"_LINE#_", "127", "its number",
+     [](const Globals *G) { return std::to_string(G->file_line_no); }},
+    {"_FUNC_", "SomeExampleFunction", "the function open at the line's end; nothing without -fa or -o",
+     [](const Globals *G) { return std::string(G->funcname_flag ? G->funcname : ""); }},
+    {"_CLASS_", "SomeExampleClass", "the class open there, or nothing",
+     [](const Globals *G) { return std::string(G->class_flag ? G->classname : ""); }},
 };
 // clang-format on
 
@@ -305,6 +304,10 @@ void emit_udqn_lite(Udqn *record, Globals *G) {
                                    record->id, G->file_line_no, Shown{summary.c_str()});
     }
     RememberNotice(G->file_name, G->file_line_no, record->id, G);
+}
+
+std::span<const Placeholder> Placeholders() {
+    return kPlaceholders;
 }
 
 void emit_message(const char *text, Globals *G) {

@@ -31,43 +31,6 @@ constexpr int kMaxFiles = 1000; // files of a run, those that are missing too
 
 constexpr const char *kListSeparators = " ,\t";
 
-// clang-format off
-struct TextKey   { const char *key; char *Udqn::*text; };
-struct SwitchKey { const char *key; int Udqn::*on; };
-struct FlagsKey  { const char *key; int Udqn::*count; int (Udqn::*flags)[kUdqnFlagNumbers]; };
-struct OptionKey { const char *key; int UdqnRun::*options; int bit; };
-
-constexpr TextKey kTexts[] = {
-    {"string",  &Udqn::test_string},
-    {"message", &Udqn::message},
-    {"summary", &Udqn::summary},
-};
-constexpr SwitchKey kSwitches[] = {
-    {"active",        &Udqn::active},
-    {"emit eof flag", &Udqn::emit_eof},
-    {"silent flag",   &Udqn::silent},
-};
-constexpr FlagsKey kFlagLists[] = {
-    {"set flags",    &Udqn::set_count,       &Udqn::set_flags},
-    {"check flags",  &Udqn::check_count,     &Udqn::check_flags},
-    {"!check flags", &Udqn::not_check_count, &Udqn::not_check_flags},
-    {"clear flags",  &Udqn::clear_count,     &Udqn::clear_flags},
-};
-constexpr OptionKey kOptions[] = {
-    {"REG_ICASE",    &UdqnRun::udqn_compile_flags, 1},
-    {"REG_NEWLINE",  &UdqnRun::udqn_compile_flags, 2},
-    {"REG_NOSUB",    &UdqnRun::udqn_compile_flags, 32},
-    {"REG_EXTENDED", &UdqnRun::udqn_compile_flags, 0}, // always on
-    {"REG_NOTBOL",   &UdqnRun::udqn_exec_flags,    4},
-    {"REG_NOTEOL",   &UdqnRun::udqn_exec_flags,    8},
-};
-// clang-format on
-
-template <class Row, size_t n> const Row *FindKey(const Row (&rows)[n], const char *key) {
-    const Row *row = std::find_if(rows, rows + n, [key](const Row &each) { return strcasecmp(key, each.key) == 0; });
-    return row == rows + n ? nullptr : row;
-}
-
 bool IsOn(const char *value) {
     return strcasecmp(value, "yes") == 0 || strcasecmp(value, "on") == 0;
 }
@@ -81,7 +44,7 @@ void TellOfLostRule(Globals *G) {
     Message(G, "  Memory Error: %s\n", "UDQN record");
 }
 
-void BeginRecord(UdqnRun *ctx, Globals *G) {
+void BeginRecord(const char *, UdqnRun *ctx, Globals *G) {
     DropUdqn(ctx);
     ctx->qnp = static_cast<Udqn *>(calloc(1, sizeof(Udqn)));
     if (!ctx->qnp) {
@@ -89,7 +52,7 @@ void BeginRecord(UdqnRun *ctx, Globals *G) {
     }
 }
 
-void EndRecord(UdqnRun *ctx, Globals *G) {
+void EndRecord(const char *, UdqnRun *ctx, Globals *G) {
     if (ctx->compile_status) {
         char text[1024];
         pcre_match_test(ctx->qnp->test_string, ctx->qnp, G, text);
@@ -122,7 +85,7 @@ void TakeIdentifier(const char *value, UdqnRun *ctx, Globals *G) {
     ctx->qnp->count = 0;
 }
 
-void TakePattern(const char *value, UdqnRun *ctx) {
+void TakePattern(const char *value, UdqnRun *ctx, Globals *) {
     Udqn *record = ctx->qnp;
     char result[1024];
     pcre_free(record->regex);
@@ -132,29 +95,101 @@ void TakePattern(const char *value, UdqnRun *ctx) {
     Replace(record->compile_result, result);
 }
 
-// Keys that belong to the record under construction.
-void TakeRecordKey(const char *key, const char *value, UdqnRun *ctx, Globals *G) {
-    Udqn *record = ctx->qnp;
-    if (const TextKey *text = FindKey(kTexts, key)) {
-        Replace(record->*text->text, value);
-    } else if (const SwitchKey *on = FindKey(kSwitches, key)) {
-        record->*on->on = IsOn(value);
-    } else if (const FlagsKey *list = FindKey(kFlagLists, key)) {
-        record->*list->count = parse_flags(value, record->*list->flags);
-    } else if (strcasecmp(key, "UDQN Identifier") == 0 || strcasecmp(key, "udqn id") == 0) {
-        TakeIdentifier(value, ctx, G);
-    } else if (strcasecmp(key, "sources") == 0) {
-        parse_sources(value, record->sources);
-    } else if (strcasecmp(key, "pattern") == 0) {
-        TakePattern(value, ctx);
-    } else if (strcasecmp(key, "context") == 0) {
-        for (int i = kUdqnLine; i < kUdqnContexts; ++i) {
-            record->context = strcasecmp(value, UdqnContextStr[i]) == 0 ? i : record->context;
-        }
-    } else if (strcasecmp(key, "UDQN End") == 0) {
-        EndRecord(ctx, G);
+template <char *Udqn::*text> void TakeText(const char *value, UdqnRun *ctx, Globals *) {
+    Replace(ctx->qnp->*text, value);
+}
+
+template <int Udqn::*on> void TakeSwitch(const char *value, UdqnRun *ctx, Globals *) {
+    ctx->qnp->*on = IsOn(value);
+}
+
+template <int Udqn::*count, int (Udqn::*flags)[kUdqnFlagNumbers]> void TakeFlags(const char *value, UdqnRun *ctx, Globals *) {
+    ctx->qnp->*count = parse_flags(value, ctx->qnp->*flags);
+}
+
+template <int UdqnRun::*options, int bit> void TakeOption(const char *value, UdqnRun *ctx, Globals *) {
+    ctx->*options |= IsOn(value) ? bit : 0;
+}
+
+void TakeInclude(const char *value, UdqnRun *, Globals *G) {
+    load_udqn_file(value, G);
+}
+
+void TakeSources(const char *value, UdqnRun *ctx, Globals *) {
+    parse_sources(value, ctx->qnp->sources);
+}
+
+void TakeContext(const char *value, UdqnRun *ctx, Globals *) {
+    for (int i = kUdqnLine; i < kUdqnContexts; ++i) {
+        ctx->qnp->context = strcasecmp(value, UdqnContextStr[i]) == 0 ? i : ctx->qnp->context;
     }
 }
+
+// clang-format off
+constexpr RuleKey kKeys[] = {
+    {"UDQN Begin", "", BeginRecord, false,
+     "Begins a rule.  The colon behind the key is needed."},
+    {"UDQN Identifier", "NUMBER", TakeIdentifier, true,
+     "The number of the rule's notices, from 100 on; no two rules may have the\n"
+     "same."},
+    {"UDQN Id", "NUMBER", TakeIdentifier, true,
+     "The same as UDQN Identifier."},
+    {"Active", "Yes | No", TakeSwitch<&Udqn::active>, true,
+     "Whether the rule is at work.  Yes and On turn it on, any other value or\n"
+     "no such line off."},
+    {"Sources", "EXT, EXT ...", TakeSources, true,
+     "Extensions of the files that the rule is for, up to 64, parted by commas\n"
+     "or blanks.  A rule without sources is for no file."},
+    {"Context", "Line | Code | Comment | String", TakeContext, true,
+     "Where the pattern is searched: in the whole line, or in its code, its\n"
+     "comments or its strings alone.  A rule without a context finds nothing."},
+    {"Pattern", "REGEX", TakePattern, true,
+     "What is searched, a regular expression of Perl's kind.  It is compiled\n"
+     "here, with the options REG_... that stand above it."},
+    {"String", "TEXT", TakeText<&Udqn::test_string>, true,
+     "A sample that the pattern should find; -xUDQNSHOW tells whether it does."},
+    {"Summary", "TEXT", TakeText<&Udqn::summary>, true,
+     "What the short forms of the notice say, and the quality profile."},
+    {"Message", "TEXT", TakeText<&Udqn::message>, true,
+     "What the long form says.  \\n begins a line, and these words stand for what\n"
+     "is at the place of the notice:"},
+    {"Check flags", "NUMBER, ...", TakeFlags<&Udqn::check_count, &Udqn::check_flags>, true,
+     "The rule runs only where all these flags are set.  Flags have numbers from\n"
+     "1 to 1999, up to 32 in a list.  At the begin of a file all are clear."},
+    {"!Check flags", "NUMBER, ...", TakeFlags<&Udqn::not_check_count, &Udqn::not_check_flags>, true,
+     "The rule runs only where all these flags are clear."},
+    {"Set flags", "NUMBER, ...", TakeFlags<&Udqn::set_count, &Udqn::set_flags>, true,
+     "Flags that are set when the pattern is found; the rules below see it on\n"
+     "the same line."},
+    {"Clear flags", "NUMBER, ...", TakeFlags<&Udqn::clear_count, &Udqn::clear_flags>, true,
+     "Flags that are cleared when the pattern is found, after those of Set flags\n"
+     "were set."},
+    {"Emit EOF flag", "Yes | No", TakeSwitch<&Udqn::emit_eof>, true,
+     "With Yes the rule runs once at the end of each file and not on its lines.\n"
+     "In the context Line its pattern has to find the text \"UDQN eof\"."},
+    {"Silent flag", "Yes | No", TakeSwitch<&Udqn::silent>, true,
+     "With Yes the rule only moves flags: it raises no notice."},
+    {"UDQN End", "", EndRecord, true,
+     "Ends the rule.  A rule without it is dropped."},
+    {"Include", "FILE", TakeInclude, false,
+     "Reads the rules of another file, then goes on here.  A name without a \"/\"\n"
+     "lies beside the main file."},
+    {"REG_ICASE", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, 1>, false,
+     "In the patterns below, to the end of the file or to an Include, capitals\n"
+     "are equal to small letters."},
+    {"REG_NEWLINE", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, 2>, false,
+     "In the patterns below, ^ and $ match at every line end of a text."},
+    {"REG_NOSUB", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, 32>, false,
+     "Of the patterns below the place isn't kept: -xUDQNSHOW doesn't show it."},
+    {"REG_EXTENDED", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, 0>, false,
+     "Changes nothing: patterns are extended ones."},
+    {"REG_NOTBOL", "Yes", TakeOption<&UdqnRun::udqn_exec_flags, 4>, false,
+     "For all rules, when it stands behind the last Include: ^ doesn't match at\n"
+     "the begin of a text."},
+    {"REG_NOTEOL", "Yes", TakeOption<&UdqnRun::udqn_exec_flags, 8>, false,
+     "The same for $ at the end of a text."},
+};
+// clang-format on
 
 std::string PathOf(const char *name, const Globals *G) {
     const char *slash = strrchr(G->udqn_file, '/');
@@ -268,14 +303,13 @@ void parse_udqn_line(const char *line, UdqnRun *ctx, Globals *G) {
     Rtrim(name);
     CopyText(lval, Ltrim(colon + 1));
     Rtrim(lval);
-    if (const OptionKey *option = FindKey(kOptions, name)) {
-        ctx->*option->options |= IsOn(lval) ? option->bit : 0;
-    } else if (strcasecmp(name, "include") == 0) {
-        load_udqn_file(lval, G);
-    } else if (strcasecmp(name, "UDQN Begin") == 0) {
-        BeginRecord(ctx, G);
-    } else if (ctx->qnp) {
-        TakeRecordKey(name, lval, ctx, G);
+    for (const RuleKey &row : kKeys) {
+        if (strcasecmp(name, row.key) == 0) {
+            if (ctx->qnp || !row.of_a_rule) {
+                row.take(lval, ctx, G);
+            }
+            return;
+        }
     }
 }
 
@@ -317,6 +351,10 @@ int load_udqn_file(const char *name, Globals *G) {
     CloseLines(&file.reader);
     G->udqn_open_files = file.outer;
     return 0;
+}
+
+std::span<const RuleKey> RuleKeys() {
+    return kKeys;
 }
 
 void LoadUserRules(Globals *G) {

@@ -307,6 +307,7 @@ does; -i shows no tree, -Ti does.
     -xNOWRAP      Long names are not wrapped
     -xMODERN      Read today's C++, C#, Java: see Source File Requirements
     -xUDQNSHOW    Show your own quality notices with their sample tests
+    -xUDQNKEYS    Show the keys of a file of your own quality notices
     -xDEBUG       Show how each line was read
     -xDIFFDEBUG   Show how two baselines were compared
     -xc           Print a template for a CSV report of your own

@@ -1,4 +1,4 @@
-// The list of -hn: what can be noticed, and what is switched on.
+// The list of -hn: what can be noticed, and what is switched on; and how the user's own rules are written.
 #include "tools/notice_list.h"
 
 #include <cstring>
@@ -55,6 +55,26 @@ void ShowNotices(Globals *G) {
     for (const Udqn *rule : Records<Udqn>(G->udqn_list)) {
         if (rule->summary && strlen(rule->summary) > 1) {
             NoticeLine(rule->id, rule->active, rule->summary, G);
+        }
+    }
+    DashRule();
+}
+
+void ShowRuleKeys(Globals *G) {
+    const Mode mode = ProseMode(G);
+    ShowHeader(G);
+    ListTitle("Keys of User Defined Quality Notices", G);
+    for (const RuleKey &row : RuleKeys()) {
+        PrintOnly<Shown, const char *, Shown>(mode, "\n  %s:%s%s\n", Shown{row.key}, *row.value ? " " : "", Shown{row.value});
+        for (const char *line = row.help; *line;) {
+            const size_t length = strcspn(line, "\n");
+            PrintOnly(mode, "      %s\n", Shown{std::string(line, length).c_str()});
+            line += length + (line[length] == '\n');
+        }
+        if (strcmp(row.key, "Message") == 0) {
+            for (const Placeholder &each : Placeholders()) {
+                PrintOnly<const char *, Shown>(mode, "          %-8s  %s\n", each.word, Shown{each.help});
+            }
         }
     }
     DashRule();

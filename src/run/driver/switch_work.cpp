@@ -10,6 +10,7 @@
 #include "run/driver/switches.h"
 #include "run/globals.h"
 #include "run/mode.h"
+#include "tools/notice_list.h"
 
 namespace {
 
@@ -231,6 +232,10 @@ void SwitchExtended(const char *parameter, Globals *G) {
             SetFlags(row.flags, G);
             return;
         }
+    }
+    if (strcasecmp(parameter, "UDQNKEYS") == 0) {
+        ShowRuleKeys(G);
+        EndProcess(G, 0);
     }
     if (strcasecmp(parameter, "NOWRAP") == 0) {
         G->wrap_long_names = 0;
