@@ -187,11 +187,13 @@ int BuildFileList(int first_argument, Globals *G) {
 }
 
 int AddSourceFile(const char *name, const char *extension, Globals *G) {
+    struct stat status;
+    const bool there = stat(name, &status) == 0;
     // A report that is scanned while it is written grows without end: "tly -xDEBUG -r"h ." > lines.h".
-    if (IsReport(name, G)) {
+    if (there && IsReport(status, G)) {
         return 1;
     }
-    SetFileDateSize(name, G);
+    SetFileDateSize(there ? &status : nullptr, G);
     const bool is_header = *extension == 'h' || *extension == 'H';
     Llist *list = is_header ? &G->header_file_list : &G->source_file_list;
     if (!AddFileNode(name, G->file_date, G->file_size, -1, {}, {}, list, 0, G)) {
@@ -201,11 +203,9 @@ int AddSourceFile(const char *name, const char *extension, Globals *G) {
     return 1;
 }
 
-void SetFileDateSize(const char *name, Globals *G) {
-    struct stat status;
-    const bool there = stat(name, &status) == 0;
-    G->file_date = there ? status.st_mtime : 0;
-    G->file_size = there ? status.st_size : 0;
+void SetFileDateSize(const struct stat *status, Globals *G) {
+    G->file_date = status ? status->st_mtime : 0;
+    G->file_size = status ? status->st_size : 0;
 }
 
 // The expansion goes on while the text behind the variable just replaced holds another pair of "%", and each time starts from the

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <sys/stat.h>
 
 struct Globals;
 
@@ -21,5 +22,5 @@ const char *ExpandEnvarString(const char *line, std::span<char> out, Globals *G)
 bool FilenamePatternMatch(const char *name, const Globals *G);
 // Converts to upper or lower case in place and returns the text.
 char *ChangeCase(char *text, int upper);
-// Stores the file's modification time and size in G; 0 for both when the file isn't there.
-void SetFileDateSize(const char *name, Globals *G);
+// Stores a file's modification time and size in G; 0 for both where status is null: the file isn't there.
+void SetFileDateSize(const struct stat *status, Globals *G);

@@ -21,6 +21,7 @@ void EndFeeds(SourceReader *reader) {
 void Begin(SourceReader *reader, MaskUse use) {
     static const Classifier lines = BestClassifier(MaskUse::kLines);
     static const Classifier code = BestClassifier(MaskUse::kCode);
+    reader->got = 0;
     reader->use = use;
     reader->white = {};
     reader->white_to = 0;
@@ -50,6 +51,7 @@ int OpenSource(SourceReader *reader, const char *name, MaskUse use, int modify) 
         errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
         return 0;
     }
+    reader->size = static_cast<size_t>(info.st_size);
     Begin(reader, use);
     return 1;
 }
@@ -102,12 +104,16 @@ void Refill(SourceReader *reader) {
     memmove(block, block + reader->begin, reader->end - reader->begin);
     reader->end -= reader->begin;
     reader->begin = 0;
-    const ssize_t got = ReadSome(reader->fd, block + reader->end, SourceReader::kBlock - reader->end);
+    const size_t room = SourceReader::kBlock - reader->end;
+    const ssize_t got = ReadSome(reader->fd, block + reader->end, room);
     if (got <= 0) {
         reader->at_end = 1;
         reader->failed = got < 0 ? errno : 0;
     } else {
         reader->end += got;
+        reader->got += got;
+        // behind its size a file that gives less than was asked for has no more; one of size 0 may give it in pieces
+        reader->at_end = static_cast<size_t>(got) < room && reader->size > 0 && reader->got >= reader->size;
     }
     memset(block + reader->end, 0, kMaskBytes + kBytesBehind);
     reader->cut = reader->end;

@@ -27,6 +27,8 @@ struct SourceReader {
     int at_end;   // nothing more to read from fd
     int has_nul;  // the block in hand holds a NUL byte
     int failed;   // errno of a read that failed; the file ends there
+    size_t size;  // of the file, as it was opened; 0 where it isn't told
+    size_t got;   // bytes read
     size_t begin; // unread bytes of the block: from here
     size_t end;   // up to here
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand

@@ -121,10 +121,14 @@ void FlushEarlyMessages(Globals *G) {
     LlistDestroy(&G->early_messages, NoOwnTexts);
 }
 
+bool IsReport(const struct stat &file, const Globals *G) {
+    struct stat report;
+    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && IsSameFile(file, report);
+}
+
 bool IsReport(const char *path, const Globals *G) {
-    struct stat report, file;
-    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && stat(path, &file) == 0 &&
-           IsSameFile(file, report);
+    struct stat file;
+    return stat(path, &file) == 0 && IsReport(file, G);
 }
 
 int FinishOutput(int status) {
