@@ -18,8 +18,8 @@ namespace {
 
 // The limits of tly's reader.
 constexpr size_t kLongestLine = 2047;
-constexpr int kMostFlags = 32, kFlagLimit = 2000;
-constexpr size_t kMostExtensions = 64;
+constexpr int kFlagLimit = 2000;
+constexpr size_t kMostFlags = 32, kMostExtensions = 64;
 constexpr size_t kMostDepth = 32, kMostFiles = 1000;
 
 constexpr double kTryingSeconds = 20; // for all patterns together
@@ -32,7 +32,7 @@ struct Place {
 };
 
 struct Flags {
-    std::vector<int> numbers{};
+    std::vector<int> numbers{}; // that count
     int line = 0;
 };
 
@@ -88,6 +88,10 @@ std::string Number(long number) {
     return std::to_string(number);
 }
 
+std::string Shown(const Place &place) {
+    return place.file + ":" + Number(place.line);
+}
+
 std::string_view Trimmed(std::string_view text, const char *front, const char *back) {
     text.remove_prefix(std::min(text.find_first_not_of(front), text.size()));
     return text.substr(0, text.find_last_not_of(back) + 1);
@@ -128,19 +132,26 @@ bool TakeSwitch(Checker &c, const char *key, const std::string &value) {
     return IsOn(value);
 }
 
+// tly looks at as many places of a list as it has good numbers: a bad one costs the last of them.
 void TakeFlags(Checker &c, const std::string &value, Flags &flags) {
-    flags = {{}, c.at.line};
     const std::vector<std::string> words = Listed(value);
-    for (const std::string &word : words) {
+    size_t good = 0;
+    flags = {{}, c.at.line};
+    for (size_t place = 0; place < std::min(words.size(), kMostFlags); ++place) {
         bool whole = false;
-        const long number = NumberOf(word, whole);
-        if (number >= 1 && number < kFlagLimit && whole) {
-            flags.numbers.push_back(static_cast<int>(number));
-        } else {
-            Tell(c,
-                 Quoted(word) + " is no flag from 1 to " + Number(kFlagLimit - 1) + ": tly doesn't look at the end of such a list");
+        const long number = NumberOf(words[place], whole);
+        const bool fits = number >= 1 && number < kFlagLimit;
+        if (!fits) {
+            Tell(c, Quoted(words[place]) + " is no flag from 1 to " + Number(kFlagLimit - 1) +
+                        ": the last of the list is lost for it");
+        } else if (!whole) {
+            Tell(c, Quoted(words[place]) + " is no number: tly takes it for " + Number(number));
         }
+        flags.numbers.push_back(fits ? static_cast<int>(number) : 0);
+        good += fits;
     }
+    flags.numbers.resize(good);
+    std::erase(flags.numbers, 0);
     if (words.size() > kMostFlags) {
         Tell(c, "more than " + Number(kMostFlags) + " flags: tly passes over those behind " + Quoted(words[kMostFlags - 1]));
     }
@@ -156,7 +167,7 @@ void TakeId(Checker &c, const std::string &value) {
         Tell(c, "identifier " + Number(id) + ": below 100 are tly's own notices; tly complains in every run, and uses it");
     }
     if (const auto taken = c.ids.find(id); taken != c.ids.end()) {
-        Tell(c, "identifier " + Number(id) + " is that of the rule in " + taken->second.file + ":" + Number(taken->second.line) +
+        Tell(c, "identifier " + Number(id) + " is that of the rule in " + Shown(taken->second) +
                     ": tly complains in every run, and this rule has " + Number(c.rule.id));
         return;
     }
@@ -356,7 +367,7 @@ void EndRule(Checker &c, const std::string &) {
 
 void BeginRule(Checker &c) {
     if (c.in_rule) {
-        Tell(c, "the rule of line " + Number(c.rule.begin.line) + " has no \"UDQN End\": tly drops it");
+        Tell(c, "the rule in " + Shown(c.rule.begin) + " has no \"UDQN End\": tly drops it");
     }
     c.rule = {};
     c.rule.begin = c.at;

@@ -82,13 +82,19 @@ std::string Repeated(std::string_view head, std::string_view piece) {
     return line;
 }
 
-// Each piece of the sample over and over, behind what leads to it. try_line returns whether it is content with a line, which ends
-// the trying; so does what follows.
-bool TryRepeats(std::string_view sample, const std::function<bool(const std::string &)> &try_line) {
+// Lines that are tried until one is what is looked for. A search for a text that has to be there, which PCRE begins with, is led
+// astray: behind what fits nothing, or in front in the wrong order, stands all that the pattern wants.
+struct Trial {
+    std::function<bool(const std::string &line)> look; // true: no more
+    std::string example{}, turned{};                   // of the pattern; the same from its end to its begin
+};
+
+// Each piece of the sample over and over, behind what leads to it.
+bool TryRepeats(const Trial &trial, std::string_view sample) {
     for (size_t at = 0; at < std::min(sample.size(), kTriedLine / 2); ++at) {
         for (size_t size = 1; size <= 3 && at + size <= sample.size(); ++size) {
             const std::string line = Repeated(sample.substr(0, at), sample.substr(at, size));
-            if (try_line(line + kFitsNothing) || try_line(line + std::string(sample.substr(at + size)))) {
+            if (trial.look(line + kFitsNothing + trial.example) || trial.look(line + std::string(sample.substr(at + size)))) {
                 return true;
             }
         }
@@ -96,10 +102,12 @@ bool TryRepeats(std::string_view sample, const std::function<bool(const std::str
     return false;
 }
 
-bool TryPairs(std::string_view characters, const std::function<bool(const std::string &)> &try_line) {
+bool TryPairs(const Trial &trial, std::string_view characters) {
     for (const char first : characters) {
         for (const char second : characters) {
-            if (try_line(Repeated("", std::string{first, second}) + kFitsNothing)) {
+            const std::string pair{first, second};
+            if (trial.look(Repeated("", pair) + kFitsNothing + trial.example) ||
+                trial.look(Repeated(trial.turned, pair) + kFitsNothing)) {
                 return true;
             }
         }
@@ -142,22 +150,23 @@ Outcome Find(const RulePattern &pattern, const std::string &line, int options) {
 
 std::string AgainstPattern(const RulePattern &pattern, std::string_view text, std::string_view sample, double &seconds) {
     const double begin = ProcessorTime();
-    const std::string example = ExampleOf(text);
-    const std::set<char> known(example.begin(), example.end());
-    std::string characters = "a0 _(\"";
-    std::ranges::copy_if(known, std::back_inserter(characters), [&](char c) { return characters.find(c) == std::string::npos; });
-    characters.resize(std::min(characters.size(), kMostCharacters));
-
     std::string found;
-    const auto try_line = [&](const std::string &line) {
+    Trial trial;
+    trial.example = ExampleOf(text).substr(0, kTriedLine / 4);
+    trial.turned.assign(trial.example.rbegin(), trial.example.rend());
+    trial.look = [&](const std::string &line) {
         const bool late = ProcessorTime() - begin > seconds;
         if (!late && Find(pattern, line, 0) == Outcome::kStopped) {
             found = line;
         }
         return late || !found.empty();
     };
-    if (!TryRepeats(sample, try_line) && !TryRepeats(example, try_line)) {
-        TryPairs(characters, try_line);
+    const std::set<char> known(trial.example.begin(), trial.example.end());
+    std::string characters = "a0 _(\"";
+    std::ranges::copy_if(known, std::back_inserter(characters), [&](char c) { return characters.find(c) == std::string::npos; });
+    characters.resize(std::min(characters.size(), kMostCharacters));
+    if (!TryRepeats(trial, sample) && !TryRepeats(trial, trial.example)) {
+        TryPairs(trial, characters);
     }
     seconds -= std::min(seconds, ProcessorTime() - begin);
     return found;
