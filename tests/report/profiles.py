@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """profiles.py --tly TLY: with each profile of share/tly/profiles a source raises the notices that the profile keeps, once over its
 limits, and none that it leaves out; at its limits it raises none. The profile stays as it is written."""
-import argparse, pathlib, re, subprocess, tempfile
+import argparse, os, pathlib, re, subprocess, tempfile
 
 PROFILES = pathlib.Path(__file__).resolve().parents[2] / "share" / "tly" / "profiles"
 
@@ -92,10 +92,24 @@ def numbers(tly, place, env, profile, texts):
     return {int(n) for n in re.findall(r"<type>(\d+)</type>", done.stdout)}
 
 
+def check_ratchet(tly, place):
+    """What was there stays unsaid, over its limits or not; what comes is said."""
+    at = limits((place / ".tly" / "tly.cfg").read_text())
+    path = place / "a.cpp"
+    path.write_text("\n".join(functions(at, 1)) + "\n" + STYLE)
+    env = {**os.environ, "TLYCFGHOME": ".tly", "HOME": str(place)}
+    for command in ("init -q", "add -A", "-c user.name=a -c user.email=a@b commit -qm1"):
+        subprocess.run(["git", *command.split()], cwd=place, env=env, check=True)
+    path.write_text(path.read_text().replace("    if (a) { g(a); }", "    if (a) { g(a); }\n" * 2) + "int one(int a)\n{\n    if (a) goto x;\n}\n")
+    done = subprocess.run([tly.with_name("tly-report"), "new", "--since", "HEAD", "--max", "0"], cwd=place, env=env, capture_output=True, text=True)
+    assert done.returncode == 1 and re.findall(r": notice (\d+):", done.stdout) == ["9", "22"], done.stdout + done.stderr
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--tly", required=True)
-    tly = str(pathlib.Path(parser.parse_args().tly).resolve())
+    program = pathlib.Path(parser.parse_args().tly).resolve()
+    tly = str(program)
     assert {path.stem for path in PROFILES.glob("*.cfg")} == set(KEPT)
     for profile, kept in KEPT.items():
         text = (PROFILES / f"{profile}.cfg").read_text()
@@ -112,6 +126,8 @@ def main():
             within = numbers(tly, place, calm, profile, sources(profile, at, 0))
             assert not within, (profile, within)
             assert (place / ".tly" / "tly.cfg").read_text() == text, profile
+            if profile == "ratchet":
+                check_ratchet(program, place)
 
 
 if __name__ == "__main__":
