@@ -13,7 +13,8 @@ def rules_of(path):
     """Per rule: its number, the extension of a source, its sample, and what it lets pass."""
     for text in re.findall(r"^UDQN Begin(.*?)^UDQN End", path.read_text(), flags=re.M | re.S):
         one = lambda key: re.search(rf"^{key} *: (.*)$", text, flags=re.M)[1]
-        yield int(one("UDQN Identifier")), re.split("[ ,]+", one("sources"))[0], one("string"), re.findall("^# passes *: (.*)$", text, flags=re.M)
+        passes = re.findall("^# passes *: (.*)$", text, flags=re.M)
+        yield int(one("UDQN Identifier")), re.split("[ ,]+", one("sources"))[0], one("string"), passes
 
 
 def against(sample):

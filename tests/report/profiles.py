@@ -21,7 +21,8 @@ LEFT_OUT = {
     "ratchet": {6, 16, 23, 26, 30, 37, 38, 50},
 }
 LIMIT = {
-    "eloc": "Maximum Function eLOC", "cyclo": "Maximum functional cyclomatic complexity", "parameters": "Maximum functional interface complexity",
+    "eloc": "Maximum Function eLOC", "cyclo": "Maximum functional cyclomatic complexity",
+    "parameters": "Maximum functional interface complexity",
     "returns": "Maximum functional return points", "depth": "Maximum depth of scope", "methods": "Maximum number of methods per class",
     "line": "Maximum Line Length", "name": "Maximum Function Name Length", "loc": "Min. Function LOC for content analysis",
 }
@@ -86,7 +87,8 @@ def numbers(tly, place, env, profile, texts):
     extension = {"ratchet": "cpp"}.get(profile, profile)
     wrap = extension in ("java", "cs")
     for n, text in enumerate(texts):
-        (place / f"S{n}.{extension}").write_text(f"// remark\nclass S{n} {{\n{text}}}\n" if wrap and "class" not in text else "// remark\n" + text)
+        text = f"class S{n} {{\n{text}}}\n" if wrap and "class" not in text else text
+        (place / f"S{n}.{extension}").write_text("// remark\n" + text)
     command = [tly, "-xMODERN", "-X", "-Ta", "-Tq", *(f"S{n}.{extension}" for n in range(len(texts)))]
     done = subprocess.run(command, cwd=place, env=env, capture_output=True, text=True, timeout=60)
     return {int(n) for n in re.findall(r"<type>(\d+)</type>", done.stdout)}
@@ -100,8 +102,10 @@ def check_ratchet(tly, place):
     env = {**os.environ, "TLYCFGHOME": ".tly", "HOME": str(place)}
     for command in ("init -q", "add -A", "-c user.name=a -c user.email=a@b commit -qm1"):
         subprocess.run(["git", *command.split()], cwd=place, env=env, check=True)
-    path.write_text(path.read_text().replace("    if (a) { g(a); }", "    if (a) { g(a); }\n" * 2) + "int one(int a)\n{\n    if (a) goto x;\n}\n")
-    done = subprocess.run([tly.with_name("tly-report"), "new", "--since", "HEAD", "--max", "0"], cwd=place, env=env, capture_output=True, text=True)
+    grown = path.read_text().replace("    if (a) { g(a); }", "    if (a) { g(a); }\n" * 2)
+    path.write_text(grown + "int one(int a)\n{\n    if (a) goto x;\n}\n")
+    command = [tly.with_name("tly-report"), "new", "--since", "HEAD", "--max", "0"]
+    done = subprocess.run(command, cwd=place, env=env, capture_output=True, text=True)
     assert done.returncode == 1 and re.findall(r": notice (\d+):", done.stdout) == ["9", "22"], done.stdout + done.stderr
 
 
