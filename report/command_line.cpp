@@ -47,6 +47,8 @@ const OptionRow kOptions[] = {
     {" new ", "--root", "DIR", "the directory where tly ran; paths are shown relative to it (the current one)", &Options::root},
     {" new ", "--since", "COMMIT", "compare what git tracks below the paths with what this commit had there", &Options::since},
     {" new ", "--max", "N", "exit with 1 if more than N notices are new", &Options::most_new},
+    {" rules ", "FILE", "...", "files of rules (UDQN); several are read as one (standard input)", &Options::inputs},
+    {" rules ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" run ", "PATH", "...", "directories, of which the sources that git tracks are measured, or files (the current directory)", &Options::paths},
     {" new run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},

@@ -12,6 +12,7 @@
 #include "output.h"
 #include "page.h"
 #include "read_project.h"
+#include "rules.h"
 #include "run.h"
 #include "since.h"
 #include "top.h"
@@ -197,5 +198,6 @@ const Command kCommands[] = {
     {"top", "the functions that stand out by their figures", RunTop},
     {"new", "the notices that an earlier report or commit hasn't", RunNew},
     {"gate", "fail with 1 when limits are exceeded, and tell where", RunGate},
+    {"rules", "what is wrong in a file of rules of your own", RunRules},
     {nullptr, nullptr, nullptr},
 };
