@@ -101,7 +101,7 @@ def metrics(text, place, faults):
     place.write("tly.cfg", place.settings)
 
     def command(found):
-        shown = place.run(found[1].replace("\\|", "|")).rstrip("\n").split("\n")
+        shown = place.run(found[1]).splitlines()
         return f"    $ {found[1]}\n" + "".join(f"    {line}".rstrip() + "\n" for line in shown)
 
     return COMMAND.sub(command, text)
