@@ -16,7 +16,7 @@
 #include "texts.h"
 
 inline constexpr uint32_t kNone = UINT32_MAX; // an index that names nothing
-inline constexpr int64_t kUntold = -1;        // a figure that the input doesn't tell
+inline constexpr int64_t kUntold = INT64_MIN; // a figure that the input doesn't tell
 
 // The language of a file, told from its extension by the rules that tly has unless its settings say otherwise.
 enum class Language : uint8_t { kOther, kC, kCHeader, kCpp, kCppHeader, kJava, kCSharp };
@@ -26,7 +26,7 @@ inline constexpr const char *kLanguageNames[] = {"Other", "C", "C Header", "C++"
 struct Lines {
     int64_t loc = 0;          // lines of code
     int64_t eloc = 0;         // of these, more than a brace or a parenthesis
-    int64_t lloc = 0;         // statements
+    int64_t lloc = 0;         // statements; below 0 where a for without ";" ends none: for (a : b)
     int64_t comments = 0;     // lines with comment text
     int64_t blanks = kUntold; // told for languages and totals only: tly's XML has no blank lines of a file or function
     int64_t lines = 0;        // physical lines

@@ -100,9 +100,9 @@ bool Fail(Reader &r, const std::string &what) {
     return false;
 }
 
-int64_t Number(Reader &r, Cell cell, int64_t largest = kLargest) {
+int64_t Number(Reader &r, Cell cell, int64_t largest = kLargest, int64_t least = 0) {
     const int64_t value = r.cell[cell].number;
-    if (value < 0 || value > largest) {
+    if (value < least || value > largest) {
         Fail(r, std::string("an element of \"") + kSections[r.section] + "\" has a figure that is missing or no count.");
         return 0;
     }
@@ -127,7 +127,7 @@ Lines LinesOf(Reader &r) {
     Lines lines;
     lines.loc = Number(r, kLoc);
     lines.eloc = Number(r, kEloc);
-    lines.lloc = Number(r, kLloc);
+    lines.lloc = Number(r, kLloc, kLargest, -kLargest);
     lines.comments = Number(r, kComments);
     lines.blanks = NumberOr(r, kBlanks, kUntold);
     lines.lines = Number(r, kPhysical);

@@ -42,6 +42,7 @@ struct Reader {
     std::array<bool, kLeaves> filled{};
     Members attributes{};
     std::string messages{};
+    int64_t long_lines = 0;          // told as too long
     std::vector<uint32_t> file_at{}; // index of m.files by the TextId of the path that tly has; kNone
     Part section = Part::kOutside;   // kSlice or kWhole within these
 
@@ -70,8 +71,29 @@ bool Blank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
+// tly passes over a line that is too long and reads on: what it tells of that is counted, and taken out of the messages.
+void TakeLongLines(Reader *r) {
+    static constexpr std::string_view kBegin = "Error: Text line ";
+    static constexpr std::string_view kEnd = " characters Examine file for proper text file formatting.";
+    size_t at = 0;
+    while ((at = r->messages.find(kBegin, at)) != std::string::npos) {
+        const size_t end = r->messages.find(kEnd, at);
+        if (end == std::string::npos) {
+            return;
+        }
+        r->messages.erase(at, end + kEnd.size() - at);
+        r->long_lines += r->section != Part::kWhole; // which tells those of its slices again
+    }
+    if (Blank(r->messages)) {
+        r->messages.clear();
+    }
+}
+
 // Every run of white space becomes one blank; none at the ends.
 void AppendMessage(Reader *r, std::string_view text) {
+    if (r->messages.size() > kLongestText / 2) {
+        TakeLongLines(r);
+    }
     if (r->messages.size() + text.size() > kLongestText) {
         Fail(r, Place(r) + "more than a megabyte of messages. This isn't the XML of tly." + kMakeAgain);
         return;
@@ -97,11 +119,11 @@ std::string Unwrapped(std::string_view text) {
     return whole;
 }
 
-int64_t Number(Reader *r, Leaf leaf, int64_t largest = kLargest) {
+int64_t Number(Reader *r, Leaf leaf, int64_t largest = kLargest, int64_t least = 0) {
     const std::string &text = r->cell[leaf];
     int64_t value = 0;
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (!r->filled[leaf] || failure != std::errc() || end != text.data() + text.size() || value < 0 || value > largest) {
+    if (!r->filled[leaf] || failure != std::errc() || end != text.data() + text.size() || value < least || value > largest) {
         Fail(r, Place(r) + (r->filled[leaf] ? "\"" + text.substr(0, 40) + "\" is no count." : "a figure is missing.") + kMakeAgain);
         return 0;
     }
@@ -120,7 +142,7 @@ Lines LinesOf(Reader *r) {
     Lines lines;
     lines.loc = Number(r, kLoc);
     lines.eloc = Number(r, kEloc);
-    lines.lloc = Number(r, kLloc);
+    lines.lloc = Number(r, kLloc, kLargest, -kLargest);
     lines.comments = Number(r, kComments);
     lines.blanks = NumberOr(r, kBlanks, kUntold);
     lines.lines = Number(r, kPhysical);
@@ -252,6 +274,7 @@ void BeginDocument(Reader *r) {
 
 // Figures beside an error are figures of a part. It is told ahead of what follows from it, such as that there are no files.
 void RefuseErrors(Reader *r) {
+    TakeLongLines(r);
     if (r->messages.find("Error:") != std::string::npos) {
         std::string messages = r->messages.substr(0, 2000);
         std::ranges::replace(messages, '\n', ' ');
@@ -466,6 +489,10 @@ bool ReadXml(std::FILE *in, const std::string &name, const std::string &root, Mo
     if (error.empty() && !r.messages.empty()) {
         r.messages.pop_back();
         m.remarks.push_back(name + ": " + r.messages);
+    }
+    if (error.empty() && r.long_lines > 0) {
+        m.remarks.push_back(name + ": tly passed over " + std::to_string(r.long_lines) +
+                            " pieces of lines of more than 2048 characters.");
     }
     return error.empty();
 }

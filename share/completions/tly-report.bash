@@ -35,8 +35,9 @@ _tly_report() {
     top) options='-o --output --root -n --by' ;;
     new) options='--allow -o --output --root --since --max --classic --jobs --tly' ;;
     gate) options='-o --output --root --max-complexity --max-lines --max-notices --notice --new --allow' ;;
+    rules) options='-o --output' ;;
     *)
-        mapfile -t COMPREPLY < <(compgen -W 'run json page sarif gitlab checkstyle github csv markdown badge top new gate --help --version' -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W 'run json page sarif gitlab checkstyle github csv markdown badge top new gate rules --help --version' -- "$word")
         return
         ;;
     esac

@@ -16,6 +16,7 @@ complete -c tly-report -n __fish_use_subcommand -a badge -d 'one figure for a pa
 complete -c tly-report -n __fish_use_subcommand -a top -d 'the functions that stand out by their figures'
 complete -c tly-report -n __fish_use_subcommand -a new -d 'the notices that an earlier report or commit hasn'\''t'
 complete -c tly-report -n __fish_use_subcommand -a gate -d 'fail with 1 when limits are exceeded, and tell where'
+complete -c tly-report -n __fish_use_subcommand -a rules -d 'what is wrong in a file of rules of your own'
 
 complete -c tly-report -n '__fish_seen_subcommand_from run' -s o -l output -r -F -d 'write to FILE (standard output)'
 complete -c tly-report -n '__fish_seen_subcommand_from run' -l classic -d 'read today'\''s constructs as tly does without -xMODERN'
@@ -90,3 +91,6 @@ complete -c tly-report -n '__fish_seen_subcommand_from gate' -l notice -x -d 'th
 complete -c tly-report -n '__fish_seen_subcommand_from gate' -l new -r -F -d 'there may be no notice that OLD hasn'\''t: a JSON, SARIF or GitLab file of tly-report'
 complete -c tly-report -n '__fish_seen_subcommand_from gate' -l allow -r -F -d 'the findings that are passed over, by fingerprint or by number and file'
 complete -c tly-report -n '__fish_seen_subcommand_from gate' -F
+
+complete -c tly-report -n '__fish_seen_subcommand_from rules' -s o -l output -r -F -d 'write to FILE (standard output)'
+complete -c tly-report -n '__fish_seen_subcommand_from rules' -F

@@ -148,7 +148,7 @@ template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers
     for (;;) {
         const int place = scan.origin + begin;
         const int skipped = place & (kBytes - 1); // of the 64 bytes in hand
-        int first = begin - skipped;        // index of the first of them
+        int first = begin - skipped;              // index of the first of them
         uint64_t bits = BitsAt(place, scan, waiting) >> skipped << skipped;
         do {
             while (!bits) {

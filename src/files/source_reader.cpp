@@ -205,9 +205,9 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     text[-1] = '\0';
     const size_t length = reader->has_nul ? strlen(text) : bytes;
     *line = {text, static_cast<int>(length), static_cast<int>(text - reader->Block()), reader->masks};
-    const Piece piece = filled                                      ? (length < bytes ? Piece::kLine : Piece::kTooLong)
+    const Piece piece = filled                                ? (length < bytes ? Piece::kLine : Piece::kTooLong)
                         : feed || *text == '\t' || *text > 11 ? Piece::kLine
-                                                                    : Piece::kEnd;
+                                                              : Piece::kEnd;
     if (reader->use == MaskUse::kCode) { // only the text of a line counts
         const size_t counted = piece == Piece::kLine ? length : 0;
         LeaveOutWhite(reader, text + counted, bytes - counted);

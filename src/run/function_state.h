@@ -30,10 +30,10 @@ struct FunctionTexts {
 };
 
 struct FunctionState : FunctionHead {
-    int param_line;              // the last line collected into params
-    int inline_flag;             // declared inline
-    int local_params;            // parameters of the open function
-    int local_void_param;        // its parameter list holds void
+    int param_line;       // the last line collected into params
+    int inline_flag;      // declared inline
+    int local_params;     // parameters of the open function
+    int local_void_param; // its parameter list holds void
     // where the open function's figures are measured from
     int func_start_line, func_start_loc, func_start_comment, func_start_blank, func_start_noneffective;
     int func_start_white, func_start_chars;
