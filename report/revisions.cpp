@@ -19,7 +19,7 @@
 namespace {
 
 constexpr const char *kDate = "--date=format:%a %b %e %H:%M:%S %Y";
-constexpr const char *kCommit = "--format=%H%x00%h%x00%cd%x00%cs%x00%s";
+constexpr const char *kCommit = "--format=%H%x00%h%x00%cd%x00%cI%x00%s";
 constexpr size_t kFields = 5; // of a commit, by these
 
 // Settings of the user's that would run a program, or write to the repository.
@@ -217,12 +217,14 @@ bool LastCommits(const Repository &repository, size_t count, size_t every, std::
 
 bool LastTags(const Repository &repository, size_t count, std::vector<Commit> &commits, std::string &error) {
     std::string list;
-    Git(repository, {"for-each-ref", "--sort=-creatordate", "--format=%(refname:short)", "refs/tags"}, list);
+    Git(repository, {"for-each-ref", "--sort=version:refname", "--sort=creatordate", "--format=%(refname:short)", "refs/tags"},
+        list);
     std::ranges::replace(list, '\n', '\0');
-    for (const std::string &name : Split(list)) {
+    std::vector<std::string> names = Split(list);
+    for (; !names.empty() && commits.size() < count; names.pop_back()) {
         Commit commit;
-        if (commits.size() < count && FindCommit(repository, "refs/tags/" + name, commit, error)) {
-            commit.name = name;
+        if (FindCommit(repository, "refs/tags/" + names.back(), commit, error)) {
+            commit.name = names.back();
             commits.push_back(commit);
         }
     }

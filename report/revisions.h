@@ -16,7 +16,7 @@ struct Commit {
     std::string name; // as it was asked for, or the short id
     std::string id;
     std::string date; // when it was committed: "Mon Nov 23 09:30:07 2026"
-    std::string day;  // of that: "2026-11-23"
+    std::string iso;  // the same: "2026-11-23T09:30:07+01:00"
     std::string subject;
 };
 
