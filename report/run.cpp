@@ -135,9 +135,12 @@ void FindSettings(Run &run) {
     }
 }
 
-// Settings for the job that reads all sources, or none: the user's, with every notice off that doesn't rest on the tree.
-bool WriteOwnSettings(const Run &run, const std::string &home) {
-    std::string settings = ReadFile(run.settings + "tly.cfg") + "\n";
+// For a comparison: a file that lost lines isn't equal, and names are what git takes for names.
+constexpr const char *kExactly = "Add removed older lines as modified : Yes\nSource file names are case sensitive : Yes\n";
+
+// Settings for the job that reads all sources, or none: the user's, and more, with every notice off that doesn't rest on the tree.
+bool WriteOwnSettings(const Run &run, const std::string &home, const char *more) {
+    std::string settings = ReadFile(run.settings + "tly.cfg") + "\n" + more;
     for (int n = 1; n <= kNoticeKinds; ++n) {
         if (n != kHeaderSwitch && std::ranges::find(kTreeNotices, n) == std::end(kTreeNotices)) {
             settings += "Quality Notice " + std::to_string(n) + " : No\n";
@@ -185,7 +188,7 @@ bool AddListJob(Run &run, const char *part, std::span<const SourceFile> files) {
 
 bool AddWholeJob(Run &run, std::span<const SourceFile> files) {
     const std::string home = run.place + "whole/";
-    if (!AddListJob(run, "whole", files) || !WriteOwnSettings(run, home)) {
+    if (!AddListJob(run, "whole", files) || !WriteOwnSettings(run, home, "")) {
         return false;
     }
     run.jobs.back().variables.push_back("TLYCFGHOME=" + home);
@@ -401,7 +404,10 @@ int MakeBaseline(const Options &options, const std::string &root, const std::str
         Sources sources;
         std::string none; // a baseline of nothing is one
         FindSources({top}, "", sources, none);
-        std::erase_if(sources.files, [](const SourceFile &f) { return !FitsList(f.path); });
+        const size_t odd = std::erase_if(sources.files, [](const SourceFile &f) { return !FitsList(f.path); });
+        if (odd > 0) {
+            Tell(std::to_string(odd) + " of the sources can't stand in a list of tly's by name: not compared line by line.");
+        }
         if (!AddListJob(run, nullptr, sources.files)) {
             return Tell(run.place + ": a list can't be written here: " + strerror(errno));
         }
@@ -419,6 +425,7 @@ int CompareBaselines(const Options &options, const std::string &place, const cha
         job.output = output;
         job.variables.push_back("TLYCFGHOME=" + home);
         run.jobs.push_back(std::move(job));
-        return WriteOwnSettings(run, home) ? RunJobs(run) : Tell(home + ": settings can't be written here: " + strerror(errno));
+        return WriteOwnSettings(run, home, kExactly) ? RunJobs(run)
+                                                     : Tell(home + ": settings can't be written here: " + strerror(errno));
     });
 }

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr size_t kPiece = 64 * 1024;
+constexpr size_t kWidestCell = 60; // longer ones push their row to the right
 
 // The code of a valid character of UTF-8.
 uint32_t CodeOf(std::string_view character) {
@@ -90,13 +91,13 @@ void AppendColumns(LineWriter &w, const std::vector<std::vector<std::string>> &r
     std::vector<size_t> widths(alignment.size());
     for (const std::vector<std::string> &row : rows) {
         for (size_t i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], characters(row[i]));
+            widths[i] = std::max(widths[i], std::min(characters(row[i]), kWidestCell));
         }
     }
     for (const std::vector<std::string> &row : rows) {
         w.text += indent;
         for (size_t i = 0; i < row.size(); ++i) {
-            const size_t pad = widths[i] - characters(row[i]);
+            const size_t pad = widths[i] - std::min(widths[i], characters(row[i]));
             w.text.append(i == 0 ? 0 : 2, ' ');
             w.text.append(alignment[i] == 'r' ? pad : 0, ' ');
             w.text += row[i];
