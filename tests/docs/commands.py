@@ -45,7 +45,7 @@ none:
 MORE = {
     "main.c": '#include "util.h"\nint main(void) { return util(1); }\n', "util.c": "int util(int a) { return a; }\n",
     "util.h": "int util(int a);\n", "a.cpp": "class A { int Get() { return 1; } };\n", "B.cs": "class B { int c; }\n",
-    "src/util.c": "int sum(int a) { return a; }\n", "list.txt": "main.c\n", "x.cfg": "", "r1/a.c": "int a;\n", "r2/a.c": "int a, b;\n",
+    "src/util.c": "int sum(int a) { return a; }\n", "list.txt": "main.c\n", "my.udqn": FILES["rules/rules.udqn"], "r1/a.c": "int a;\n", "r2/a.c": "int a, b;\n",
     "proj/a.c": "int a;\n", "my project/a.c": "int a;\n", "base/none": "", "old/a.c": "int a;\n",
 }
 SET_UP = """git init -q . && git config user.email a@b && git config user.name n && git add src vendor rules
