@@ -51,9 +51,19 @@ const OptionRow kOptions[] = {
     {" rules ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" run ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
     {" run ", "PATH", "...", "directories, of which the sources that git tracks are measured, or files (the current directory)", &Options::paths},
-    {" new run ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
-    {" new run ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},
-    {" new run ", "--tly", "PROGRAM", "the tly to start (the one beside tly-report, or on the PATH)", &Options::tly},
+    {" between ", "OLD", "", "the earlier commit: a tag, a branch, an id", &Options::since},
+    {" between ", "NEW", "", "the later one (HEAD)", &Options::until},
+    {" trend ", "N", "", "how many commits, the last ones by first parents (10)", &Options::count},
+    {" between trend ", "PATH", "...", "what counts: directories or files, from the current directory (the current directory)", &Options::paths},
+    {" between trend ", "-o,--output", "FILE", "write to FILE (standard output)", &Options::output},
+    {" between trend ", "--page", "FILE", "write a page as well", &Options::page},
+    {" between ", "-n", "N", "list N files, functions and notices each (10)", &Options::count},
+    {" trend ", "--form", "FORM", "text, csv or json (text)", &Options::form},
+    {" trend ", "--every", "K", "each K-th commit only (1)", &Options::every},
+    {" trend ", "--tags", "", "the last tags in place of commits", &Options::tags},
+    {" between new run trend ", "--classic", "", "read today's constructs as tly does without -xMODERN", &Options::classic},
+    {" between new run trend ", "--jobs", "N", "start N tly at once (1)", &Options::jobs},
+    {" between new run trend ", "--tly", "PROGRAM", "the tly to start (the one beside tly-report, or on the PATH)", &Options::tly},
 };
 // clang-format on
 
@@ -70,7 +80,8 @@ void Declare(CLI::App *command, const OptionRow &row, Options &options) {
         },
         row.field);
     option->option_text(row.value);
-    option->allow_extra_args(row.name[0] != '-'); // an option takes one value, and no input behind it
+    const bool is_list = std::holds_alternative<std::vector<std::string> Options::*>(row.field);
+    option->allow_extra_args(is_list && row.name[0] != '-'); // an option takes one value, and no input behind it
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "allow.h"
+#include "between.h"
 #include "formats.h"
 #include "gate.h"
 #include "known.h"
@@ -16,6 +17,7 @@
 #include "run.h"
 #include "since.h"
 #include "top.h"
+#include "trend.h"
 #include "write_json.h"
 
 namespace {
@@ -197,6 +199,8 @@ const Command kCommands[] = {
     {"badge", "one figure for a page's head", RunBadge},
     {"top", "the functions that stand out by their figures", RunTop},
     {"new", "the notices that an earlier report or commit hasn't", RunNew},
+    {"trend", "the figures of the last commits, or of tags", RunTrend},
+    {"between", "what changed from one commit to another", RunBetween},
     {"gate", "fail with 1 when limits are exceeded, and tell where", RunGate},
     {"rules", "what is wrong in a file of rules of your own", RunRules},
     {nullptr, nullptr, nullptr},

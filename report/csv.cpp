@@ -1,57 +1,27 @@
+#include "csv_text.h"
 #include "formats.h"
-#include "text_lines.h"
 
 namespace {
 
-struct Row {
-    LineWriter w;
-    bool first = true; // of the row
-};
-
-void Field(Row &row, std::string_view text) {
-    std::string &out = row.w.text;
-    out += row.first ? "" : ",";
-    row.first = false;
-    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
-        out += text;
-        return;
-    }
-    out += '"';
-    for (const char c : text) {
-        out.append(c == '"' ? 2 : 1, c);
-    }
-    out += '"';
-}
-
-void Field(Row &row, int64_t number) {
-    Field(row, number == kUntold ? std::string() : std::to_string(number));
-}
-
-void EndRow(Row &row) {
-    row.w.text += '\r';
-    EndLine(row.w);
-    row.first = true;
-}
-
-void LinesFields(Row &row, const Lines &lines) {
+void LinesFields(CsvWriter &row, const Lines &lines) {
     for (const int64_t figure : {lines.loc, lines.eloc, lines.lloc, lines.comments, lines.lines}) {
         Field(row, figure);
     }
 }
 
-void ComplexityFields(Row &row, const Complexity &c) {
+void ComplexityFields(CsvWriter &row, const Complexity &c) {
     for (const int64_t figure : {c.parameters, c.returns, c.interface, c.cyclomatic, c.total}) {
         Field(row, figure);
     }
 }
 
-void MemberFields(Row &row, const Members &members) {
+void MemberFields(CsvWriter &row, const Members &members) {
     for (const int64_t figure : {members.publics, members.protecteds, members.privates}) {
         Field(row, figure);
     }
 }
 
-void Head(Row &row, std::initializer_list<const char *> names, bool lines, bool complexity) {
+void Head(CsvWriter &row, std::initializer_list<const char *> names, bool lines, bool complexity) {
     for (const char *name : names) {
         Field(row, name);
     }
@@ -68,7 +38,7 @@ void Head(Row &row, std::initializer_list<const char *> names, bool lines, bool 
     EndRow(row);
 }
 
-void Files(Row &row, const Model &m) {
+void Files(CsvWriter &row, const Model &m) {
     Head(row, {"path", "language", "bytes", "notices"}, true, false);
     for (const FileRow &file : m.files) {
         Field(row, m.texts[file.path]);
@@ -80,7 +50,7 @@ void Files(Row &row, const Model &m) {
     }
 }
 
-void Functions(Row &row, const Model &m) {
+void Functions(CsvWriter &row, const Model &m) {
     Head(row, {"file", "first_line", "end_line", "name", "signature"}, true, true);
     for (const FunctionRow &function : m.functions) {
         Field(row, m.texts[m.files[function.file].path]);
@@ -94,7 +64,7 @@ void Functions(Row &row, const Model &m) {
     }
 }
 
-void Classes(Row &row, const Model &m) {
+void Classes(CsvWriter &row, const Model &m) {
     Head(row,
          {"name", "kind", "bases", "public_attributes", "protected_attributes", "private_attributes", "public_methods",
           "protected_methods", "private_methods"},
@@ -111,7 +81,7 @@ void Classes(Row &row, const Model &m) {
     }
 }
 
-void Notices(Row &row, const Model &m) {
+void Notices(CsvWriter &row, const Model &m) {
     Head(row, {"file", "line", "number", "text", "function", "fingerprint"}, false, false);
     for (const Notice &notice : m.notices) {
         Field(row, m.texts[m.files[notice.file].path]);
@@ -124,7 +94,7 @@ void Notices(Row &row, const Model &m) {
     }
 }
 
-void LanguageRows(Row &row, const Model &m) {
+void LanguageRows(CsvWriter &row, const Model &m) {
     Head(row, {"language", "blanks"}, true, false);
     for (const LanguageRow &language : m.languages) {
         Field(row, m.texts[language.name]);
@@ -134,7 +104,7 @@ void LanguageRows(Row &row, const Model &m) {
     }
 }
 
-void Kinds(Row &row, const Model &m) {
+void Kinds(CsvWriter &row, const Model &m) {
     Head(row, {"number", "count", "text"}, false, false);
     for (const NoticeKind &kind : m.kinds) {
         Field(row, static_cast<int64_t>(kind.number));
@@ -147,7 +117,7 @@ void Kinds(Row &row, const Model &m) {
 } // namespace
 
 bool WriteCsv(const Model &m, Table table, std::FILE *out) {
-    Row row{{out}};
+    CsvWriter row{{out}};
     switch (table) {
     case Table::kFiles: Files(row, m); break;
     case Table::kFunctions: Functions(row, m); break;

@@ -102,6 +102,12 @@ void CountKinds(Model &m) {
     for (Notice &notice : m.notices) {
         notice.text = kinds[notice.number].text;
     }
+    if (!m.lists_notices) {
+        for (const NoticeKind &told : m.kinds) { // by each input
+            NoticeKind &kind = kinds[told.number];
+            kind = {told.number, told.text, kind.count + told.count};
+        }
+    }
     m.kinds.clear();
     for (const auto &[number, kind] : kinds) {
         m.kinds.push_back(kind);

@@ -130,11 +130,12 @@ struct Sums {
 struct Model {
     Texts texts;
 
-    TextId version = 0;  // of tly: "7.75"
-    TextId date = 0;     // of the run, the first if there were several: "Mon Nov 23 09:30:07 2026"
-    TextId command = 0;  // arguments of the run, the first if there were several
-    TextId title = 0;    // of the report, mostly 0
-    bool modern = false; // read by the rules of -xMODERN
+    TextId version = 0;        // of tly: "7.75"
+    TextId date = 0;           // of the run, the first if there were several: "Mon Nov 23 09:30:07 2026"
+    TextId command = 0;        // arguments of the run, the first if there were several
+    TextId title = 0;          // of the report, mostly 0
+    bool modern = false;       // read by the rules of -xMODERN
+    bool lists_notices = true; // false, which a reader is told: the input has the kinds only, by tly -Tp
 
     std::vector<FileRow> files;         // by path
     std::vector<FunctionRow> functions; // by file, end line, name

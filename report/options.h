@@ -18,8 +18,13 @@ struct Options {
     std::string badge = "lines";     // see kBadgeNames
     bool svg = false;                // a badge as a picture
     std::string by = "complexity";   // of a list of functions: see kRankNames
-    int count = 10;                  // of a list of functions
-    std::string since;               // a commit; empty: a file is compared
+    int count = 10;                  // of a list of functions, or of commits
+    std::string since;               // a commit; of new: empty if a file is compared
+    std::string until = "HEAD";      // the later of two commits
+    std::string page;                // where a page goes as well; empty: nowhere
+    std::string form = "text";       // of a trend: see kTrendForms
+    int every = 1;                   // of a trend: each how many-th commit
+    bool tags = false;               // of a trend: tags in place of commits
     int most_new = -1;               // how many new notices there may be; -1: any number
     int max_complexity = -1;         // limits of a gate; -1: none
     int max_lines = -1;
@@ -29,6 +34,7 @@ struct Options {
     std::string allow;                      // see allow.h; empty: none
     bool classic = false;                   // without -xMODERN
     int jobs = 1;
+    bool counts_only = false; // of a run, not an option: notices are counted, and not listed
 };
 
 // Exit statuses of tly-report.

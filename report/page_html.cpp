@@ -71,6 +71,19 @@ std::string Value(double value, int decimals) {
     return IsTold(value) ? Fixed(value, decimals) : std::string("<span class=\"soft\">") + kUntoldText + "</span>";
 }
 
+std::string PlainValue(double value, int decimals) {
+    return IsTold(value) ? Fixed(value, decimals) : "-";
+}
+
+std::string PlainChange(double now, double before, int decimals) {
+    if (!IsTold(now) || !IsTold(before)) {
+        return "";
+    }
+    const std::string size = Fixed(std::abs(now - before), decimals);
+    const bool none = size.find_first_not_of("0.") == std::string::npos;
+    return (none ? "" : now > before ? "+" : "-") + size;
+}
+
 std::string Judged(double now, double before, int decimals, bool less_is_better) {
     if (!IsTold(now) || !IsTold(before)) {
         return "–";

@@ -21,6 +21,10 @@ std::string Value(double value, int decimals);
 // A change of such figures. Where less is better it has a colour, and an arrow up for worse or down for better.
 std::string Judged(double now, double before, int decimals, bool less_is_better);
 
+// The same for a terminal: "12", "-" where there is none; "+12", "-3.50", nothing where there is no change to be told.
+std::string PlainValue(double value, int decimals);
+std::string PlainChange(double now, double before, int decimals);
+
 // For HTML: escaped, and cut to at most this many characters, the last one "…" then.
 std::string Shown(std::string_view text, size_t most = 400);
 

@@ -44,24 +44,28 @@ pid_t Spawn(const std::vector<std::string> &arguments, const std::vector<std::st
 
 } // namespace
 
-pid_t Start(const std::vector<std::string> &arguments, const std::vector<std::string> &variables, const std::string &output) {
+pid_t Start(const std::vector<std::string> &arguments, const std::vector<std::string> &variables, const std::string &output,
+            const std::string &directory) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+    if (!directory.empty()) {
+        posix_spawn_file_actions_addchdir_np(&actions, directory.c_str());
+    }
     const pid_t process = Spawn(arguments, variables, actions);
     posix_spawn_file_actions_destroy(&actions);
     return process;
 }
 
-bool Capture(const std::vector<std::string> &arguments, std::string &output) {
+bool Capture(const std::vector<std::string> &arguments, std::string &output, const std::string &input) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
         return false;
     }
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, input.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     const pid_t process = Spawn(arguments, {}, actions);

@@ -38,12 +38,25 @@ std::string_view Around(const Reader *r, size_t n) {
     return n < r->open.size() ? std::string_view(r->open[r->open.size() - 1 - n]) : std::string_view();
 }
 
+constexpr struct {
+    const char *name;
+    FileState state;
+} kFileElements[] = {
+    {"new", FileState::kAdded}, {"dif", FileState::kChanged}, {"mod", FileState::kChanged}, {"rem", FileState::kRemoved}};
+
+// Of the element of a file, else null.
+const FileState *StateOf(std::string_view element) {
+    const auto *found = std::ranges::find_if(kFileElements, [element](const auto &row) { return element == row.name; });
+    return found == std::end(kFileElements) ? nullptr : &found->state;
+}
+
 CompareFigures *FiguresOf(Reader *r) {
     Comparison &c = r->comparison;
     const std::string_view part = Around(r, 1);
     if (Around(r, 2) == "report") {
         return part == "metrics_newer_work_files"   ? &c.newer.totals
                : part == "metrics_older_work_files" ? &c.older.totals
+               : StateOf(part)                      ? &c.files.back().figures
                                                     : nullptr;
     }
     c.by_lines = c.by_lines || part == "differential_by_code";
@@ -78,6 +91,8 @@ void EndLeaf(Reader *r) {
     } else if (part == "older_work_file" || part == "newer_work_file") {
         Baseline &baseline = part == "older_work_file" ? r->comparison.older : r->comparison.newer;
         (tag == "name" ? baseline.name : baseline.date) = r->text;
+    } else if (tag == "file" && Around(r, 2) == "report" && StateOf(part)) {
+        r->comparison.files.back().path = r->text;
     } else if (tag == "warning") {
         r->comparison.remarks.push_back(r->text);
     } else if (CompareFigures *figures = FiguresOf(r)) {
@@ -126,6 +141,10 @@ void OnStart(void *user, const XML_Char *name, const XML_Char **) {
         r->stopped = true;
         XML_StopParser(r->parser, XML_FALSE);
         return;
+    }
+    const FileState *state = Around(r, 0) == "report" ? StateOf(name) : nullptr;
+    if (state) {
+        r->comparison.files.push_back({*state, "", {}});
     }
     r->is_leaf = true;
     r->open.emplace_back(name);

@@ -37,6 +37,14 @@ struct Baseline {
     CompareFigures totals;
 };
 
+// A file that isn't equal.
+enum class FileState : uint8_t { kAdded, kChanged, kRemoved };
+struct ComparedFile {
+    FileState state = FileState::kChanged;
+    std::string path;
+    CompareFigures figures;
+};
+
 struct Comparison {
     Baseline older;
     Baseline newer;
@@ -45,6 +53,7 @@ struct Comparison {
     CompareFigures removed;
     CompareFigures changed;
     CompareFigures equal;
+    std::vector<ComparedFile> files;  // as the report has them
     std::vector<std::string> remarks; // what tly warns of
 };
 

@@ -245,15 +245,35 @@ void EndLanguage(Reader *r) {
     }
 }
 
+// Whether the section in hand tells of notices of this kind.
+bool IsToldHere(const Reader *r, int number) {
+    const bool of_tree = std::ranges::find(kTreeNotices, number) != std::end(kTreeNotices);
+    return r->section != (of_tree ? Part::kSlice : Part::kWhole);
+}
+
+// A row of the quality profile. The last one is their sum.
+void EndKind(Reader *r) {
+    if (r->cell[kType] == "All") {
+        return;
+    }
+    NoticeKind kind{static_cast<int>(Number(r, kType, INT32_MAX)), Text(r, kDescription), Number(r, kCount)};
+    r->listed += kind.count;
+    if (IsToldHere(r, kind.number)) {
+        r->m.kinds.push_back(kind);
+    }
+}
+
 void EndNotice(Reader *r) {
     if (!r->filled[kFile]) {
-        return; // a row of the quality profile
+        if (!r->m.lists_notices) {
+            EndKind(r);
+        }
+        return;
     }
     ++r->listed;
     Notice notice;
     notice.number = static_cast<int32_t>(Number(r, kType, INT32_MAX));
-    const bool of_tree = std::ranges::find(kTreeNotices, notice.number) != std::end(kTreeNotices);
-    if (r->section == (of_tree ? Part::kSlice : Part::kWhole)) {
+    if (!IsToldHere(r, notice.number)) {
         return;
     }
     notice.file = FileAt(r);

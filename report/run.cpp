@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -35,7 +36,8 @@ struct Job {
     std::vector<std::string> arguments;
     std::vector<std::string> variables;
     std::string output;
-    std::string what; // for messages
+    std::string what;        // for messages
+    std::string directory{}; // where it runs; empty: the current one
 };
 
 volatile sig_atomic_t stopped; // the signal that asks this program to end
@@ -46,11 +48,12 @@ void OnStop(int signal) {
 
 struct Run {
     const Options &options;
+    std::vector<std::string> switches; // what tly is to make
     std::string tly;
     std::string place; // a directory of our own, with "/"
-    std::vector<std::string> variables;
-    std::string settings; // the directory that holds tly.cfg, with "/"
-    std::vector<Job> jobs;
+    std::vector<std::string> variables{};
+    std::string settings{}; // the directory that holds tly.cfg, with "/"
+    std::vector<Job> jobs{};
 };
 
 int Tell(const std::string &what) {
@@ -132,9 +135,12 @@ void FindSettings(Run &run) {
     }
 }
 
-// Settings for the job that reads all sources: the user's, with every notice off that doesn't rest on the tree.
-bool WriteWholeSettings(const Run &run, const std::string &home) {
-    std::string settings = ReadFile(run.settings + "tly.cfg") + "\n";
+// For a comparison: a file that lost lines isn't equal, and names are what git takes for names.
+constexpr const char *kExactly = "Add removed older lines as modified : Yes\nSource file names are case sensitive : Yes\n";
+
+// Settings for the job that reads all sources, or none: the user's, and more, with every notice off that doesn't rest on the tree.
+bool WriteOwnSettings(const Run &run, const std::string &home, const char *more) {
+    std::string settings = ReadFile(run.settings + "tly.cfg") + "\n" + more;
     for (int n = 1; n <= kNoticeKinds; ++n) {
         if (n != kHeaderSwitch && std::ranges::find(kTreeNotices, n) == std::end(kTreeNotices)) {
             settings += "Quality Notice " + std::to_string(n) + " : No\n";
@@ -159,14 +165,13 @@ Job NewJob(Run &run, const char *part, const std::string &what) {
     if (!run.options.classic) {
         job.arguments.emplace_back("-xMODERN");
     }
-    for (const char *argument : {"-xNOWRAP", "-X", "-Ta", "-Tq"}) {
-        job.arguments.emplace_back(argument);
-    }
+    job.arguments.insert(job.arguments.end(), {"-xNOWRAP", "-X"});
+    job.arguments.insert(job.arguments.end(), run.switches.begin(), run.switches.end());
     return job;
 }
 
 std::string Described(std::span<const SourceFile> files) {
-    return std::to_string(files.size()) + " sources from " + files.front().shown + " on";
+    return files.empty() ? "no sources" : std::to_string(files.size()) + " sources from " + files.front().shown + " on";
 }
 
 bool AddListJob(Run &run, const char *part, std::span<const SourceFile> files) {
@@ -183,7 +188,7 @@ bool AddListJob(Run &run, const char *part, std::span<const SourceFile> files) {
 
 bool AddWholeJob(Run &run, std::span<const SourceFile> files) {
     const std::string home = run.place + "whole/";
-    if (!AddListJob(run, "whole", files) || !WriteWholeSettings(run, home)) {
+    if (!AddListJob(run, "whole", files) || !WriteOwnSettings(run, home, "")) {
         return false;
     }
     run.jobs.back().variables.push_back("TLYCFGHOME=" + home);
@@ -254,7 +259,7 @@ int RunJobs(Run &run) {
     while (running > 0 || (processes.size() < run.jobs.size() && result == kFine)) {
         if (result == kFine && processes.size() < run.jobs.size() && running < static_cast<size_t>(run.options.jobs)) {
             const Job &job = run.jobs[processes.size()];
-            processes.push_back(Start(job.arguments, job.variables, job.output));
+            processes.push_back(Start(job.arguments, job.variables, job.output, job.directory));
             if (processes.back() < 0) {
                 processes.back() = 0;
                 result = Tell(run.tly + " can't be started: " + strerror(errno));
@@ -340,7 +345,7 @@ bool WriteJoined(const Run &run, std::FILE *out) {
     return fputs("</tly-report>\n", out) >= 0;
 }
 
-int RunIn(Run &run) {
+int Measure(Run &run) {
     Sources sources;
     std::string error;
     if (!FindSources(run.options.paths, CurrentDirectory(), sources, error)) {
@@ -349,16 +354,14 @@ int RunIn(Run &run) {
     for (const std::string &remark : sources.remarks) {
         Tell(remark);
     }
-    FindSettings(run);
     int result = AddJobs(run, sources.files);
     result = result == kFine ? RunJobs(run) : result;
     return result == kFine ? WriteOutput(run.options.output, [&run](std::FILE *out) { return WriteJoined(run, out); }) : result;
 }
 
-} // namespace
-
-int RunTly(const Options &options) {
-    Run run{options, FindTly(options.tly), "", {}, "", {}};
+// Has work do what needs a tly, a place and settings.
+int InRun(const Options &options, const std::vector<std::string> &switches, const std::function<int(Run &run)> &work) {
+    Run run{options, switches, FindTly(options.tly), ""};
     if (run.tly.empty()) {
         return Tell(options.tly.empty() ? "tly isn't beside tly-report, nor on the PATH. Say where it is: --tly PATH"
                                         : options.tly + ": no program is here.");
@@ -377,7 +380,8 @@ int RunTly(const Options &options) {
             sigaction(signal, &action, nullptr);
         }
     }
-    const int result = RunIn(run);
+    FindSettings(run);
+    const int result = work(run);
     std::error_code ignored;
     std::filesystem::remove_all(place, ignored);
     if (stopped) {
@@ -386,4 +390,42 @@ int RunTly(const Options &options) {
         raise(stopped);
     }
     return result;
+}
+
+} // namespace
+
+int RunTly(const Options &options) {
+    return InRun(options, {"-Ta", options.counts_only ? "-Tp" : "-Tq"}, Measure);
+}
+
+int MakeBaseline(const Options &options, const std::string &root, const std::string &place, const char *name) {
+    const std::string top = root.substr(0, root.size() - 1);
+    return InRun(options, {"-wCreate " + top, "-wd", std::string("-wFile dat ") + name}, [&](Run &run) {
+        Sources sources;
+        std::string none; // a baseline of nothing is one
+        FindSources({top}, "", sources, none);
+        const size_t odd = std::erase_if(sources.files, [](const SourceFile &f) { return !FitsList(f.path); });
+        if (odd > 0) {
+            Tell(std::to_string(odd) + " of the sources can't stand in a list of tly's by name: not compared line by line.");
+        }
+        if (!AddListJob(run, nullptr, sources.files)) {
+            return Tell(run.place + ": a list can't be written here: " + strerror(errno));
+        }
+        run.jobs.back().directory = place;
+        return RunJobs(run);
+    });
+}
+
+int CompareBaselines(const Options &options, const std::string &place, const char *older, const char *newer,
+                     const std::string &output) {
+    return InRun(options, {"-wd", std::string("-wx ") + older + ", " + newer}, [&](Run &run) {
+        const std::string home = run.place + "compare/"; // tly keeps the choice of columns there
+        Job job = NewJob(run, nullptr, "two baselines");
+        job.directory = place;
+        job.output = output;
+        job.variables.push_back("TLYCFGHOME=" + home);
+        run.jobs.push_back(std::move(job));
+        return WriteOwnSettings(run, home, kExactly) ? RunJobs(run)
+                                                     : Tell(home + ": settings can't be written here: " + strerror(errno));
+    });
 }

@@ -66,7 +66,6 @@ RunFigures FiguresOf(const Model &m, const std::string &name) {
     f.functions = m.function_sums.count;
     f.classes = m.class_sums.count;
     f.namespaces = static_cast<int64_t>(m.namespaces.size());
-    f.notices = static_cast<int64_t>(m.notices.size());
     f.lines = m.total;
     f.complexity = m.function_sums.sum;
     f.most_complex = m.function_sums.max.cyclomatic;
@@ -79,6 +78,7 @@ RunFigures FiguresOf(const Model &m, const std::string &name) {
     }
     for (const NoticeKind &kind : m.kinds) {
         f.kinds.push_back({kind.number, std::string(m.texts[kind.text]), kind.count});
+        f.notices += kind.count;
     }
     f.depths = DepthsOf(m);
     return f;
@@ -86,23 +86,23 @@ RunFigures FiguresOf(const Model &m, const std::string &name) {
 
 // clang-format off
 const FigureRow kFigures[] = {
-    // name, unit, decimals, less_is_better, leads, in_trend, value
-    {"Files", "", 0, false, true, false, [](const RunFigures &f) { return Plain(f.files); }},
-    {"Lines of code", "", 0, false, true, true, [](const RunFigures &f) { return Plain(f.lines.loc); }},
-    {"Effective lines of code", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.eloc); }},
-    {"Logical lines of code", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.lloc); }},
-    {"Comment lines", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.comments); }},
-    {"Blank lines", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.blanks); }},
-    {"Physical lines", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.lines); }},
-    {"Functions", "", 0, false, true, false, [](const RunFigures &f) { return Plain(f.functions); }},
-    {"Classes", "structs and interfaces too", 0, false, false, false, [](const RunFigures &f) { return Plain(f.classes); }},
-    {"Namespaces", "packages too", 0, false, false, false, [](const RunFigures &f) { return Plain(f.namespaces); }},
-    {"Cyclomatic complexity", "of all functions", 0, false, false, false, [](const RunFigures &f) { return Plain(f.complexity.cyclomatic); }},
-    {"Average complexity", "of a function", 2, true, true, true, [](const RunFigures &f) { return Ratio(Plain(f.complexity.cyclomatic), f.functions); }},
-    {"Highest complexity", "of a function", 0, true, false, false, [](const RunFigures &f) { return f.functions ? Plain(f.most_complex) : kUntold; }},
-    {"Longest function", "lines of code", 0, true, false, false, [](const RunFigures &f) { return f.functions ? Plain(f.longest) : kUntold; }},
-    {"Notices", "", 0, true, false, true, [](const RunFigures &f) { return Plain(f.notices); }},
-    {"Notices", "per 1,000 lines of code", 1, true, true, true, [](const RunFigures &f) { return Ratio(1000.0 * Plain(f.notices), f.lines.loc); }},
+    // name, unit, brief, decimals, less_is_better, leads, in_trend, value
+    {"Files", "", "files", 0, false, true, false, [](const RunFigures &f) { return Plain(f.files); }},
+    {"Lines of code", "", "LOC", 0, false, true, true, [](const RunFigures &f) { return Plain(f.lines.loc); }},
+    {"Effective lines of code", "", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.eloc); }},
+    {"Logical lines of code", "", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.lloc); }},
+    {"Comment lines", "", "comments", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.comments); }},
+    {"Blank lines", "", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.blanks); }},
+    {"Physical lines", "", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.lines.lines); }},
+    {"Functions", "", "functions", 0, false, true, false, [](const RunFigures &f) { return Plain(f.functions); }},
+    {"Classes", "structs and interfaces too", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.classes); }},
+    {"Namespaces", "packages too", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.namespaces); }},
+    {"Cyclomatic complexity", "of all functions", "", 0, false, false, false, [](const RunFigures &f) { return Plain(f.complexity.cyclomatic); }},
+    {"Average complexity", "of a function", "complexity", 2, true, true, true, [](const RunFigures &f) { return Ratio(Plain(f.complexity.cyclomatic), f.functions); }},
+    {"Highest complexity", "of a function", "highest", 0, true, false, false, [](const RunFigures &f) { return f.functions ? Plain(f.most_complex) : kUntold; }},
+    {"Longest function", "lines of code", "", 0, true, false, false, [](const RunFigures &f) { return f.functions ? Plain(f.longest) : kUntold; }},
+    {"Notices", "", "notices", 0, true, false, true, [](const RunFigures &f) { return Plain(f.notices); }},
+    {"Notices", "per 1,000 lines of code", "per 1,000", 1, true, true, true, [](const RunFigures &f) { return Ratio(1000.0 * Plain(f.notices), f.lines.loc); }},
 };
 // clang-format on
 

@@ -60,6 +60,7 @@ RunFigures FiguresOf(const Model &m, const std::string &name);
 struct FigureRow {
     const char *name;
     const char *unit;                           // behind the name; may be empty
+    const char *brief;                          // over a narrow column; empty: it is in none
     int decimals;                               // of the value
     bool less_is_better;                        // else neither is
     bool leads;                                 // stands above the table as well

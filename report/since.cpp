@@ -1,5 +1,4 @@
-// Both sides are measured by "run", one after the other. The commit's files come through an index of our own: git checkout-index
-// writes them as a checkout would, but runs no hooks, and knows of no attributes that leave files out as an archive does.
+// Both sides are measured by "run", one after the other.
 #include "since.h"
 
 #include <algorithm>
@@ -7,14 +6,12 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include "process.h"
 #include "read_project.h"
+#include "revisions.h"
 #include "run.h"
 #include "scratch.h"
-#include "sources.h"
 #include "text_lines.h"
 
 namespace {
@@ -75,45 +72,20 @@ bool Measure(const Sides &s, const std::string &root, const std::vector<std::str
     return RunTly(options) == kFine && (ReadProject({options.output}, root, m, error) || Tell(error));
 }
 
-// Fills tree with the files of the commit.
-bool CheckOut(const Sides &s, const std::string &tree) {
-    const std::string index = s.place + "index";
-    std::string commit;
-    std::string output;
-    if (!Git(s.top, {"rev-parse", "--verify", "--quiet", "--end-of-options", s.options.since + "^{commit}"}, commit)) {
-        return Tell("--since " + s.options.since + ": git knows no commit of this name here.");
-    }
-    commit.pop_back();
-    setenv("GIT_INDEX_FILE", index.c_str(), 1);
-    if (mkdir(tree.c_str(), 0700) != 0 || !Git(s.top, {"read-tree", "--no-sparse-checkout", commit}, output) ||
-        !Git(s.top, {"checkout-index", "--all", "--prefix=" + tree}, output)) {
-        return Tell("--since " + s.options.since + ": git can't write its files to " + tree + ". Is there room?");
-    }
-    return true;
-}
-
-// Below tree there is no repository: not the one that a hook names in the environment, nor one that the place lies in.
-void ForgetRepository(const Sides &s) {
-    unsetenv("GIT_DIR");
-    setenv("GIT_CEILING_DIRECTORIES", s.place.substr(0, s.place.size() - 1).c_str(), 1);
-}
-
 bool MeasureBefore(const Sides &s, Known &before) {
-    const std::string tree = s.place + "tree/";
-    if (!CheckOut(s, tree)) {
-        return false;
+    Repository repository;
+    Commit commit;
+    Tree tree{s.place};
+    std::string error;
+    if (!OpenRepository({"."}, repository, error) || !FindCommit(repository, s.options.since, commit, error)) {
+        return Tell("--since " + error);
     }
-    ForgetRepository(s);
-    std::vector<std::string> there; // a path may be newer than the commit
-    for (const std::string &path : s.within) {
-        Sources found;
-        std::string none;
-        if (FindSources({tree + path}, tree, found, none)) {
-            there.push_back(path);
-        }
+    repository.within = s.within;
+    if (!CheckOut(repository, commit, tree, error)) {
+        return Tell("--since " + error);
     }
     Model m;
-    if (!there.empty() && !Measure(s, tree, there, "before.xml", m)) {
+    if (!tree.files.empty() && !Measure(s, RootOf(tree), {""}, "before.xml", m)) {
         return false;
     }
     before = KnownOf(m);

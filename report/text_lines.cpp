@@ -1,11 +1,14 @@
 #include "text_lines.h"
 
+#include <algorithm>
+
 #include "formats.h"
 #include "utf8.h"
 
 namespace {
 
 constexpr size_t kPiece = 64 * 1024;
+constexpr size_t kWidestCell = 60; // longer ones push their row to the right
 
 // The code of a valid character of UTF-8.
 uint32_t CodeOf(std::string_view character) {
@@ -57,6 +60,12 @@ void AppendShown(std::string &out, std::string_view text) {
     }
 }
 
+std::string Plain(std::string_view text) {
+    std::string shown;
+    AppendShown(shown, text);
+    return shown;
+}
+
 std::string Place(const Model &m, uint32_t file, int64_t line) {
     std::string place;
     AppendShown(place, m.texts[m.files[file].path]);
@@ -71,4 +80,30 @@ void AppendNotice(std::string &out, const Model &m, const Notice &notice) {
 
 std::string Counted(size_t count, const char *thing) {
     return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+void AppendColumns(LineWriter &w, const std::vector<std::vector<std::string>> &rows, std::string_view alignment,
+                   std::string_view indent) {
+    const auto characters = [](const std::string &text) {
+        return static_cast<size_t>(
+            std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+    };
+    std::vector<size_t> widths(alignment.size());
+    for (const std::vector<std::string> &row : rows) {
+        for (size_t i = 0; i < row.size(); ++i) {
+            widths[i] = std::max(widths[i], std::min(characters(row[i]), kWidestCell));
+        }
+    }
+    for (const std::vector<std::string> &row : rows) {
+        w.text += indent;
+        for (size_t i = 0; i < row.size(); ++i) {
+            const size_t pad = widths[i] - std::min(widths[i], characters(row[i]));
+            w.text.append(i == 0 ? 0 : 2, ' ');
+            w.text.append(alignment[i] == 'r' ? pad : 0, ' ');
+            w.text += row[i];
+            w.text.append(alignment[i] == 'l' ? pad : 0, ' ');
+        }
+        w.text.resize(w.text.find_last_not_of(' ') + 1);
+        EndLine(w);
+    }
 }

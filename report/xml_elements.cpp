@@ -30,7 +30,8 @@ constexpr Element kFileElements[] = {
     LeafRow("name", kName), LeafRow("date", kDate), LeafRow("size_bytes", kBytes), LeafRow("loc", kLoc), LeafRow("eloc", kEloc),
     LeafRow("lloc", kLloc), LeafRow("comments", kComments), LeafRow("lines", kPhysical)};
 constexpr Element kNoticeElements[] = {
-    LeafRow("file", kFile), LeafRow("type", kType), LeafRow("line", kLine), LeafRow("description", kDescription)};
+    LeafRow("file", kFile), LeafRow("type", kType), LeafRow("line", kLine), LeafRow("count", kCount),
+    LeafRow("description", kDescription)};
 // Of functions, classes, namespaces and languages.
 constexpr Element kEntityElements[] = {
     LeafRow("name", kName), LeafRow("file", kFile), LeafRow("line", kLine), LeafRow("template", kTemplate),

@@ -9,7 +9,7 @@ enum Leaf : uint8_t {
     kName, kDate, kBytes, kFile, kLine, kType, kDescription, kInheritance, kTemplate, kExtension, kSignature,
     kLoc, kEloc, kLloc, kComments, kBlanks, kPhysical, kParameters, kReturns, kInterface, kCyclomatic, kTotal,
     kPublic, kProtected, kPrivate, kClasses, kFunctions, kDepth, kChildren, kParents,
-    kNoticeCount, kTotalNotices, kVersion, kCommand, kReading, kTitle,
+    kCount, kNoticeCount, kTotalNotices, kVersion, kCommand, kReading, kTitle,
     kLeaves
     // clang-format on
 };

@@ -34,19 +34,21 @@ _tly_report() {
     badge) options='-o --output --root --of --svg' ;;
     top) options='-o --output --root -n --by' ;;
     new) options='--allow -o --output --root --since --max --classic --jobs --tly' ;;
+    trend) options='-o --output --page --form --every --tags --classic --jobs --tly' ;;
+    between) options='-o --output --page -n --classic --jobs --tly' ;;
     gate) options='-o --output --root --max-complexity --max-lines --max-notices --notice --new --allow' ;;
     rules) options='-o --output' ;;
     *)
-        mapfile -t COMPREPLY < <(compgen -W 'run json page sarif gitlab checkstyle github csv markdown badge top new gate rules --help --version' -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W 'run json page sarif gitlab checkstyle github csv markdown badge top new trend between gate rules --help --version' -- "$word")
         return
         ;;
     esac
     [[ $option == -* ]] || option=''
     case $command:$option in
-    *:-o | *:--output | *:--tly | *:--before | *:--allow | *:--new)
+    *:-o | *:--output | *:--tly | *:--before | *:--allow | *:--page | *:--new)
         compopt -o default
         ;;
-    *:--jobs | *:-n | *:--max | *:--max-complexity | *:--max-lines | *:--max-notices | *:--notice)
+    *:--jobs | *:-n | *:--max | *:--every | *:--max-complexity | *:--max-lines | *:--max-notices | *:--notice)
         :
         ;;
     *:--root | *:--trend)
@@ -65,12 +67,15 @@ _tly_report() {
     *:--since)
         _tly_commits "$word"
         ;;
+    *:--form)
+        mapfile -t COMPREPLY < <(compgen -W 'text csv json' -- "$word")
+        ;;
     *)
         if [[ $word == -* ]]; then
             mapfile -t COMPREPLY < <(compgen -W "$options --help" -- "$word")
             return
         fi
-        [[ '  ' == *" $command "* ]] && _tly_commits "$word"
+        [[ ' between ' == *" $command "* ]] && _tly_commits "$word"
         compopt -o default # where there is no such commit
         ;;
     esac

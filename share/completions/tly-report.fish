@@ -15,6 +15,8 @@ complete -c tly-report -n __fish_use_subcommand -a markdown -d 'tables for a com
 complete -c tly-report -n __fish_use_subcommand -a badge -d 'one figure for a page'\''s head'
 complete -c tly-report -n __fish_use_subcommand -a top -d 'the functions that stand out by their figures'
 complete -c tly-report -n __fish_use_subcommand -a new -d 'the notices that an earlier report or commit hasn'\''t'
+complete -c tly-report -n __fish_use_subcommand -a trend -d 'the figures of the last commits, or of tags'
+complete -c tly-report -n __fish_use_subcommand -a between -d 'what changed from one commit to another'
 complete -c tly-report -n __fish_use_subcommand -a gate -d 'fail with 1 when limits are exceeded, and tell where'
 complete -c tly-report -n __fish_use_subcommand -a rules -d 'what is wrong in a file of rules of your own'
 
@@ -81,6 +83,25 @@ complete -c tly-report -n '__fish_seen_subcommand_from new' -l classic -d 'read 
 complete -c tly-report -n '__fish_seen_subcommand_from new' -l jobs -x -d 'start N tly at once (1)'
 complete -c tly-report -n '__fish_seen_subcommand_from new' -l tly -r -F -d 'the tly to start (the one beside tly-report, or on the PATH)'
 complete -c tly-report -n '__fish_seen_subcommand_from new' -F
+
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -s o -l output -r -F -d 'write to FILE (standard output)'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l page -r -F -d 'write a page as well'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l form -x -a 'text csv json' -d 'text, csv or json (text)'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l every -x -d 'each K-th commit only (1)'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l tags -d 'the last tags in place of commits'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l classic -d 'read today'\''s constructs as tly does without -xMODERN'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l jobs -x -d 'start N tly at once (1)'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -l tly -r -F -d 'the tly to start (the one beside tly-report, or on the PATH)'
+complete -c tly-report -n '__fish_seen_subcommand_from trend' -F
+
+complete -c tly-report -n '__fish_seen_subcommand_from between' -s o -l output -r -F -d 'write to FILE (standard output)'
+complete -c tly-report -n '__fish_seen_subcommand_from between' -l page -r -F -d 'write a page as well'
+complete -c tly-report -n '__fish_seen_subcommand_from between' -s n -x -d 'list N files, functions and notices each (10)'
+complete -c tly-report -n '__fish_seen_subcommand_from between' -l classic -d 'read today'\''s constructs as tly does without -xMODERN'
+complete -c tly-report -n '__fish_seen_subcommand_from between' -l jobs -x -d 'start N tly at once (1)'
+complete -c tly-report -n '__fish_seen_subcommand_from between' -l tly -r -F -d 'the tly to start (the one beside tly-report, or on the PATH)'
+complete -c tly-report -n '__fish_seen_subcommand_from between' -a "(git for-each-ref --format='%(refname:short)' 2>/dev/null)"
+complete -c tly-report -n '__fish_seen_subcommand_from between' -F
 
 complete -c tly-report -n '__fish_seen_subcommand_from gate' -s o -l output -r -F -d 'write to FILE (standard output)'
 complete -c tly-report -n '__fish_seen_subcommand_from gate' -l root -x -a '(__fish_complete_directories)' -d 'the directory where tly ran; paths are shown relative to it (the current one)'
