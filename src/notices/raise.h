@@ -15,8 +15,8 @@ int Raise(int n, Globals *G);
 void EmitNotice(const char *file, int line, int n, Globals *G);
 // Appends a notice to notice_list in a run that ends with the summary of notices. There may be millions, so no other run does.
 void RememberNotice(const char *file, int line, int n, Globals *G);
-// The short text of a notice, with the limits of the settings; "Unsupported" for a number that nothing explains. It is
-// valid until the next call.
+// The short text of a notice, with the limits that the settings had when it was first asked for; "Unsupported" for a number that
+// nothing explains.
 const char *GetNoticeStr(int n, Globals *G);
 
 // A notice whose only value is the line in hand: 3, 4, 5, 8 to 13, 23, 26, 30, 32, 34 to 38, 43, 44, 49, 56, 57, 58. Guards that
