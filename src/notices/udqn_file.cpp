@@ -29,6 +29,8 @@ namespace {
 constexpr int kMaxDepth = 32;   // files open at once
 constexpr int kMaxFiles = 1000; // files of a run, those that are missing too
 
+constexpr int kIgnoreCase = 1; // of the options
+
 constexpr const char *kListSeparators = " ,\t";
 
 // clang-format off
@@ -54,7 +56,7 @@ constexpr FlagsKey kFlagLists[] = {
     {"clear flags",  &Udqn::clear_count,     &Udqn::clear_flags},
 };
 constexpr OptionKey kOptions[] = {
-    {"REG_ICASE",    &UdqnRun::udqn_compile_flags, 1},
+    {"REG_ICASE",    &UdqnRun::udqn_compile_flags, kIgnoreCase},
     {"REG_NEWLINE",  &UdqnRun::udqn_compile_flags, 2},
     {"REG_NOSUB",    &UdqnRun::udqn_compile_flags, 32},
     {"REG_EXTENDED", &UdqnRun::udqn_compile_flags, 0}, // always on
@@ -127,6 +129,7 @@ void TakePattern(const char *value, UdqnRun *ctx) {
     char result[1024];
     pcre_free(record->regex);
     record->regex = pcre_compile(value, ctx->udqn_compile_flags, result);
+    record->needs = NeedsOf(value, ctx->udqn_compile_flags & kIgnoreCase);
     ctx->compile_status |= record->regex != nullptr;
     Replace(record->pattern, value);
     Replace(record->compile_result, result);
