@@ -23,7 +23,7 @@ struct Scan {
     int string_tabs;        // tabs inside string literals, which raise no notice
     int passed_blanks;      // blanks between a "#" and its word, where the scan goes on: they count for nothing
     int passed_tabs;        // tabs there
-    int notices_print;      // a notice prints in its place; otherwise it only counts
+    int notices_print;      // a tab's notice prints in its place; otherwise it only counts
     int aborted;            // a record couldn't be made: the line isn't scanned to its end
     int moved;              // the walk through code doesn't go on behind the character that it called a handler for
     int stop;               // where it ends, with moved; -1 where it goes on behind index

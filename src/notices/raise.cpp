@@ -36,8 +36,8 @@ int Raise(int n, Globals *G) {
     return CountNotice(n, G) && PrintNotice(n, PrintsInPlace(G), G);
 }
 
-bool NoticesArePrinted(const Globals *G) {
-    return PrintsInPlace(G) || G->notices_by_file;
+bool TabNoticesArePrinted(const Globals *G) {
+    return G->notice_enabled[kNoticeTab] && (PrintsInPlace(G) || G->notices_by_file);
 }
 
 void CountTabNotices(int count, Globals *G) {

@@ -27,9 +27,11 @@ Passed<Shown>::Passed(Mode mode, Shown shown)
 
 namespace {
 
-// One line on its way to gTLYOUT.
+// One line on its way to gTLYOUT. Behind its end there is always room for a short piece, so that one is copied whole, with what
+// happens to stand behind it, and only then the line grows by its length.
 struct Line {
-    char text[1024];
+    static constexpr size_t kCapacity = 1024, kShort = 32;
+    char text[kCapacity + kShort];
     size_t length = 0;
 
     void Flush() {
@@ -38,35 +40,41 @@ struct Line {
     }
     [[gnu::noinline]] void AddLong(std::string_view piece) {
         Flush();
-        if (piece.size() > sizeof text) {
+        if (piece.size() > kCapacity) {
             fwrite_unlocked(piece.data(), 1, piece.size(), gTLYOUT);
         } else {
             Add(piece);
         }
     }
     [[gnu::always_inline]] void Add(std::string_view piece) {
-        if (piece.size() > sizeof text - length) {
+        if (piece.size() > kCapacity - length) {
             AddLong(piece);
             return;
         }
         memcpy(text + length, piece.data(), piece.size());
         length += piece.size();
     }
+    // The first bytes of size that can be read.
+    template <size_t size> [[gnu::always_inline]] void AddShort(const char *piece, size_t bytes) {
+        static_assert(size <= kShort);
+        memcpy(text + length, piece, size);
+        length += bytes;
+        if (length > kCapacity) {
+            Flush();
+        }
+    }
     [[gnu::always_inline]] void AddBlanks(int count) {
-        constexpr int kAtOnce = 16;
+        static constexpr char kBlanks[] = "                ";
+        constexpr int kAtOnce = sizeof kBlanks - 1;
         for (; count > 0; count -= kAtOnce) {
-            if (sizeof text - length < kAtOnce) {
-                Flush();
-            }
-            memset(text + length, ' ', kAtOnce); // what is too much is written over
-            length += std::min(count, kAtOnce);
+            AddShort<kAtOnce>(kBlanks, std::min(count, kAtOnce));
         }
     }
 };
 
 // Room for a value, which is written from its end.
-template <int size> struct Room {
-    char bytes[size];
+template <size_t size, size_t behind = 0> struct Room {
+    char bytes[size + behind];
     char *first = bytes + size;
 
     void Put(char c) { *--first = c; }
@@ -84,7 +92,8 @@ template <int size> struct Room {
     }
     std::string_view Text() const { return {first, static_cast<size_t>(bytes + size - first)}; }
 };
-using WholeRoom = Room<24>;          // 19 digits and a sign
+constexpr size_t kWholeBytes = 24; // 19 digits and a sign
+using WholeRoom = Room<kWholeBytes, kWholeBytes>;
 using OddRoom = Room<kWidest + 100>; // a double has up to 309 digits, "%02d" may be as wide as its form says
 
 // A double is a whole number times a power of two, so that value * 10^decimals is whole too, up to bits that fall off: rounding is
@@ -124,26 +133,31 @@ std::string_view RealText(OddRoom &room, const Step &step, double real) {
     return {room.bytes, std::min<size_t>(length, sizeof room.bytes - 1)};
 }
 
-[[gnu::always_inline]] inline void AddPadded(Line &line, const Step &step, std::string_view text) {
-    const int missing = step.width - static_cast<int>(std::min<size_t>(text.size(), step.width));
+// add brings the value's bytes.
+template <class Adder> [[gnu::always_inline]] inline void AddPadded(Line &line, const Step &step, size_t bytes, const Adder &add) {
+    const int missing = step.width - static_cast<int>(std::min<size_t>(bytes, step.width));
     if (missing > 0 && !step.left) {
         line.AddBlanks(missing);
     }
-    line.Add(text);
+    add();
     if (missing > 0 && step.left) {
         line.AddBlanks(missing);
     }
 }
 
+[[gnu::always_inline]] inline void AddText(Line &line, const Step &step, std::string_view text) {
+    AddPadded(line, step, text.size(), [&] { line.Add(text); });
+}
+
 [[gnu::noinline]] void AddOddValue(Line &line, const Step &step, const Arg &arg) {
     OddRoom room;
     switch (step.kind) {
-    case 's': AddPadded(line, step, {arg.text, strnlen(arg.text, step.precision)}); return;
-    case 'f': AddPadded(line, step, RealText(room, step, arg.real)); return;
+    case 's': AddText(line, step, {arg.text, strnlen(arg.text, step.precision)}); return;
+    case 'f': AddText(line, step, RealText(room, step, arg.real)); return;
     case 'c': room.Put(static_cast<char>(arg.number)); break;
     default: room.PutWhole(arg.number, std::max(1, step.width - (arg.number < 0))); break;
     }
-    AddPadded(line, step, room.Text());
+    AddText(line, step, room.Text());
 }
 
 // Most values are whole numbers and texts as they are.
@@ -151,11 +165,12 @@ std::string_view RealText(OddRoom &room, const Step &step, double real) {
     if (step.odd) {
         AddOddValue(line, step, arg);
     } else if (step.kind == 's') {
-        AddPadded(line, step, arg.text);
+        AddText(line, step, arg.text);
     } else {
         WholeRoom room;
         room.PutWhole(arg.number, 1);
-        AddPadded(line, step, room.Text());
+        const size_t bytes = room.Text().size();
+        AddPadded(line, step, bytes, [&] { line.AddShort<kWholeBytes>(room.first, bytes); });
     }
 }
 
@@ -203,6 +218,8 @@ void Write(const char *format, const Step *steps, std::span<const Arg> named, co
     for (const Step *step = steps;; ++step) {
         if (step->marked) {
             AddMarked(line, {format + step->begin, step->bytes}, named, G);
+        } else if (step->bytes <= kShortBytes) {
+            line.AddShort<kShortBytes>(step->text, step->bytes);
         } else {
             line.Add({format + step->begin, step->bytes});
         }

@@ -16,6 +16,7 @@
 // A Color and a LinkTo stand ahead of the values.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string>
@@ -71,8 +72,11 @@ template <class T> consteval char Kind() {
 
 // A form is cut where its values stand when it is compiled: a step is the bytes ahead of a value and how the value is shown. The
 // last step has no value.
+inline constexpr size_t kShortBytes = 16;
+
 struct Step {
     unsigned short begin, bytes; // of the format
+    char text[kShortBytes];      // those bytes, if they are no more
     bool marked;                 // "%%" or "%{name}" stands in these bytes
     char kind;                   // of the value, as Kind tells; NUL: none
     bool left, zeros;            // "-"; "0" without "-"
@@ -90,6 +94,13 @@ constexpr int ReadNumber(std::string_view format, size_t &i) {
         number = 10 * number + (format[i] - '0');
     }
     return number;
+}
+
+// Ends the bytes of a step.
+constexpr void EndBytes(std::string_view format, size_t begin, size_t end, Step &step) {
+    step.begin = static_cast<unsigned short>(begin);
+    step.bytes = static_cast<unsigned short>(end - begin);
+    format.copy(step.text, std::min(end - begin, kShortBytes), begin);
 }
 
 // Reads what stands behind "%". Returns where it ends.
@@ -121,16 +132,14 @@ constexpr size_t Cut(std::string_view format, std::span<Step> steps) {
             step.marked = true;
             i += 2;
         } else {
-            step.begin = static_cast<unsigned short>(begin);
-            step.bytes = static_cast<unsigned short>(i - begin);
+            EndBytes(format, begin, i, step);
             begin = i = ReadConversion(format, i + 1, step);
             steps[values++] = step;
             step = {};
         }
     }
     if (values < steps.size()) {
-        step.begin = static_cast<unsigned short>(begin);
-        step.bytes = static_cast<unsigned short>(format.size() - begin);
+        EndBytes(format, begin, format.size(), step);
         steps[values] = step;
     }
     return values;
