@@ -70,13 +70,14 @@ template <class T> consteval char Kind() {
     }
 }
 
+inline constexpr size_t kShortBytes = 16;
+inline constexpr int kWidest = 1200; // columns of a value
+
 // A form is cut where its values stand when it is compiled: a step is the bytes ahead of a value and how the value is shown. The
 // last step has no value.
-inline constexpr size_t kShortBytes = 16;
-
 struct Step {
     unsigned short begin, bytes; // of the format
-    char text[kShortBytes];      // those bytes, if they are no more
+    char text[kShortBytes];      // those bytes, if there are no more
     bool marked;                 // "%%" or "%{name}" stands in these bytes
     char kind;                   // of the value, as Kind tells; NUL: none
     bool left, zeros;            // "-"; "0" without "-"
@@ -84,8 +85,6 @@ struct Step {
     signed char precision;       // -1: none
     short width;                 // 0: none
 };
-
-inline constexpr int kWidest = 1200; // columns of a value
 
 // Reads digits from format at i on.
 constexpr int ReadNumber(std::string_view format, size_t &i) {
@@ -274,8 +273,8 @@ template <> struct Passed<ShownList> : Passed<Shown> {
 template <class... Args> inline constexpr size_t kNamed = ((Kind<Args>() == '{') + ... + 0);
 
 // Writes a format to gTLYOUT by its steps. named are its arguments up to the values. G may be null for one without names. It does
-// what fprintf does for the conversions that Check knows. Reports are many short lines of numbers and names: no other part of the
-// road that a report takes costs as much.
+// what fprintf does for the conversions that Check knows, and is made for reports: many short lines of names, whole numbers and
+// numbers with up to two decimals.
 void Write(const char *format, const Step *steps, std::span<const Arg> named, const Arg *values, const Globals *G);
 
 template <class... Args> void Pass(Mode mode, const Globals *G, const CutFormat<sizeof...(Args)> &cut, Args... args) {
