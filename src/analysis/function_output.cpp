@@ -54,15 +54,16 @@ constexpr Forms<Shown> kBeginTemplate{.text = "  Template: %s\n",
 
 // The texts of a function as they are shown, wrapped where the form wraps.
 struct Identity {
-    LineText name, params, template_text;
+    const char *name, *params, *template_text;
     bool is_inline;
     bool has_template;
+    LineText name_room, params_room, template_room;
 };
 
 void Break(Identity &f, Wrap wrap, const Globals *G) {
-    AdjNameLength(G->funcname, f.name, wrap, G);
-    AdjNameLength(G->params, f.params, kParamsWrap, G);
-    AdjNameLength(G->func_template_text, f.template_text, wrap, G);
+    f.name = Wrapped(G->funcname, f.name_room, wrap, G);
+    f.params = Wrapped(G->params, f.params_room, kParamsWrap, G);
+    f.template_text = Wrapped(G->func_template_text, f.template_room, wrap, G);
 }
 
 void ReadIdentity(Identity &f, const Globals *G) {
@@ -71,9 +72,9 @@ void ReadIdentity(Identity &f, const Globals *G) {
     f.is_inline = G->inline_flag || (G->class_flag && G->is_cpp && !G->list_functions);
     f.has_template = G->func_template != 0;
     if (G->list_functions || mode == Mode::kCsv) {
-        CopyText(f.name, G->funcname);
-        CopyText(f.params, G->params);
-        CopyText(f.template_text, G->func_template_text);
+        f.name = G->funcname;
+        f.params = G->params;
+        f.template_text = G->func_template_text;
     } else {
         Break(f, f.is_inline ? kInlineWrap : kNameWrap, G);
     }
@@ -134,10 +135,9 @@ void FunctionEnd(Globals *G) {
     if (G->totals_only) {
         return;
     }
-    LineText name;
-    AdjNameLength(G->funcname, name, kNameWrap, G);
+    LineText room;
     Put("\n");
-    PrintAs(FreeTextMode(G), G, kBeginName, Shown{name});
+    PrintAs(FreeTextMode(G), G, kBeginName, Shown{Wrapped(G->funcname, room, kNameWrap, G)});
 }
 
 void EmitFunction(Globals *G) {

@@ -198,7 +198,7 @@ void BeginSource(SourceReader *reader, Globals *G) {
     G->quiet_tabs = 0;
     const bool split = G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G);
     const bool after = G->determine_source | G->work_deterministic | G->recording_lines | (G->udqn_list.count > 0);
-    G->line_wants = split * kWantsSplit + after * kWantsLook + NoticesArePrinted(G) * kWantsNotices;
+    G->line_wants = split * kWantsSplit + after * kWantsLook + TabNoticesArePrinted(G) * kWantsNotices;
 }
 
 namespace {

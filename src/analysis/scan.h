@@ -16,7 +16,7 @@ struct Scan {
     int index;              // the character in hand; a handler may move it forward
     int blank;              // no byte above 32 in the line
     int c_comment_line;     // a /* */ comment covers part of the line
-    int notices_print;      // a notice prints in its place; otherwise it only counts
+    int notices_print;      // a tab's notice prints in its place; otherwise it only counts
     int head_mark;          // from here on the code isn't in the text of the statement yet
     int is_loc;             // a line of code
     int non_effective;      // just a brace or just a parenthesis

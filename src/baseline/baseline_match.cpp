@@ -18,9 +18,7 @@ struct Waiting {
 
 void Fold(char *name) {
     for (; *name; ++name) {
-        if (*name >= 'A' && *name <= 'Z') {
-            *name = static_cast<char>(*name - 'A' + 'a');
-        }
+        *name = ToLower(*name);
     }
 }
 

@@ -7,10 +7,6 @@
 
 namespace {
 
-constexpr char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 constexpr char Upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
@@ -19,7 +15,7 @@ constexpr char Upper(char c) {
 
 char *ChangeCase(char *text, int upper) {
     for (char *p = text; *p; ++p) {
-        *p = upper ? Upper(*p) : Lower(*p);
+        *p = upper ? Upper(*p) : ToLower(*p);
     }
     return text;
 }
@@ -33,7 +29,7 @@ bool FilenamePatternMatch(const char *name, const Globals *G) {
     const std::string_view path(name);
     return AnyWord(G->pattern_filter, ",\t\r\n", [&](std::string_view word) {
         return std::search(path.begin(), path.end(), word.begin(), word.end(), [&](char in_path, char in_word) {
-                   return (G->names_case_sensitive ? in_path : Lower(in_path)) == in_word;
+                   return (G->names_case_sensitive ? in_path : ToLower(in_path)) == in_word;
                }) != path.end();
     });
 }

@@ -222,12 +222,15 @@ const char *GetNoticeStr(int n, Globals *G) {
     if (!hole) {
         return row.text;
     }
+    auto &text = G->notice_text[row.number];
+    if (*text) {
+        return text;
+    }
     const int ahead = static_cast<int>(hole - row.text);
     if (row.limit.count) {
-        FormatText(G->notice_text, "%.*s%d%s", ahead, row.text, G->*row.limit.count, hole + strlen("%d"));
+        FormatText(text, "%.*s%d%s", ahead, row.text, G->*row.limit.count, hole + strlen("%d"));
     } else {
-        FormatText(G->notice_text, "%.*s%.1f%%%s", ahead, row.text, static_cast<double>(G->*row.limit.percent),
-                   hole + strlen("%.1f%%"));
+        FormatText(text, "%.*s%.1f%%%s", ahead, row.text, static_cast<double>(G->*row.limit.percent), hole + strlen("%.1f%%"));
     }
-    return G->notice_text;
+    return text;
 }

@@ -33,9 +33,7 @@ void WriteText(int n, int line, const char *text, const char *html, Globals *G);
 void WriteRowText(int n, int line, Globals *G);
 
 template <class... Args> void PrintUnchecked(Mode mode, const char *format, Args... args) {
-    forms::Format<Args...> whole;
-    whole.text = format;
-    PrintOnly<Args...>(mode, whole, args...);
+    forms::Pass<Args...>(mode, nullptr, forms::CutFormat<sizeof...(Args)>(format), args...);
 }
 
 template <class... Args>

@@ -36,8 +36,8 @@ int Raise(int n, Globals *G) {
     return CountNotice(n, G) && PrintNotice(n, PrintsInPlace(G), G);
 }
 
-bool NoticesArePrinted(const Globals *G) {
-    return PrintsInPlace(G) || G->notices_by_file;
+bool TabNoticesArePrinted(const Globals *G) {
+    return G->notice_enabled[kNoticeTab] && (PrintsInPlace(G) || G->notices_by_file);
 }
 
 void CountTabNotices(int count, Globals *G) {
@@ -66,18 +66,21 @@ static void ShortForm(const char *file, int given, int line, int n, const char *
     }
 }
 
+// The text for a body without braces tells what it is the body of.
+static const char *BareBodyText(Globals *G) {
+    auto &text = G->bare_body_text[G->scope_kind];
+    if (!*text) {
+        const char *quote = OutputMode(G) == Mode::kXml && !G->totals_no_file_names && !G->notice_vs_format ? "" : "'";
+        FormatText(text, "%s%s%s is not bound with scope braces {}", quote, kBodyWords[G->scope_kind], quote);
+    }
+    return text;
+}
+
 void EmitNotice(const char *file, int line, int n, Globals *G) {
     const int bare_body = n == kNoticeBareBody && G->function_metrics;
     const int shown_line = bare_body ? G->scope_line : line;
     if (G->notices_by_file || G->notices_by_file_tn) {
-        char text[80];
-        if (!bare_body) {
-            ShortForm(file, line, shown_line, n, GetNoticeStr(n, G), G);
-        } else {
-            const char *quote = OutputMode(G) == Mode::kXml && !G->totals_no_file_names && !G->notice_vs_format ? "" : "'";
-            FormatText(text, "%s%s%s is not bound with scope braces {}", quote, kBodyWords[G->scope_kind], quote);
-            ShortForm(file, line, shown_line, n, text, G);
-        }
+        ShortForm(file, line, shown_line, n, bare_body ? BareBodyText(G) : GetNoticeStr(n, G), G);
     }
     RememberNotice(file, shown_line, n, G);
 }

@@ -15,17 +15,17 @@ int Raise(int n, Globals *G);
 void EmitNotice(const char *file, int line, int n, Globals *G);
 // Appends a notice to notice_list in a run that ends with the summary of notices. There may be millions, so no other run does.
 void RememberNotice(const char *file, int line, int n, Globals *G);
-// The short text of a notice, with the limits of the settings; "Unsupported" for a number that nothing explains. It is
-// valid until the next call.
+// The short text of a notice, with the limits that the settings had when it was first asked for; "Unsupported" for a number that
+// nothing explains.
 const char *GetNoticeStr(int n, Globals *G);
 
 // A notice whose only value is the line in hand: 3, 4, 5, 8 to 13, 23, 26, 30, 32, 34 to 38, 43, 44, 49, 56, 57, 58. Guards that
 // belong to the notice (44: no switch open; 34: no struct, no assignment; 35, 36: ...; 49: no destructor) are tested here.
 void NoticeAtLine(int n, Globals *G);
-// Counts tabs for notice 30 without printing: count of them on this line. Only where NoticesArePrinted is false.
+// Counts tabs for notice 30 without printing: count of them on this line. Only where TabNoticesArePrinted is false.
 void CountTabNotices(int count, Globals *G);
-// True if a raised notice prints or is remembered; false if it only counts.
-bool NoticesArePrinted(const Globals *G);
+// True if a notice 30 prints or is remembered; false if it only counts, or is off.
+bool TabNoticesArePrinted(const Globals *G);
 
 void EmitLineLengthNotice(int length, Globals *G);         // 1
 void EmitFunctionNameNotice(const char *name, Globals *G); // 2: the name without its class part; tested and wrapped here

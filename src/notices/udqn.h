@@ -72,6 +72,15 @@ int udqn_notice_total_count(const Globals *G);
 // The rows of the rules in the quality profile; total is the number of all notices.
 void udqn_profile(int total, const Globals *G);
 
+// What a pattern needs; any_case: it is compiled for letters of both cases. Nothing where it isn't understood.
+UdqnNeeds NeedsOf(const char *pattern, bool any_case);
+// Makes the sieves of a list; without memory for one, its rules do without.
+void MakeSieves(UdqnList *list);
+// Frees them. They are stale when a rule comes in.
+void DropSieves(UdqnList *list);
+// False if text, the part of the line that the rule looks at, lacks what its pattern needs.
+bool MayMatch(const Udqn *rule, const char *text, Globals *G);
+
 // The regular expressions. Options are those of the rule file, as bits.
 struct UdqnMatch {
     int code;       // 0 on a match

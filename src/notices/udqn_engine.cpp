@@ -1,7 +1,8 @@
 // The rules at work: which of them run on a line, what a match does, and how their notices look.
 //
 // A rule sees the flags as the rules ahead of it on the same line have left them. The cheap tests come first: which rules fit the
-// file's extension is settled once per file, and a rule whose flags forbid it never reaches its pattern.
+// file's extension is settled once per file, a rule whose flags forbid it never reaches its pattern, and one pass over the line
+// tells whose patterns may match it (udqn_sieve.cpp).
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -34,20 +35,24 @@ bool FitsExtension(const Udqn *record, const char *extension, const Globals *G) 
     return false;
 }
 
-// Chains the active rules for the current file's extension.
+// Chains the active rules for the current file's extension that may ever match.
 void ChooseRules(Globals *G) {
     G->udqn_chosen = 1;
     const char *extension = G->file_name ? getExtension(G->file_name, G) : nullptr;
-    Udqn **end = &G->udqn_first;
+    Udqn **ends[] = {&G->udqn_first[0], &G->udqn_first[1]};
+    if (!G->udqn_list.sieves_made) {
+        MakeSieves(&G->udqn_list);
+    }
     for (Udqn *record : Records<Udqn>(G->udqn_list)) {
         record->file_limit_hits = 0;
-        if (extension && record->active && FitsExtension(record, extension, G)) {
+        if (extension && record->active && record->context && record->regex && FitsExtension(record, extension, G)) {
+            Udqn **&end = ends[record->emit_eof != 0];
             *end = record;
             end = &record->next_in_file;
             G->udqn_split |= record->context > kUdqnLine;
         }
     }
-    *end = nullptr;
+    *ends[0] = *ends[1] = nullptr;
 }
 
 // True if all flags of a list are set (wanted 1) or clear (wanted 0). A hole asks for nothing.
@@ -55,20 +60,19 @@ bool FlagsAre(int wanted, const int *numbers, int count, const Globals *G) {
     return std::all_of(numbers, numbers + count, [=](int n) { return n == 0 || G->udqn_flags[n] == wanted; });
 }
 
-bool MayRun(const Udqn *record, int eof, const Globals *G) {
-    return record->emit_eof == eof && FlagsAre(1, record->check_flags, record->check_count, G) &&
+bool MayRun(const Udqn *record, const Globals *G) {
+    return FlagsAre(1, record->check_flags, record->check_count, G) &&
            FlagsAre(0, record->not_check_flags, record->not_check_count, G) && record->file_limit_hits < kFileLimitHits &&
            record->limit_hits < kRunLimitHits;
 }
 
-// The part of the line that a rule looks at, or null.
+// The part of the line that a rule looks at.
 const char *Subject(const Udqn *record, const char *text, const Globals *G) {
     switch (record->context) {
-    case kUdqnLine: return text;
     case kUdqnCode: return G->line_code;
     case kUdqnComment: return G->line_comment;
     case kUdqnString: return G->line_string;
-    default: return nullptr;
+    default: return text;
     }
 }
 
@@ -233,9 +237,13 @@ void udqn_process(const char *text, int eof, Globals *G) {
     if (!G->udqn_chosen) {
         ChooseRules(G);
     }
-    for (Udqn *record = G->udqn_first; record; record = record->next_in_file) {
-        const char *subject = MayRun(record, eof, G) ? Subject(record, text, G) : nullptr;
-        if (subject && Matches(record, subject, G)) {
+    ++G->udqn_line;
+    for (Udqn *record = G->udqn_first[eof != 0]; record; record = record->next_in_file) {
+        if (!MayRun(record, G)) {
+            continue;
+        }
+        const char *const subject = Subject(record, text, G);
+        if (MayMatch(record, subject, G) && Matches(record, subject, G)) {
             emit_udqn(record, G);
         }
     }

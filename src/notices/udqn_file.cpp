@@ -29,6 +29,8 @@ namespace {
 constexpr int kMaxDepth = 32;   // files open at once
 constexpr int kMaxFiles = 1000; // files of a run, those that are missing too
 
+constexpr int kIgnoreCase = 1; // of the options
+
 constexpr const char *kListSeparators = " ,\t";
 
 bool IsOn(const char *value) {
@@ -90,6 +92,7 @@ void TakePattern(const char *value, UdqnRun *ctx, Globals *) {
     char result[1024];
     pcre_free(record->regex);
     record->regex = pcre_compile(value, ctx->udqn_compile_flags, result);
+    record->needs = NeedsOf(value, ctx->udqn_compile_flags & kIgnoreCase);
     ctx->compile_status |= record->regex != nullptr;
     Replace(record->pattern, value);
     Replace(record->compile_result, result);
@@ -174,7 +177,7 @@ constexpr RuleKey kKeys[] = {
     {"Include", "FILE", TakeInclude, false,
      "Reads the rules of another file, then goes on here.  A name without a \"/\"\n"
      "lies beside the main file."},
-    {"REG_ICASE", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, 1>, false,
+    {"REG_ICASE", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, kIgnoreCase>, false,
      "In the patterns below, to the end of the file or to an Include, capitals\n"
      "are equal to small letters."},
     {"REG_NEWLINE", "Yes", TakeOption<&UdqnRun::udqn_compile_flags, 2>, false,

@@ -61,6 +61,7 @@ bool AddUdqn(Udqn *record, UdqnList *list, Globals *G) {
     }
     Udqn **slot = FindSlot(record->id, list);
     *slot = *slot ? *slot : record;
+    DropSieves(list);
     return true;
 }
 
@@ -89,6 +90,7 @@ void free_udqn(void *record) {
 
 void ClearUdqn(Globals *G) {
     DropUdqn(G);
+    DropSieves(&G->udqn_list);
     LlistDestroy(&G->udqn_list, free_udqn);
     free(G->udqn_list.slots);
     G->udqn_list.slots = nullptr;

@@ -132,8 +132,8 @@ void ShowFileLine(const char *name, int64_t date, int64_t size, int compact, int
 
 void ShowFileEnd(const char *name, Globals *G) {
     const Mode mode = OutputMode(G);
-    LineText wrapped;
-    AdjNameLength(name, wrapped, Behind("End of File"), G);
+    LineText room;
+    const char *const wrapped = Wrapped(name, room, Behind("End of File"), G);
     if (mode != Mode::kCsv) {
         Put("  %s%s\n", kUnderscores, kUnderscores);
     }

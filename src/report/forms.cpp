@@ -2,7 +2,7 @@
 #include "report/forms.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cmath>
 
 #include "report/names.h"
 #include "run/encode.h"
@@ -27,107 +27,155 @@ Passed<Shown>::Passed(Mode mode, Shown shown)
 
 namespace {
 
-// One line on its way to gTLYOUT.
+// One line on its way to gTLYOUT. Behind its end there is always room for a short piece, so that one is copied whole, with what
+// happens to stand behind it, and only then the line grows by its length.
 struct Line {
-    char text[1024];
+    static constexpr size_t kCapacity = 1024, kShort = 32;
+    char text[kCapacity + kShort];
     size_t length = 0;
 
     void Flush() {
         fwrite_unlocked(text, 1, length, gTLYOUT);
         length = 0;
     }
-    void Add(const char *piece, size_t bytes) {
-        if (bytes > sizeof text - length) {
-            Flush();
-            if (bytes > sizeof text) {
-                fwrite_unlocked(piece, 1, bytes, gTLYOUT);
-                return;
-            }
+    [[gnu::noinline]] void AddLong(std::string_view piece) {
+        Flush();
+        if (piece.size() > kCapacity) {
+            fwrite_unlocked(piece.data(), 1, piece.size(), gTLYOUT);
+        } else {
+            Add(piece);
         }
-        memcpy(text + length, piece, bytes);
+    }
+    [[gnu::always_inline]] void Add(std::string_view piece) {
+        if (piece.size() > kCapacity - length) {
+            AddLong(piece);
+            return;
+        }
+        memcpy(text + length, piece.data(), piece.size());
+        length += piece.size();
+    }
+    // The first bytes of size that can be read.
+    template <size_t size> [[gnu::always_inline]] void AddShort(const char *piece, size_t bytes) {
+        static_assert(size <= kShort);
+        memcpy(text + length, piece, size);
         length += bytes;
-    }
-    void AddChar(char c) {
-        if (length == sizeof text) {
+        if (length > kCapacity) {
             Flush();
         }
-        text[length++] = c;
     }
-    void Fill(char c, int count) {
-        for (; count > 0; --count) {
-            AddChar(c);
+    [[gnu::always_inline]] void AddBlanks(int count) {
+        static constexpr char kBlanks[] = "                ";
+        constexpr int kAtOnce = sizeof kBlanks - 1;
+        for (; count > 0; count -= kAtOnce) {
+            AddShort<kAtOnce>(kBlanks, std::min(count, kAtOnce));
         }
     }
 };
 
-// What stands between "%" and its letter.
-struct Conversion {
-    int left = 0, zeros = 0, width = 0, precision = -1;
-};
+// Room for a value, which is written from its end.
+template <size_t size, size_t behind = 0> struct Room {
+    char bytes[size + behind];
+    char *first = bytes + size;
 
-const char *ReadNumber(const char *p, int &number) {
-    for (number = 0; *p >= '0' && *p <= '9'; ++p) {
-        number = 10 * number + (*p - '0');
+    void Put(char c) { *--first = c; }
+    void PutDigits(unsigned long number, int at_least) {
+        for (; number > 0 || at_least > 0; number /= 10, --at_least) {
+            Put(static_cast<char>('0' + number % 10));
+        }
     }
-    return p;
-}
-
-const char *ReadConversion(const char *p, Conversion &how) {
-    for (; *p == '-' || *p == '0'; ++p) {
-        (*p == '-' ? how.left : how.zeros) = 1;
-    }
-    p = ReadNumber(p, how.width);
-    return *p == '.' ? ReadNumber(p + 1, how.precision) : p;
-}
-
-// The text of one argument: a number's digits stand in room.
-struct Piece {
-    const char *text;
-    size_t bytes;
-};
-
-Piece NumberPiece(Line &line, Conversion &how, long number, std::span<char> room) {
-    const char *end = std::to_chars(room.data(), room.data() + room.size(), number).ptr;
-    const char *first = room.data();
-    if (how.zeros && !how.left) { // "%02d": the sign goes ahead of the zeros
+    void PutWhole(long number, int at_least) {
+        const auto value = static_cast<unsigned long>(number);
+        PutDigits(number < 0 ? -value : value, at_least);
         if (number < 0) {
-            line.AddChar(*first++);
-            --how.width;
+            Put('-');
         }
-        line.Fill('0', how.width - static_cast<int>(end - first));
-        how.width = 0;
     }
-    return {first, static_cast<size_t>(end - first)};
+    std::string_view Text() const { return {first, static_cast<size_t>(bytes + size - first)}; }
+};
+constexpr size_t kWholeBytes = 24; // 19 digits and a sign
+using WholeRoom = Room<kWholeBytes, kWholeBytes>;
+using OddRoom = Room<kWidest + 100>; // a double has up to 309 digits, "%02d" may be as wide as its form says
+
+// A double is a whole number times a power of two, so that value * 10^decimals is whole too, up to bits that fall off: rounding is
+// exact, halves go to the even neighbour. Returns false for what has no place in 64 bits.
+bool PutFixed(OddRoom &room, double value, int decimals) {
+    static constexpr unsigned long kTens[] = {1, 10, 100};
+    const double size = std::fabs(value);
+    if (decimals >= static_cast<int>(std::size(kTens)) || !(size < 0x1p52)) {
+        return false;
+    }
+    int exponent = 0;
+    const auto digits = static_cast<unsigned long>(std::ldexp(std::frexp(size, &exponent), 53)) * kTens[decimals];
+    const int off = 53 - exponent;
+    unsigned long number = 0;
+    if (off < 64) {
+        const unsigned long half = 1UL << (off - 1), rest = digits & (2 * half - 1);
+        number = digits >> off;
+        number += rest > half || (rest == half && number % 2 != 0);
+    }
+    if (decimals > 0) {
+        room.PutDigits(number % kTens[decimals], decimals);
+        room.Put('.');
+    }
+    room.PutDigits(number / kTens[decimals], 1);
+    if (std::signbit(value)) {
+        room.Put('-');
+    }
+    return true;
 }
 
-Piece RealPiece(const Conversion &how, double real, std::span<char> room) {
-    const int length = snprintf(room.data(), room.size(), "%.*f", how.precision < 0 ? 6 : how.precision, real);
-    return {room.data(), std::min<size_t>(length, room.size() - 1)};
+std::string_view RealText(OddRoom &room, const Step &step, double real) {
+    const int decimals = step.precision < 0 ? 6 : step.precision;
+    if (PutFixed(room, real, decimals)) {
+        return room.Text();
+    }
+    const int length = snprintf(room.bytes, sizeof room.bytes, "%.*f", decimals, real);
+    return {room.bytes, std::min<size_t>(length, sizeof room.bytes - 1)};
 }
 
-[[gnu::always_inline]] inline void AddArgument(Line &line, Conversion &how, const Arg &arg) {
-    char room[400]; // the largest double has 309 digits
-    Piece piece{room, 1};
-    switch (arg.kind) {
-    case 'd': piece = NumberPiece(line, how, arg.number, room); break;
-    case 'c': room[0] = static_cast<char>(arg.number); break;
-    case 'f': piece = RealPiece(how, arg.real, room); break;
-    default: piece = {arg.text, how.precision < 0 ? strlen(arg.text) : strnlen(arg.text, how.precision)}; break;
+// add brings the value's bytes.
+template <class Adder> [[gnu::always_inline]] inline void AddPadded(Line &line, const Step &step, size_t bytes, const Adder &add) {
+    const int missing = step.width - static_cast<int>(std::min<size_t>(bytes, step.width));
+    if (missing > 0 && !step.left) {
+        line.AddBlanks(missing);
     }
-    const int missing = how.width - static_cast<int>(std::min<size_t>(piece.bytes, 1 << 20));
-    if (missing > 0 && !how.left) {
-        line.Fill(' ', missing);
-    }
-    line.Add(piece.text, piece.bytes);
-    if (missing > 0 && how.left) {
-        line.Fill(' ', missing);
+    add();
+    if (missing > 0 && step.left) {
+        line.AddBlanks(missing);
     }
 }
 
-// Behind "%": "{function}", "{color}", "{href}". Returns what stands behind it.
-[[gnu::noinline]] const char *AddNamed(Line &line, const char *brace, std::span<const Arg> named, const Globals *G) {
-    const char *end = strchrnul(brace, '}');
-    const std::string_view name(brace + 1, end);
+[[gnu::always_inline]] inline void AddText(Line &line, const Step &step, std::string_view text) {
+    AddPadded(line, step, text.size(), [&] { line.Add(text); });
+}
+
+[[gnu::noinline]] void AddOddValue(Line &line, const Step &step, const Arg &arg) {
+    OddRoom room;
+    switch (step.kind) {
+    case 's': AddText(line, step, {arg.text, strnlen(arg.text, step.precision)}); return;
+    case 'f': AddText(line, step, RealText(room, step, arg.real)); return;
+    case 'c': room.Put(static_cast<char>(arg.number)); break;
+    default: room.PutWhole(arg.number, std::max(1, step.width - (arg.number < 0))); break;
+    }
+    AddText(line, step, room.Text());
+}
+
+// Most values are whole numbers and texts as they are.
+[[gnu::always_inline]] inline void AddValue(Line &line, const Step &step, const Arg &arg) {
+    if (step.odd) {
+        AddOddValue(line, step, arg);
+    } else if (step.kind == 's') {
+        AddText(line, step, arg.text);
+    } else {
+        WholeRoom room;
+        room.PutWhole(arg.number, 1);
+        const size_t bytes = room.Text().size();
+        AddPadded(line, step, bytes, [&] { line.AddShort<kWholeBytes>(room.first, bytes); });
+    }
+}
+
+// Of "%{function}", "%{color}", "%{href}" the name.
+void AddNamed(Line &line, std::string_view name, std::span<const Arg> named, const Globals *G) {
     std::string shown;
     const bool link = name == "href";
     if (link || name == "color") {
@@ -143,36 +191,42 @@ Piece RealPiece(const Conversion &how, double real, std::span<char> room) {
     } else if (const int color = FindColor(name); color >= 0) {
         HTML_esc(G->*kColors[color].field, shown);
     }
-    line.Add(shown.data(), shown.size());
-    return end + 1;
+    line.Add(shown);
+}
+
+// Bytes of a form with "%%" or "%{name}" among them.
+void AddMarked(Line &line, std::string_view bytes, std::span<const Arg> named, const Globals *G) {
+    while (!bytes.empty()) {
+        const size_t plain = std::min(bytes.find('%'), bytes.size());
+        line.Add(bytes.substr(0, plain));
+        bytes.remove_prefix(plain);
+        if (bytes.starts_with("%%")) {
+            line.Add("%");
+            bytes.remove_prefix(2);
+        } else if (!bytes.empty()) {
+            const size_t end = bytes.find('}');
+            AddNamed(line, bytes.substr(2, end - 2), named, G);
+            bytes.remove_prefix(end + 1);
+        }
+    }
 }
 
 } // namespace
 
-void Write(const char *format, std::span<const Arg> named, const Arg *values, const Globals *G) {
+void Write(const char *format, const Step *steps, std::span<const Arg> named, const Arg *values, const Globals *G) {
     Line line;
-    for (const char *p = format;;) {
-        const char *percent = strchrnul(p, '%');
-        line.Add(p, percent - p);
-        if (!*percent) {
+    for (const Step *step = steps;; ++step) {
+        if (step->marked) {
+            AddMarked(line, {format + step->begin, step->bytes}, named, G);
+        } else if (step->bytes <= kShortBytes) {
+            line.AddShort<kShortBytes>(step->text, step->bytes);
+        } else {
+            line.Add({format + step->begin, step->bytes});
+        }
+        if (!step->kind) {
             break;
         }
-        Conversion how;
-        p = percent + 1;
-        if (*p != 's' && *p != 'd') { // most are bare
-            if (*p == '{') {
-                p = AddNamed(line, p, named, G);
-                continue;
-            }
-            p = ReadConversion(p, how);
-            p += *p == 'l';
-            if (*p == '%') {
-                line.AddChar(*p++);
-                continue;
-            }
-        }
-        ++p;
-        AddArgument(line, how, *values++);
+        AddValue(line, *step, *values++);
     }
     line.Flush();
 }

@@ -16,6 +16,7 @@
 // A Color and a LinkTo stand ahead of the values.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string>
@@ -69,6 +70,91 @@ template <class T> consteval char Kind() {
     }
 }
 
+inline constexpr size_t kShortBytes = 16;
+inline constexpr int kWidest = 1200; // columns of a value
+
+// A form is cut where its values stand when it is compiled: a step is the bytes ahead of a value and how the value is shown. The
+// last step has no value.
+struct Step {
+    unsigned short begin, bytes; // of the format
+    char text[kShortBytes];      // those bytes, if there are no more
+    bool marked;                 // "%%" or "%{name}" stands in these bytes
+    char kind;                   // of the value, as Kind tells; NUL: none
+    bool left, zeros;            // "-"; "0" without "-"
+    bool odd;                    // neither a text as it is nor a whole number without zeros
+    signed char precision;       // -1: none
+    short width;                 // 0: none
+};
+
+// Reads digits from format at i on.
+constexpr int ReadNumber(std::string_view format, size_t &i) {
+    int number = 0;
+    for (; i < format.size() && format[i] >= '0' && format[i] <= '9'; ++i) {
+        number = 10 * number + (format[i] - '0');
+    }
+    return number;
+}
+
+// Ends the bytes of a step.
+constexpr void EndBytes(std::string_view format, size_t begin, size_t end, Step &step) {
+    step.begin = static_cast<unsigned short>(begin);
+    step.bytes = static_cast<unsigned short>(end - begin);
+    format.copy(step.text, std::min(end - begin, kShortBytes), begin);
+}
+
+// Reads what stands behind "%". Returns where it ends.
+constexpr size_t ReadConversion(std::string_view format, size_t i, Step &step) {
+    for (; format[i] == '-' || format[i] == '0'; ++i) {
+        (format[i] == '-' ? step.left : step.zeros) = true;
+    }
+    step.width = static_cast<short>(ReadNumber(format, i));
+    step.precision = -1;
+    if (format[i] == '.') {
+        step.precision = static_cast<signed char>(ReadNumber(format, ++i));
+    }
+    const bool wide = format[i] == 'l';
+    i += wide;
+    step.kind = wide && format[i] == 'd' ? 'l' : format[i];
+    step.zeros = step.zeros && !step.left;
+    step.odd = step.zeros || step.kind == 'f' || step.kind == 'c' || (step.kind == 's' && step.precision >= 0);
+    return i + 1;
+}
+
+// Cuts a format. Returns how many values it has; those that steps have no room for are left out.
+constexpr size_t Cut(std::string_view format, std::span<Step> steps) {
+    size_t values = 0, begin = 0;
+    Step step{};
+    for (size_t i = 0; i < format.size() && values < steps.size();) {
+        if (format[i] != '%') {
+            ++i;
+        } else if (format[i + 1] == '%' || format[i + 1] == '{') {
+            step.marked = true;
+            i += 2;
+        } else {
+            EndBytes(format, begin, i, step);
+            begin = i = ReadConversion(format, i + 1, step);
+            steps[values++] = step;
+            step = {};
+        }
+    }
+    if (values < steps.size()) {
+        EndBytes(format, begin, format.size(), step);
+        steps[values] = step;
+    }
+    return values;
+}
+
+// A format with room for the steps of so many values. An empty one prints nothing.
+template <size_t values> struct CutFormat {
+    const char *text = "";
+    Step steps[values + 1]{};
+    constexpr CutFormat() = default;
+    constexpr explicit CutFormat(const char *format)
+        : text(format) {
+        Cut(format, steps);
+    }
+};
+
 inline void FormatDoesNotMatchItsArguments() {} // not constexpr: reached only by a wrong format, which then doesn't compile
 
 // What a "%{name}" asks for.
@@ -82,56 +168,50 @@ template <class... Args> consteval bool Answers(std::string_view name) {
     return FindColor(name) >= 0;
 }
 
-template <class... Args> consteval void Check(std::string_view format, bool html) {
+// The names that stand in the bytes of a step.
+template <class... Args> consteval void CheckNames(std::string_view bytes, bool html) {
+    for (size_t i = bytes.find('%'); i != bytes.npos; i = bytes.find('%', i + 2)) {
+        if (bytes[i + 1] == '{' && (!html || !Answers<Args...>(bytes.substr(i + 2, bytes.find('}', i) - i - 2)))) {
+            FormatDoesNotMatchItsArguments();
+        }
+    }
+}
+
+template <class... Args> consteval void Check(const CutFormat<sizeof...(Args)> &cut, bool html) {
     const char kinds[] = {Kind<Args>()..., '\0'};
     const char *next = kinds;
     while (*next == '{') {
         ++next;
     }
-    for (size_t i = 0; i < format.size(); ++i) {
-        if (format[i] != '%' || format[++i] == '%') {
-            continue;
+    const std::string_view format = cut.text;
+    for (const Step &step : cut.steps) {
+        CheckNames<Args...>(format.substr(step.begin, step.bytes), html);
+        if (!step.kind) {
+            return;
         }
-        if (format[i] == '{') {
-            const size_t end = format.find('}', i);
-            if (!html || !Answers<Args...>(format.substr(i + 1, end - i - 1))) {
-                FormatDoesNotMatchItsArguments();
-            }
-            i = end;
-            continue;
-        }
-        const size_t flags = i;
-        while (format[i] == '-' || format[i] == '.' || (format[i] >= '0' && format[i] <= '9')) {
-            ++i;
-        }
-        const std::string_view how = format.substr(flags, i - flags);
-        const bool zeros = how.starts_with('0') || how.starts_with("-0");
-        const bool precise = how.find('.') != how.npos;
-        i += format[i] == 'l';
-        const bool whole = format[i] == 'd';
-        if (*next != (format[i - 1] == 'l' && whole ? 'l' : format[i]) || (zeros && !whole) ||
-            (precise && format[i] != 'f' && format[i] != 's')) {
+        const bool whole = step.kind == 'd' || step.kind == 'l';
+        if (*next != step.kind || step.width > kWidest || (step.zeros && !whole) ||
+            (step.precision >= 0 && step.kind != 'f' && step.kind != 's')) {
             FormatDoesNotMatchItsArguments();
         }
         ++next;
     }
+    FormatDoesNotMatchItsArguments(); // more values than arguments
 }
 
-template <class... Args> struct Format {
-    const char *text = "";
+template <class... Args> struct Format : CutFormat<sizeof...(Args)> {
     Format() = default;
-    consteval Format(const char *format)
-        : text(format) { // NOLINT: implicit on purpose
-        Check<Args...>(format, false);
+    consteval Format(const char *format) // NOLINT: implicit on purpose
+        : CutFormat<sizeof...(Args)>(format) {
+        Check<Args...>(*this, false);
     }
 };
 
-template <class... Args> struct HtmlFormat {
-    const char *text = "";
+template <class... Args> struct HtmlFormat : CutFormat<sizeof...(Args)> {
     HtmlFormat() = default;
-    consteval HtmlFormat(const char *format)
-        : text(format) { // NOLINT: implicit on purpose
-        Check<Args...>(format, true);
+    consteval HtmlFormat(const char *format) // NOLINT: implicit on purpose
+        : CutFormat<sizeof...(Args)>(format) {
+        Check<Args...>(*this, true);
     }
 };
 
@@ -192,18 +272,18 @@ template <> struct Passed<ShownList> : Passed<Shown> {
 // The arguments that no conversion takes.
 template <class... Args> inline constexpr size_t kNamed = ((Kind<Args>() == '{') + ... + 0);
 
-// Writes a checked format to gTLYOUT. named are its arguments up to the values. G may be null for one without names. It does what
-// fprintf does for the conversions that Check knows. Reports are many short lines of numbers and names: through fprintf a run of
-// -fa -o takes 8 % more instructions, one of -fa -o -n 18 % (5 MB of C, 2.5 and 51 MB of report).
-void Write(const char *format, std::span<const Arg> named, const Arg *values, const Globals *G);
+// Writes a format to gTLYOUT by its steps. named are its arguments up to the values. G may be null for one without names. It does
+// what fprintf does for the conversions that Check knows, and is made for reports: many short lines of names, whole numbers and
+// numbers with up to two decimals.
+void Write(const char *format, const Step *steps, std::span<const Arg> named, const Arg *values, const Globals *G);
 
-template <class... Args> void Pass(Mode mode, const Globals *G, const char *format, Args... args) {
+template <class... Args> void Pass(Mode mode, const Globals *G, const CutFormat<sizeof...(Args)> &cut, Args... args) {
     if constexpr (sizeof...(Args) == 0) {
-        Write(format, {}, nullptr, G);
-    } else if (*format) {
+        Write(cut.text, cut.steps, {}, nullptr, G);
+    } else if (*cut.text) {
         const std::tuple<Passed<Args>...> kept{Passed<Args>(mode, args)...};
         const auto list = std::apply([](const auto &...each) { return std::array<Arg, sizeof...(Args)>{each...}; }, kept);
-        Write(format, std::span(list).first(kNamed<Args...>), list.data() + kNamed<Args...>, G);
+        Write(cut.text, cut.steps, std::span(list).first(kNamed<Args...>), list.data() + kNamed<Args...>, G);
     }
 }
 
@@ -213,14 +293,14 @@ template <class... Args> struct Forms {
     forms::Format<Args...> text{};
     forms::HtmlFormat<Args...> html{};
     forms::Format<Args...> csv{}, xml{};
-    constexpr const char *Of(Mode mode) const {
+    constexpr const forms::CutFormat<sizeof...(Args)> &Of(Mode mode) const {
         switch (mode) {
-        case Mode::kHtml: return html.text;
-        case Mode::kCsv: return csv.text;
-        case Mode::kXml: return xml.text;
+        case Mode::kHtml: return html;
+        case Mode::kCsv: return csv;
+        case Mode::kXml: return xml;
         case Mode::kText: break;
         }
-        return text.text;
+        return text;
     }
 };
 
@@ -237,11 +317,12 @@ void PrintAs(Mode mode, const Globals *G, const Forms<Args...> &forms, std::type
 }
 
 // One checked form for every mode, for a text that the modes don't share.
-template <class... Args> void PrintOnly(Mode mode, forms::Format<std::type_identity_t<Args>...> format, Args... args) {
-    forms::Pass<Args...>(mode, nullptr, format.text, args...);
+template <class... Args> void PrintOnly(Mode mode, const forms::Format<std::type_identity_t<Args>...> &format, Args... args) {
+    forms::Pass<Args...>(mode, nullptr, format, args...);
 }
 
 // One form that HTML alone has: G's mode is HTML.
-template <class... Args> void PrintHtml(const Globals *G, forms::HtmlFormat<std::type_identity_t<Args>...> format, Args... args) {
-    forms::Pass<Args...>(Mode::kHtml, G, format.text, args...);
+template <class... Args>
+void PrintHtml(const Globals *G, const forms::HtmlFormat<std::type_identity_t<Args>...> &format, Args... args) {
+    forms::Pass<Args...>(Mode::kHtml, G, format, args...);
 }

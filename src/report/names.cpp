@@ -2,6 +2,7 @@
 #include "report/names.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "run/globals.h"
 #include "run/mode.h"
@@ -18,13 +19,16 @@ void AdjNameLength(const char *name, std::span<char> out, int width, int indent,
         return;
     }
     const size_t room = std::min(out.size() - 1, kMaxWrapped);
-    const auto blanks = static_cast<size_t>(std::max(indent, 0));
+    const auto full = static_cast<size_t>(width), blanks = static_cast<size_t>(std::max(indent, 0));
     size_t used = 0;
-    for (size_t i = 0; name[i] && used < room; ++i) {
-        out[used++] = name[i];
-        if ((i + 1) % static_cast<size_t>(width) == 0 && used + 1 + blanks <= room) {
+    while (*name && used < room) {
+        const size_t row = std::min(strnlen(name, full), room - used);
+        memcpy(&out[used], name, row);
+        name += row;
+        used += row;
+        if (row == full && used + 1 + blanks <= room) {
             out[used++] = '\n';
-            std::fill_n(out.begin() + static_cast<std::ptrdiff_t>(used), blanks, ' ');
+            memset(&out[used], ' ', blanks);
             used += blanks;
         }
     }
@@ -35,12 +39,17 @@ void AdjNameLength(const char *name, std::span<char> out, Wrap wrap, const Globa
     AdjNameLength(name, out, wrap.width, wrap.indent, G);
 }
 
-const char *OnPage(const char *name, std::span<char> room, Wrap wrap, const Globals *G) {
-    if (!IsPage(OutputMode(G))) {
+const char *Wrapped(const char *name, std::span<char> room, Wrap wrap, const Globals *G) {
+    const size_t widest = std::min(room.size() - 1, static_cast<size_t>(G->wrap_long_names ? wrap.width : INT_MAX));
+    if (!name || strlen(name) <= widest) {
         return name;
     }
     AdjNameLength(name, room, wrap, G);
     return room.data();
+}
+
+const char *OnPage(const char *name, std::span<char> room, Wrap wrap, const Globals *G) {
+    return IsPage(OutputMode(G)) ? Wrapped(name, room, wrap, G) : name;
 }
 
 static bool IsSeparator(char c) {

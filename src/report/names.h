@@ -23,6 +23,8 @@ constexpr Wrap Behind(std::string_view label) {
     return {74 - indent, indent};
 }
 void AdjNameLength(const char *name, std::span<char> out, Wrap wrap, const Globals *G);
+// The same without a copy where nothing is broken: name itself, or room.
+const char *Wrapped(const char *name, std::span<char> room, Wrap wrap, const Globals *G);
 // The name as the mode shows it: broken in room on a page, of text or HTML; as it stands in CSV and XML.
 const char *OnPage(const char *name, std::span<char> room, Wrap wrap, const Globals *G);
 

@@ -11,15 +11,18 @@
 static constexpr int kRuleLength = 72;
 static constexpr int kHalfRule = 35;
 
-void ShowStateLine(int line, const char *text, const Globals *) {
-    char rule[kRuleLength + 1];
-    FormatText(rule, " %s Line: %d ", text, line);
-    const int label = static_cast<int>(strlen(rule));
+// A margin, dashes, text and line, dashes.
+static constexpr Forms<const char *, const char *, const char *, int, const char *> kStateLine{"%s  %s %s Line: %d %s\n"};
+
+void ShowStateLine(int line, const char *text, const Globals *G) {
+    int label = static_cast<int>(strlen(text) + strlen("  Line: 1 "));
+    for (int rest = line; rest > 9; rest /= 10) {
+        ++label;
+    }
     const int ahead = 1 + std::max(0, kHalfRule - label / 2);
     const int behind = std::max(0, kRuleLength - ahead - label);
     const char *end = kDashes + strlen(kDashes);
-    PrintOnly<const char *, const char *, const char *, const char *>(Mode::kText, "%s  %s%s%s\n", strstr(text, "End") ? "" : "\n",
-                                                                      end - ahead, rule, end - behind);
+    PrintAs(Mode::kText, G, kStateLine, strstr(text, "End") ? "" : "\n", end - ahead, text, line, end - behind);
 }
 
 // margin: blank lines ahead.

@@ -20,6 +20,9 @@ constexpr bool IsLineEnd(char c) {
 constexpr bool IsSpace(char c) {
     return IsBlankOrTab(c) || IsLineEnd(c);
 }
+constexpr char ToLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 // A character that a name goes on with.
 constexpr bool IsWordChar(char c) {
     return IsLetterOrDigit(c) || c == '_';

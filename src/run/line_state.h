@@ -87,7 +87,7 @@ struct LineState {
 enum LineWants : unsigned {
     kWantsSplit = 1,   // its code, its strings and its comments each for themselves
     kWantsLook = 2,    // someone looks at it when it is scanned: the user's rules, -d, line records
-    kWantsNotices = 4, // notices print in their places; otherwise they only count
+    kWantsNotices = 4, // the notices of tabs print in their places; otherwise they only count
 };
 
 struct Scan;

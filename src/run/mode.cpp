@@ -38,13 +38,18 @@ Mode FreeTextMode(const Globals *G) {
 }
 
 void Put(const char *fmt, ...) {
+    if (!strchr(fmt, '%')) {
+        const size_t bytes = strlen(fmt);
+        if (bytes == 1) { // most are a line feed
+            putc_unlocked(*fmt, gTLYOUT);
+        } else {
+            fwrite_unlocked(fmt, 1, bytes, gTLYOUT);
+        }
+        return;
+    }
     va_list args;
     va_start(args, fmt);
-    if (strchr(fmt, '%')) {
-        vfprintf(gTLYOUT, fmt, args);
-    } else {
-        fputs_unlocked(fmt, gTLYOUT);
-    }
+    vfprintf(gTLYOUT, fmt, args);
     va_end(args);
 }
 

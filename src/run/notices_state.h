@@ -3,6 +3,7 @@
 
 #include "run/llist.h"
 #include "run/notice_numbers.h"
+#include "run/scope_state.h"
 
 // What a long form fills in ahead of its own values: nothing, the line, or the file and the line.
 enum HeadValues : char { kNoHead, kHeadLine, kHeadFileLine };
@@ -17,8 +18,9 @@ struct KeptNoticeText {
 };
 
 struct NoticeRun {
-    char notice_text[80];                      // the answer of GetNoticeStr
-    int notice_cnt[kNoticeSlots];              // entry n: how often notice n was raised
-    Llist notice_list;                         // NameData: the notices of the notice summary, in order; empty in runs without one
+    char notice_text[kNoticeSlots][80];  // entry n: the answer of GetNoticeStr where it shows a limit; empty until it is asked
+    char bare_body_text[kBodyKinds][48]; // entry n: the short text of notice 22 for keyword n; empty until it is asked
+    int notice_cnt[kNoticeSlots];        // entry n: how often notice n was raised
+    Llist notice_list;                   // NameData: the notices of the notice summary, in order; empty in runs without one
     KeptNoticeText marked_texts[kNoticeSlots]; // entry n: of notice n
 };

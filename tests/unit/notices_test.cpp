@@ -47,9 +47,12 @@ TEST_CASE_FIXTURE(Bench, "what is off or skipped counts nothing") {
 
 TEST_CASE_FIXTURE(Bench, "the switches choose the form") {
     G->notice_short_format = G->totals_only = 1; // all of a -T run go through the short form
-    CHECK(NoticesArePrinted(G) == 0);
+    CHECK(!TabNoticesArePrinted(G));
     CHECK(Written([&] { NoticeAtLine(9, G); }) == "");
     G->notices_by_file = 1;
+    CHECK(TabNoticesArePrinted(G));
+    G->notice_enabled[30] = 0;
+    CHECK(!TabNoticesArePrinted(G));
     Written([&] { NoticeAtLine(8, G); }); // remembered only for a summary
     G->totals_notice_summary = 1;
     CHECK(Written([&] { NoticeAtLine(9, G); }) == "  Notice #   9: Line    7, 'goto' keyword identified\n");

@@ -1,4 +1,8 @@
 // User rules: how a line of the rule file is read, when a rule fires, and that a costly pattern ends.
+#include <functional>
+#include <random>
+#include <vector>
+
 #include "analysis/roll_up.h"
 #include "bench.h"
 #include "notices/raise.h"
@@ -92,6 +96,84 @@ TEST_CASE("rules arm each other on a line, within a file only, and the end of a 
     CHECK(udqn_notice_total_count(rules.G) == 4);
     CHECK(Written([&] { udqn_profile(8, rules.G); }) ==
           "  101       2   25.00  \n  102       1   12.50  \n  103       1   12.50  \n");
+}
+
+TEST_CASE("what a pattern can't do without") {
+    const struct {
+        const char *pattern, *texts;
+        int some_byte;
+    } rows[] = {
+        {"\\b(TODO|FIXME)\\b(?!\\s*\\(\\s*\\w)", "TODO FIXME", 1},
+        {"^(?!.*\\b(if|while)\\b).*=\\s*([mcz]|re)?alloc\\s*\\([^;]*$", "alloc", 1},
+        {"\\b([mun]?sleep|[mun]delay)\\s*\\(", "sleep delay", 1},
+        {"(?i)copyRIGHT|licen[cs]e|SPDX", "copyright licen spdx", 1},
+        {"[]x\\]]ab{2}c[[:^alpha:]y]", "ab", 1},
+        {"(?:ab){0,3}c+?(?>de)f", "de", 1},
+        {"abcdefghijklmnopqrstuvwxyz", "abcdefghijklmnop", 1},
+        {"\\S *\\t", "\t", 1},
+        {"\\S", "", 1},
+        {"(ab|)$", "", 0},
+        {"(ab|c*)", "", 0},
+        {"ab{,3}", "", 0}, // a text or a number of times, as the library's version has it
+        {"ab(*ACCEPT)c", "", 0},
+        {"\\Qab\\E", "", 0},
+        {"(a)\\1bc", "", 0},
+        {"(?x) a b", "", 0},
+        {"(?<n>ab)", "", 0},
+        {"[[.a.]]bc", "", 0},
+        {"abc)", "", 0},
+    };
+    for (const auto &row : rows) {
+        CAPTURE(row.pattern);
+        const UdqnNeeds needs = NeedsOf(row.pattern, false);
+        std::string texts;
+        for (int i = 0; i < needs.count; ++i) {
+            texts += (i > 0 ? " " : "") + std::string(needs.texts[i]);
+        }
+        CHECK(texts == row.texts);
+        CHECK(needs.some_byte == row.some_byte);
+    }
+}
+
+// Patterns put together at random; the subjects are made of the same few bytes.
+TEST_CASE("the sieves hold back no line that a pattern matches") {
+    std::mt19937 random(5);
+    const auto pick = [&](std::initializer_list<const char *> from) { return std::string(from.begin()[random() % from.size()]); };
+    const std::function<std::string(int)> branch = [&](int depth) {
+        std::string text;
+        for (size_t atoms = random() % 5; atoms-- > 0;) {
+            if (depth < 3 && random() % 4 == 0) {
+                text += pick({"(", "(?:", "(?>", "(?=", "(?!", "(?<!a|", "(?i:", "(?-i:"}) + branch(depth + 1) +
+                        (random() % 2 ? "|" + branch(depth + 1) : "") + ")";
+            } else {
+                text += pick({"a", "b", "ab", "aab", "B", "\\(", "[ab]", "[^a\\]]", "[[:alpha:](]", "\\w", "\\s", ".", " ", "^",
+                              "$", "\\b"});
+            }
+            text += pick({"", "", "", "?", "*", "+", "{2}", "{0,1}", "+?", "*+"});
+        }
+        return text;
+    };
+    for (int round = 0; round < 60; ++round) {
+        Rules rules(round % 2 ? "REG_ICASE: on" : "");
+        for (int id = 100; id < 160; ++id) {
+            rules.Read(Rule(id, ("pattern: x*" + branch(0) + (random() % 2 ? "|" + branch(0) : "")).c_str()));
+        }
+        std::vector<int> wanted(60);
+        for (int line = 0; line < 60; ++line) {
+            std::string text;
+            for (size_t bytes = random() % 9; bytes-- > 0;) {
+                text += "aabbAB( "[random() % 8];
+            }
+            udqn_process(text.c_str(), 0, rules.G);
+            for (int id = 100; id < 160; ++id) {
+                wanted[id - 100] += pcre_match(text.c_str(), get_udqn_ptr(id, &rules.G->udqn_list), rules.G) == 0;
+            }
+        }
+        for (int id = 100; id < 160; ++id) {
+            CAPTURE(rules.Get(id)->pattern);
+            CHECK(rules.Count(id) == wanted[id - 100]);
+        }
+    }
 }
 
 TEST_CASE("a message longer than its place in HTML is cut in front of an entity") {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "run/mode.h"
+#include "report/forms.h"
 
 static bool IsPoints(Figure figure) {
     return figure >= kFpLoc && figure <= kFpLloc;
@@ -13,12 +13,22 @@ static int Decimals(Figure figure, int decimals) {
     return IsPoints(figure) ? std::max(decimals, 1) : decimals;
 }
 
+using ColumnForms = Forms<const char *, const char *, double>;
+
+// By the number of decimals.
+static constexpr ColumnForms kLeftColumn[] = {{.text = "  %s%s  %9.0f", .html = "  <b>%s%s</b>  %9.0f"},
+                                              {.text = "  %s%s  %9.1f", .html = "  <b>%s%s</b>  %9.1f"},
+                                              {.text = "  %s%s  %9.2f", .html = "  <b>%s%s</b>  %9.2f"}};
+static constexpr ColumnForms kRightColumn[] = {{.text = "  %s%s %10.0f\n", .html = "  <b>%s%s</b> %10.0f\n"},
+                                               {.text = "  %s%s %10.1f\n", .html = "  <b>%s%s</b> %10.1f\n"},
+                                               {.text = "  %s%s %10.2f\n", .html = "  <b>%s%s</b> %10.2f\n"}};
+
 void LeftColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G) {
-    Put(OutputMode(G) == Mode::kHtml ? "  <b>%s%s</b>  %9.*f" : "  %s%s  %9.*f", prefix, label, decimals, value);
+    Print(G, kLeftColumn[decimals], prefix, label, value);
 }
 
 void RightColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G) {
-    Put(OutputMode(G) == Mode::kHtml ? "  <b>%s%s</b> %10.*f\n" : "  %s%s %10.*f\n", prefix, label, decimals, value);
+    Print(G, kRightColumn[decimals], prefix, label, value);
 }
 
 void ShowColumns(std::span<const ColumnRow> rows, const char *prefix, const Figures &figures, int decimals, const Globals *G) {
@@ -33,7 +43,7 @@ void ShowColumns(std::span<const ColumnRow> rows, const char *prefix, const Figu
 }
 
 void ShowSeparator() {
-    Put("  %s\n", "       ------     -----     -----     ------     ------     -----       ");
+    Put("         ------     -----     -----     ------     ------     -----       \n");
 }
 
 struct Element {

@@ -15,7 +15,7 @@ struct ColumnRow {
     Figure right_figure;
 };
 
-// One cell: two blanks, prefix and label, the value. The left column has no line feed.
+// One cell of a page: two blanks, prefix and label, the value with up to 2 decimals. The left column has no line feed.
 void LeftColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G);
 void RightColumn(const char *prefix, const char *label, double value, int decimals, const Globals *G);
 // Rows of a page, text or HTML; prefix is put in front of every label: "Avg ". Function points show a decimal in whole numbers too.

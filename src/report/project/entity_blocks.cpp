@@ -119,16 +119,14 @@ void FunctionDataShow(NodeData *record, Globals *G) {
         ShowCsvRow(kFunctionColumns, record->name, record->parameters, FiguresOf(*record, 1), 0);
         return;
     }
-    LineText wrapped;
+    LineText room;
     ShowName(kFunction, record->name, record->file, G);
-    AdjNameLength(record->parameters, wrapped, Behind(kParameters.label), G);
-    ShowDetail(kParameters, wrapped, record->parameters, G);
+    ShowDetail(kParameters, Wrapped(record->parameters, room, Behind(kParameters.label), G), record->parameters, G);
     if (mode == Mode::kXml) {
         PrintOnly(mode, "<file>%s</file>\n<line>%d</line>\n", Shown{record->file}, record->line);
     }
     if (Holds(record->template_line)) {
-        AdjNameLength(record->template_line, wrapped, kFunction.wrap, G);
-        ShowDetail(kFunctionTemplate, wrapped, record->template_line, G);
+        ShowDetail(kFunctionTemplate, Wrapped(record->template_line, room, kFunction.wrap, G), record->template_line, G);
     }
     ShowComplexityAndLines(record, G);
     CloseBlock(kFunction, G);
@@ -156,15 +154,15 @@ void ClassDataShow(NodeData *record, Globals *G) {
     const bool is_struct = record->is_struct;
     const Head &plain = is_struct ? kStruct : kClass;
     const Head &head = !record->nesting ? plain : is_struct ? kNestedStruct : kNestedClass;
-    LineText wrapped;
+    LineText room;
     ShowClassRow(record, G);
     ShowName(head, record->name, record->file, G);
     if (Holds(record->template_line)) {
-        AdjNameLength(record->template_line, wrapped, plain.wrap, G);
+        const char *const wrapped = Wrapped(record->template_line, room, plain.wrap, G);
         ShowDetail(is_struct ? kStructTemplate : kClassTemplate, wrapped, record->template_line, G);
     }
     if (Holds(record->inherit_line)) {
-        AdjNameLength(record->inherit_line, wrapped, Behind(kInheritance.label), G);
+        const char *const wrapped = Wrapped(record->inherit_line, room, Behind(kInheritance.label), G);
         ShowDetail(kInheritance, wrapped, wrapped, G);
     }
     ShowMembers(head, record, G);
