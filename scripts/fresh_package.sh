@@ -50,7 +50,7 @@ measure=(-xNOHEADER -fa -o -n -r"cpp,h src")
 for command in "tly ${measure[*]@Q}" 'tly-report top now.xml' 'tly-report --help'; do
     cp "$root/home/user/now.xml" "$empty"
     eval "chroot --userspec=1000:1000 '$empty' /$command" >"$root/alone" 2>/dev/null || true
-    run user '~/empty' "$command || true" | tail -n +3 >"$root/installed"
+    run user "~/empty" "HOME=/none $command 2>/dev/null || true" | tail -n +3 >"$root/installed"
     [[ -s $root/alone ]] && cmp "$root/alone" "$root/installed"
 done
 step "the package works on a fresh Debian $release"

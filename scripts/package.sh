@@ -31,6 +31,7 @@ fi
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 cmake --preset package >/dev/null
+rm -f build/package/CMakeFiles/tly_core.dir/src/report/build_date.cpp.o # it was compiled on the day of another commit
 cmake --build --preset package
 (cd build/package && rm -f -- *.deb && cpack)
 ln -sf tly build/package/static/tly-report
