@@ -34,11 +34,8 @@ run user '~/tree' 'sed -i "s/^\(Quality Notice 16 *:\).*/\1 No/" ~/.config/tly/t
 [[ $(state) == "$before" ]] || { echo "fresh_package.sh: the tree was changed:" >&2; diff <(echo "$before") <(state) >&2; exit 1; }
 
 run user '~/tree' 'for page in docs/*.[1-8]; do man "$(basename "${page%.*}")" | grep -m 1 NAME || exit 1; done'
-run user '~/tree' 'cd share/completions 2>/dev/null || exit 0; for file in *; do program=${file%.*}; case $file in
-    *.bash) bash -n /usr/share/bash-completion/completions/$program ;;
-    *.zsh) test -f /usr/share/zsh/vendor-completions/_$program ;;
-    *.fish) test -f /usr/share/fish/vendor_completions.d/$file ;;
-    esac || exit 1; done'
+run user /usr/share 'ls {bash-completion/completions/,zsh/vendor-completions/_}{tly,tly-report} fish/vendor_completions.d/{tly,tly-report}.fish &&
+    . bash-completion/completions/tly && complete -p tly'
 run user '~/tree' 'python3 tests/report/questions.py --tly /usr/bin/tly'
 
 # Both programs of the static file, in a root with no library and no /proc, print what the installed ones do.
