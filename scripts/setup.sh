@@ -12,8 +12,8 @@ test=("${build[@]}"  doctest-dev /usr/include/doctest/doctest.h  libxml2-utils x
       strace strace  git git)
 all=("${test[@]}"  clang-format clang-format  clang-tidy clang-tidy  clang clang++
      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux)
-package=("${build[@]}"  git git  file file  dpkg-dev dpkg-shlibdeps  lintian lintian)
 fresh=(debootstrap debootstrap  git git)
+package=("${build[@]}"  git git  file file  dpkg-dev dpkg-shlibdeps  lintian lintian)
 
 case ${1:-test} in
 build) wanted=("${build[@]}") ;;
