@@ -1,8 +1,8 @@
 # One file that needs no library of the machine it runs on, static/tly in the build: a link tly-report to it is the other program.
 
-# Fits into 4 MB: the scanner's speed is worth its room, that of the report isn't.
+# It has to fit into 4 MB: the scanner's speed is worth its room, that of reading a command line isn't.
 target_compile_options(report_core PRIVATE -O2)
-target_compile_options(report_options PRIVATE -O2)
+target_compile_options(report_options PRIVATE -Os)
 
 # A program as one object, whose only symbol is its main.
 function(add_program_object main)
