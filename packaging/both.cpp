@@ -1,5 +1,5 @@
-// The static file holds both programs: it is the one that it is called by. Each comes as one object with no other symbol than its main,
-// because they share no source and either may name a type as the other does.
+// The static file holds both programs: it is the one that it is called by. Each comes as one object with no other symbol than its
+// main, because they share no source and either may name a type as the other does.
 #include <cstring>
 
 extern "C" int TlyMain(int argc, char **argv);
