@@ -24,6 +24,7 @@ chroot "$root" chown -R user: /home/user
 state() { (cd "$root/home/user/tree" && find . -printf '%p %s %T@ %m\n' | sort); }
 before=$(state)
 
+run user '~' 'tly -hs | grep "Version $(dpkg-query -W -f "\${Version}" tly | cut -d- -f1)"'
 # A status above 0 is a number of notices.
 run user '~/tree/src' 'tly -s -r"cpp,h ." | tail -n 12; tly -n main.cpp >~/notices; test $? -gt 0'
 run user '~' 'ls .config/tly && test "$(stat -c %a .config/tly)" = 700'
@@ -48,6 +49,7 @@ for command in "tly ${measure[*]@Q}" 'tly-report top now.xml' 'tly-report --help
     cp "$root/home/user/now.xml" "$empty"
     eval "chroot --userspec=1000:1000 '$empty' /$command" >"$root/alone" 2>/dev/null || true
     run user "~/empty" "HOME=/none $command 2>/dev/null || true" | tail -n +3 >"$root/installed"
-    [[ -s $root/alone ]] && cmp "$root/alone" "$root/installed"
+    [[ -s $root/alone ]]
+    cmp "$root/alone" "$root/installed"
 done
 step "the package works on a fresh Debian $release"

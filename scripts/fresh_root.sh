@@ -22,7 +22,7 @@ make_root() {
     rm "$root.log"
     rm -f "$root/etc/apt/sources.list"
     cp -a /etc/apt/. "$root/etc/apt/"
-    find "$root/etc/apt" -name '*sources*' -type f -exec sed -i "s/\b$here\b/$1/g" {} +
+    find "$root/etc/apt" -type f \( -name '*.list' -o -name '*.sources' \) -exec sed -i "s/\b$here\b/$1/g" {} +
     cp -L /etc/resolv.conf /etc/hosts "$root/etc/"
     mount -t proc proc "$root/proc"
 }

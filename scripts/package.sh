@@ -21,7 +21,8 @@ rm -f build/package/CMakeFiles/tly_core.dir/src/report/build_date.cpp.o # it was
 cmake --build --preset package
 (cd build/package && rm -f -- *.deb && cpack)
 ln -sf tly build/package/static/tly-report
-test "$(stat -c %s build/package/static/tly)" -lt 4000000
+bytes=$(stat -c %s build/package/static/tly)
+((bytes < 4000000)) || { echo "package.sh: the static file has $bytes bytes, which is more than 4 MB" >&2; exit 1; }
 lintian --fail-on error,warning --allow-root build/package/*.deb
 
 if $again; then
