@@ -7,3 +7,6 @@ configure_file(${CPACK_TLY_PACKAGING}/changelog ${doc}/changelog.Debian COPYONLY
 configure_file(${CPACK_TLY_PACKAGING}/lintian-overrides ${usr}/share/lintian/overrides/tly COPYONLY FILE_PERMISSIONS ${readable})
 file(GLOB pages ${usr}/share/man/man*/*.[1-8])
 execute_process(COMMAND gzip -9n ${doc}/changelog.Debian ${pages} COMMAND_ERROR_IS_FATAL ANY)
+# The directories above what is installed have the modes of whoever packs.
+file(CHMOD_RECURSE ${usr} DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
