@@ -13,7 +13,8 @@ case ${1:-} in
 esac
 scripts/setup.sh package
 
-# The day that tly shows and the times in the package are those of the commit.
+# The day that tly shows and the times in the package are those of the commit; the modes are nobody's own.
+umask 022
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 cmake --preset package >/dev/null
