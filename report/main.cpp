@@ -4,6 +4,7 @@
 
 int main(int argc, char **argv) {
     Options options;
+    options.config_home = TLY_XDG;
     int status = kFine;
     if (!ReadCommandLine(argc, argv, options, status)) {
         return status;

@@ -32,6 +32,7 @@ struct Options {
     std::vector<std::string> notice_limits; // "12=0"
     std::string known;                      // a report whose notices aren't new; empty: none
     std::string allow;                      // see allow.h; empty: none
+    bool config_home = false;               // settings may lie in the user's $XDG_CONFIG_HOME/tly
     bool classic = false;                   // without -xMODERN
     int jobs = 1;
     bool counts_only = false; // of a run, not an option: notices are counted, and not listed

@@ -118,20 +118,30 @@ std::string Home(const char *variable) {
     return home;
 }
 
-// tly writes its settings where it finds none. Without a home in the environment, and without settings beside tly, it gets a home
-// of ours: nothing is left behind by a run.
+// Where a tly looks that has no home in the environment: beside itself or, on a machine where it was installed as a package, in the
+// user's directory of settings. Empty if there is no such directory.
+std::string BuiltInHome(const Run &run) {
+    if (!run.options.config_home) {
+        return run.tly.substr(0, run.tly.rfind('/') + 1);
+    }
+    const std::string base = Home("XDG_CONFIG_HOME"), home = Home("HOME");
+    return base.starts_with('/') ? base + "tly/" : home.starts_with('/') ? home + ".config/tly/" : "";
+}
+
+// tly writes its settings where it finds none. Without a home in the environment, and without settings in the built-in one, it gets
+// a home of ours: nothing is left behind by a run.
 void FindSettings(Run &run) {
     run.settings = Home("TLYCFGHOME");
     if (run.settings.size() < 2) {
         run.settings = Home("TLYHOME");
     }
     if (run.settings.empty()) {
-        run.settings = run.tly.substr(0, run.tly.rfind('/') + 1);
-        if (access((run.settings + "tly.cfg").c_str(), R_OK) != 0) {
+        run.settings = BuiltInHome(run);
+        if (run.settings.empty() || access((run.settings + "tly.cfg").c_str(), R_OK) != 0) {
             run.settings = run.place + "home/";
             mkdir(run.settings.c_str(), 0700);
-            run.variables.push_back("TLYHOME=" + run.settings);
         }
+        run.variables.push_back("TLYHOME=" + run.settings);
     }
 }
 

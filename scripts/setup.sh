@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing on Debian 12: setup.sh build (to build tly), test (to test it as well; the default), all (to pass every check)
-# or fresh (to make a clean root).
+# Installs what is missing on Debian 12: setup.sh build (to build tly), test (to test it as well; the default), all (to pass every check),
+# package (to make a package) or fresh (to make a clean root).
 # Does nothing, and needs no network and no root, when everything is there.
 set -euo pipefail
 
@@ -13,13 +13,15 @@ test=("${build[@]}"  doctest-dev /usr/include/doctest/doctest.h  libxml2-utils x
 all=("${test[@]}"  clang-format clang-format  clang-tidy clang-tidy  clang clang++
      libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux  zsh zsh  fish fish)
 fresh=(debootstrap debootstrap  git git)
+package=("${build[@]}"  git git  file file  dpkg-dev dpkg-shlibdeps  lintian lintian)
 
 case ${1:-test} in
 build) wanted=("${build[@]}") ;;
 test) wanted=("${test[@]}") ;;
 all) wanted=("${all[@]}") ;;
+package) wanted=("${package[@]}") ;;
 fresh) wanted=("${fresh[@]}") ;;
-*) echo "usage: setup.sh [build|test|all|fresh]" >&2; exit 2 ;;
+*) echo "usage: setup.sh [build|test|all|package|fresh]" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -28,7 +28,7 @@ run_tests() {
 if $all; then
     scripts/setup.sh all
     step "format"
-    find src report tests fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 clang-format -n --Werror
+    find src report tests fuzz packaging \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 clang-format -n --Werror
 else
     scripts/setup.sh test
 fi

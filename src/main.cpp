@@ -5,5 +5,5 @@
 
 int main(int argc, char **argv) {
     signal(SIGXFSZ, SIG_IGN); // a limit of the file size is an error of the write like a full disk, and told like one
-    return tly(argc, argv);
+    return tly(argc, argv, TLY_XDG);
 }

@@ -7,7 +7,8 @@ section; what stands ahead of the first is prose.
   === file NAME            a file with the lines that follow. "=== file NAME escaped": \xNN, \t, \r, \n, \0, \\ and the like are
                            read as in C. "=== file NAME noeol": the last line end is left away. Both may be given
   === run ARGUMENTS        runs "tly ARGUMENTS" in bash, followed by the expected standard output
-  === sh COMMAND           any bash command instead; "tly" and "$TLY" are the program, "tly-report" the one beside it
+  === sh COMMAND           any bash command instead; "tly" and "$TLY" are the program, "tly-report" the one beside it,
+                           "tly-packaged" and "tly-report-packaged" the two as a package has them
   === stderr               behind a run: the expected standard error output. Without it there must be none
   === status N             behind a run: its exit status, 0 if it isn't given
   === check COMMAND        behind a run: must succeed with the run's output as its standard input (e.g. "xmllint --noout -")
@@ -122,7 +123,8 @@ def run(path, tly, update):
     try:
         (place / "bin").mkdir()
         (place / "bin" / "tly").symlink_to(tly)
-        (place / "bin" / "tly-report").symlink_to(tly.parent / "tly-report")
+        for other in ("tly-report", "tly-packaged", "tly-report-packaged"):
+            (place / "bin" / other).symlink_to(tly.parent / other)
         (place / "docs").symlink_to(pathlib.Path(__file__).resolve().parent.parent / "docs")
         (place / "w").mkdir()
         actual, problems = replay(expected, place / "w", tly)

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "run/globals.h"
 #include "run/mode.h"
@@ -14,19 +15,20 @@
 namespace {
 
 constexpr const char *kHomeMarker = "tly.cfg"; // the file that makes a directory of PATH the home
+constexpr const char *kNowhere = "/dev/null/"; // no file can be below it
+constexpr size_t kLongestHome = sizeof(PathText) - sizeof "/tly_workdiff.cfg";
 
 // A variable that is set to nothing counts as unset, and so does one that leaves no room for the names of the files: a part of it
 // would be another directory.
 void LoadHome(PathText &home, const char *variable, Globals *G) {
-    constexpr size_t kMost = sizeof home - sizeof "/tly_workdiff.cfg";
     const char *value = getenv(variable);
     if (!value || *value == '\0') {
         return;
     }
-    if (strlen(value) > kMost) {
+    if (strlen(value) > kLongestHome) {
         Message(G,
                 "\n  Error: The environment variable %s is too long and is ignored\n         At most %zu characters are possible\n",
-                variable, kMost);
+                variable, kLongestHome);
         return;
     }
     CopyText(home, value);
@@ -52,6 +54,34 @@ void FindHome(std::span<char> home, const Globals *G) {
     ClearText(home);
 }
 
+// The directory of a user's settings, mostly ~/.config, with a trailing "/", by the rules of the desktop: a path that isn't
+// absolute is passed over. Returns false if there is none.
+bool FindConfigBase(PathText &base) {
+    constexpr std::pair<const char *, const char *> kBases[] = {{"XDG_CONFIG_HOME", ""}, {"HOME", "/.config"}};
+    for (const auto &[variable, below] : kBases) {
+        const char *value = getenv(variable);
+        if (value && *value == '/' && strlen(value) + strlen(below) + strlen("//tly/") <= kLongestHome) {
+            FormatText(base, "%s%s", value, below);
+            EndWithSlash(base);
+            return true;
+        }
+    }
+    return false;
+}
+
+// Makes the directory home in base, and base where it is missing too, but nothing above: what isn't there may be meant to be
+// missing. Returns 0 if a file can be written into it, else the error.
+int MakeConfigHome(const char *base, const char *home) {
+    constexpr mode_t kOwnersOnly = 0700;
+    if (access(home, F_OK) != 0) {
+        mkdir(base, kOwnersOnly);
+        if (mkdir(home, kOwnersOnly) != 0 && errno != EEXIST) { // of several programs at once one makes it
+            return errno;
+        }
+    }
+    return access(home, W_OK | X_OK) == 0 ? 0 : errno;
+}
+
 } // namespace
 
 void LoadEnv(Globals *G) {
@@ -65,6 +95,25 @@ void LoadEnv(Globals *G) {
     if (getenv("TLYCLASSMF")) {
         G->show_class_methods = 1;
         Message(G, "\n  Showing Class Methods and Functions\n");
+    }
+}
+
+void UseConfigHome(Globals *G) {
+    if (strlen(G->TLYHOME) > 1 || strlen(G->TLYCFGHOME) > 1) {
+        return;
+    }
+    PathText base, settings;
+    if (!FindConfigBase(base)) {
+        CopyText(G->TLYHOME, kNowhere);
+        fputs("tly: no settings are read or kept: neither XDG_CONFIG_HOME nor HOME is the full path of a directory.\n", stderr);
+        return;
+    }
+    FormatText(G->TLYHOME, "%stly/", base);
+    FormatText(settings, "%stly.cfg", G->TLYHOME);
+    if (access(settings, F_OK) != 0) {
+        if (const int error = MakeConfigHome(base, G->TLYHOME)) {
+            fprintf(stderr, "tly: no settings can be kept in %s: %s. The built-in ones hold.\n", G->TLYHOME, strerror(error));
+        }
     }
 }
 

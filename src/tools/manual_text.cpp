@@ -220,6 +220,9 @@ that the shell found on PATH takes the first directory of PATH that holds
 a tly.cfg, its own or another, or else the current one: each directory
 that you work in then gets a tly.cfg.  Name a home in TLYHOME to keep all
 in one place.  A home of more than 1006 characters is told and ignored.
+A tly that was installed as a package keeps clear of these directories:
+with neither variable it takes $XDG_CONFIG_HOME/tly or else ~/.config/tly,
+which it makes.
 
     tly.cfg           settings
     tly_macro.cfg     words that the parser should pass over, one a line

@@ -90,12 +90,15 @@ void ShowSystemParameters(Globals *G) {
     Pause(G);
 }
 
-void LoadSettings(int argc, char **argv, Globals *G) {
+void LoadSettings(int argc, char **argv, bool config_home, Globals *G) {
     InitGlobals(G);
     CopyText(G->prog_name, argc > 0 ? argv[0] : "tly");
     G->argc = argc;
     G->argv = argv;
     LoadEnv(G);
+    if (config_home) {
+        UseConfigHome(G);
+    }
     SetProgramPath(G);
     JoinArguments(argc, argv, G);
     LocateFile(G->macro_file, "tly_macro.cfg", G);
@@ -302,7 +305,7 @@ void EndReport(ProcessTimer *timer, Globals *G) {
 
 } // namespace
 
-int tly(int argc, char **argv) {
+int tly(int argc, char **argv, bool config_home) {
     Globals *G = static_cast<Globals *>(calloc(1, sizeof(Globals)));
     if (!G) {
         gTLYOUT = stdout;
@@ -311,7 +314,7 @@ int tly(int argc, char **argv) {
     }
     TellWhenContainersFail();
     ProcessTimer timer{};
-    LoadSettings(argc, argv, G);
+    LoadSettings(argc, argv, config_home, G);
     const int first_argument = SetUpParams(argc, argv, G);
     SettleSwitches(G);
     SettleReading(G);
