@@ -37,7 +37,7 @@ run user '~/tree' 'sed -i "s/^\(Quality Notice 16 *:\).*/\1 No/" ~/.config/tly/t
 run user '~/tree' 'for page in docs/*.[1-8]; do man "$(basename "${page%.*}")" | grep -m 1 NAME || exit 1; done'
 run user /usr/share 'ls {bash-completion/completions/,zsh/vendor-completions/_}{tly,tly-report} fish/vendor_completions.d/{tly,tly-report}.fish &&
     . bash-completion/completions/tly && complete -p tly'
-run user '~/tree' 'python3 tests/report/questions.py --tly /usr/bin/tly'
+run user '~/tree' 'python3 tests/docs/commands.py --tly /usr/bin/tly docs/questions.md'
 
 # Both programs of the static file, in a root with no library and no /proc, print what the installed ones do.
 step "the static file alone"

@@ -1,18 +1,20 @@
 #!/usr/bin/env python3
-"""commands.py --tly TLY [--update]: runs the commands of the documents in a small project.
+"""commands.py --tly TLY [--update] [PAGE...]: runs the commands of the documents, or of some, in a small project.
 
 A line "    $ command" is followed by what it prints, which has to be what came out; --update writes that there. Any other command that
 stands in a block of its own is run as well, and must not fail. The questions of docs/questions.md stand at a number each."""
 import argparse, difflib, os, pathlib, re, shutil, subprocess, sys, tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-PAGES = ["README.md", "docs/questions.md", "docs/report.md", "docs/json.md"]
 MANUAL = "tly -hf"
+PAGES = ["README.md", "docs/questions.md", "docs/report.md", "docs/json.md", "docs/install.md", MANUAL]
 # What these begin with isn't run, and why.
 NOT_RUN = {
     "./scripts/": "installs packages and builds; scripts/fresh.sh runs both in a clean root",
     "scripts/package.sh": "builds the package",
     "cmake ": "builds",
+    "apt-get ": "installs the package; scripts/fresh_package.sh does in a clean root",
+    "cp build/package/": "there is a package only behind scripts/package.sh",
     "tly -p -L100 main.c | lpr": "prints on paper",
     "vim ": "waits for a person",
     "tly-report gate [": "tells the form of a command",
@@ -155,9 +157,10 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--tly", required=True, type=pathlib.Path)
     parser.add_argument("--update", action="store_true")
+    parser.add_argument("pages", nargs="*", default=PAGES)
     options = parser.parse_args()
     problems = []
-    for name in [*PAGES, MANUAL]:
+    for name in options.pages:
         with tempfile.TemporaryDirectory(prefix="tly-") as place:
             project = Project(pathlib.Path(place), options.tly.resolve())
             if name != "docs/questions.md":
