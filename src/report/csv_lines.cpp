@@ -24,7 +24,11 @@ static void Titles(const char *first, const Globals *G) {
 }
 
 static void Column(Figure figure, const Figures &figures, int decimals) {
-    Put(", %.*f", figure == kCommentRate ? 2 : decimals, figures.value[figure]);
+    if (figure == kCommentRate || decimals == 2) {
+        PrintOnly(Mode::kCsv, ", %.2f", figures.value[figure]);
+    } else {
+        PrintOnly(Mode::kCsv, ", %.0f", figures.value[figure]);
+    }
 }
 
 static void LineColumns(const Figures &figures, int decimals, const Globals *G) {
