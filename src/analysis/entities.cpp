@@ -75,12 +75,38 @@ void RenameClass(NodeData *record, const char *name, Globals *G) {
     IndexName(&G->class_index_by_name, record);
 }
 
+namespace {
+
+// Many headers define thousands of names before anyone looks for one: together they are entered in half the time.
+void IndexMacros(const Globals *G) {
+    const LlistNode *node = G->macro_indexed ? G->macro_indexed->next : G->macro_list.head;
+    G->macro_indexed = G->macro_list.tail;
+    for (; node; node = node->next) {
+        G->macros_lost |= !IndexName(&G->macro_index_by_name, node->data);
+    }
+}
+
+} // namespace
+
 bool is_macro(const char *word, const Globals *G) {
-    return *word > ' ' && FindIndexed(&G->macro_index_by_name, word) != nullptr;
+    if (*word <= ' ') {
+        return false;
+    }
+    if (G->macro_indexed != G->macro_list.tail) {
+        IndexMacros(G);
+    }
+    return FindIndexed(&G->macro_index_by_name, word) != nullptr;
 }
 
 void AddMacro(const char *name, int line, Globals *G) {
-    if (!AddNameNode(name, line, 0, &G->macro_list, G) || !IndexName(&G->macro_index_by_name, G->macro_list.tail->data)) {
+    if (!AddNameNode(name, line, 0, &G->macro_list, G)) {
+        MemoryError(G);
+    }
+}
+
+void TellLostMacros(Globals *G) {
+    if (G->macros_lost) {
+        G->macros_lost = 0;
         MemoryError(G);
     }
 }
@@ -88,16 +114,10 @@ void AddMacro(const char *name, int line, Globals *G) {
 void ForgetMacros(int keep, Globals *G) {
     while (G->macro_list.count > keep) {
         LlistNode *last = G->macro_list.tail;
-        UnindexName(&G->macro_index_by_name, last->data);
-        LlistRemoveNodeInList(&G->macro_list, last, NameDataFree);
-    }
-}
-
-void IndexMacros(Globals *G) {
-    for (NameData *macro : Records<NameData>(G->macro_list)) {
-        if (!IndexName(&G->macro_index_by_name, macro)) {
-            MemoryError(G);
-            return;
+        if (last == G->macro_indexed) {
+            UnindexName(&G->macro_index_by_name, last->data);
+            G->macro_indexed = last->prev;
         }
+        LlistRemoveNodeInList(&G->macro_list, last, NameDataFree);
     }
 }

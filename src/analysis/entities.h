@@ -20,7 +20,7 @@ void RenameClass(NodeData *record, const char *name, Globals *G);
 bool is_macro(const char *word, const Globals *G);
 // Enters a #define of the current file.
 void AddMacro(const char *name, int line, Globals *G);
+// Tells of a macro that is_macro won't find, as memory was out.
+void TellLostMacros(Globals *G);
 // Takes the macros back that were entered last, down to a number of them.
 void ForgetMacros(int keep, Globals *G);
-// Enters the words that macro_list holds: called once, when the macro file has been read.
-void IndexMacros(Globals *G);

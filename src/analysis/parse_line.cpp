@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <climits>
 
+#include "analysis/entities.h"
 #include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
 #include "analysis/line_code.h"
@@ -191,6 +192,7 @@ void EndSource(Globals *G) {
     G->file_white = WhiteSpace(end, G);
     SettleTabs(end, G);
     G->source = nullptr;
+    TellLostMacros(G);
 }
 
 void BeginSource(SourceReader *reader, Globals *G) {

@@ -211,6 +211,7 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     if (reader->use == MaskUse::kCode) { // only the text of a line counts
         const size_t counted = piece == Piece::kLine ? length : 0;
         LeaveOutWhite(reader, text + counted, bytes - counted);
+        CountWhiteUpTo(reader, reader->begin); // no line feed may end it, and its last byte makes room for the next line's NUL
     }
     return piece;
 }

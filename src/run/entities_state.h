@@ -9,5 +9,9 @@ struct EntityLists {
     Llist class_list;     // NodeData: classes and structs
     Llist interface_list; // NodeData: interfaces
     Llist namespace_list; // NodeData: namespaces and packages
-    NameIndex class_index_by_name, interface_index_by_name, namespace_index_by_name, macro_index_by_name;
+    NameIndex class_index_by_name, interface_index_by_name, namespace_index_by_name;
+    // Of macro_list up to macro_indexed, null for none of it; the rest is entered when a word is looked for.
+    mutable NameIndex macro_index_by_name;
+    mutable const LlistNode *macro_indexed;
+    mutable int macros_lost; // memory was out for one of them: told at the end of the source
 };

@@ -13,8 +13,6 @@ struct FileLists {
     Llist header_file_list;
     Llist dir_metrics_list; // NodeData: the directories of a -F list with their sums
     Llist macro_list;       // NameData: words that the recognisers treat as noise
-    const LlistNode
-        *macros_unknown;    // the first file whose macros aren't in macro_list, once one was looked for; null for the first
     int lines_only;         // the report holds nothing but lines
     FILE *file_list_stream; // the open list of -F
     int progress_count;     // files a walk has listed since its latest progress line

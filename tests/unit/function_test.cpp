@@ -54,6 +54,7 @@ TEST_CASE("the name in front of a parenthesis") {
         {kCpp, "B<T> A<T, U> ::operator+$(const A&)\n", "A<T,U>::operator+"},
         {kCpp, "void *operator /* c */ new []$(size_t n)\n", "operator new[]"},
         {kCs, "void IFoo.Bar$(int x)\n", "IFoo.Bar"},       {kCs, "a[0]b$(x)\n", nullptr},
+        {kC, "X *y->z*w->f$(int a)\n", "w->f"}, // a ">" without "<" brings more words
     };
     // clang-format on
     for (const auto &c : cases) {

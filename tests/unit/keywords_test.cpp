@@ -78,6 +78,7 @@ TEST_CASE("a word is a keyword by what stands around it") {
         {kC, "throw; operatornum = operator1", "#24"},
         {kC, "template\t<", ""},
         {kC, "static_cast<int>(a)", "#24"},
+        {kC, "reinterpret_call <int>(a); continuf ;", ""}, // all of a word counts, not its head
         {kCpp, "throw 1; mutable int a; operator+", ""},
         {kCpp, "new T; {new(T);(new T)", "new_count:2"},
         {kCpp, "=new(T) delete[] p; delete p;} new", "new_count:2 delete_count:2 new_flag"},

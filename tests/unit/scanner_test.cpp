@@ -80,6 +80,9 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     CHECK(tabs.G->notice_cnt[30] == 1);
     tabs.Feed("\"a\tb\"\tc\n");
     CHECK(tabs.G->notice_cnt[30] == 2);
+    Bench others; // what is no line, or no longer one, has no white space
+    CHECK(others.Feed("a b" + std::string("\0 c \t\n", 6) + std::string(2500, ' ') + "x\n \n\x01  ") == "L!LB");
+    CHECK(others.G->file_white == 1 + (2500 - kMaxPiece) + 1);
 }
 
 TEST_CASE("lines across the borders of blocks") {
@@ -87,7 +90,19 @@ TEST_CASE("lines across the borders of blocks") {
     for (int i = 0; i < 40000; ++i) {
         big += std::string(i % 37, ' ') + "x;\n";
     }
-    CHECK(Bench().Feed(big) == std::string(40000, 'G'));
+    const Bench bench;
+    CHECK(bench.Feed(big) == std::string(40000, 'G'));
+    CHECK(bench.G->file_white == std::count(big.begin(), big.end(), ' '));
+
+    // a name is the last line of a block, its "(" the first character of the next one
+    std::string heads;
+    while (heads.size() < 3 * SourceReader::kBlock) {
+        heads += "int f\n(int a)\n{\n}\n";
+        heads += std::string(SourceReader::kBlock - (heads.size() + 6) % SourceReader::kBlock, '\n');
+    }
+    const Bench functions;
+    functions.Feed(heads);
+    CHECK(functions.Functions() == "f(int a) l2\nf(int a) l2\nf(int a) l2\nf(int a) l2\n");
 }
 
 TEST_CASE("behind a file exactly its own state is gone") {

@@ -111,7 +111,6 @@ void LoadSettings(int argc, char **argv, bool config_home, Globals *G) {
     AddBuiltInLanguages(G);
     buildExtensions(G);
     G->macro_count = LoadMacros(G); // they count in the first file, as its own do
-    IndexMacros(G);
 }
 
 // The rules that the switch names, or all of them where the setting is on.
