@@ -8,9 +8,9 @@ struct Globals;
 
 // Reads the environment into G.
 void LoadEnv(Globals *G);
-// Behind LoadEnv, in a program that isn't a directory's own but a machine's: where the environment gave no home, TLYHOME becomes the
-// user's "$XDG_CONFIG_HOME/tly" (else "$HOME/.config/tly"), which is made. Where there is no such place, or nothing can be written
-// there, stderr is told, and the run goes on without.
+// Behind LoadEnv, in a program that isn't a directory's own but a machine's: where the environment gave no home, TLYHOME becomes
+// the user's "$XDG_CONFIG_HOME/tly" (else "$HOME/.config/tly"), which is made. Where there is no such place, or nothing can be
+// written there, stderr is told, and the run goes on without.
 void UseConfigHome(Globals *G);
 // Works out PROGPATH from argv[0], and TLYHOME where the environment gave none.
 void SetProgramPath(Globals *G);
