@@ -17,6 +17,6 @@ make_root bookworm
 step "clone"
 git clone --quiet --no-local . "$root/root/tly"
 run root /root/tly "${commands[0]}"
-run root /root/tly 'cmake -B b >/dev/null && cmake --build b >/dev/null && b/tly -hs >/dev/null && rm -r b' # with what the first command installed
+run root /root/tly 'cmake -B b >/dev/null && cmake --build b --target tly >/dev/null && b/tly -hs >/dev/null && rm -r b' # with what the first command installed
 run root /root/tly "${commands[1]}"
 step "the README's commands pass on a fresh machine"
