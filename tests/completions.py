@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """completions.py SHELL: types command lines into bash, zsh or fish, with the tab key at their ends, and looks at the arguments that a
-program of that name then gets. Ends with 77 where there is no such shell."""
+program of that name then gets. Ends with 77 where there is no such shell, or no terminal to type into."""
 import os, pathlib, pty, select, shutil, subprocess, sys, tempfile
 
 SHARE = pathlib.Path(__file__).resolve().parents[1] / "share/completions"
@@ -51,7 +51,11 @@ class Session:
 
     def __init__(self, shell, where):
         self.shell = shell
-        self.pid, self.terminal = pty.fork()
+        try:
+            self.pid, self.terminal = pty.fork()
+        except OSError as error: # a root without /dev/pts
+            print(error)
+            sys.exit(77)
         if self.pid == 0:
             os.chdir(where)
             environment = {"PATH": os.environ["PATH"], "TERM": "dumb", "HOME": where, "LC_ALL": "C.UTF-8"}
