@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Shows that the package works where nothing else is: makes a clean Debian root, lets apt install build/package/tly_*.deb there
-# (scripts/package.sh makes it), and measures this project as a user. Then the commands of docs/questions.md have to print what stands
+# (scripts/package.sh makes it), and measures this project as a user. Then the commands of README.md and docs/questions.md have to print what stands
 # there, and the static file has to answer in a root that is empty but for it. Ends with a status other than 0 at the first thing that
 # fails. fresh_package.sh trixie takes another release of Debian than 12; --keep as a second argument leaves the root where it is.
 set -euo pipefail
@@ -37,7 +37,7 @@ run user '~/tree' 'sed -i "s/^\(Quality Notice 16 *:\).*/\1 No/" ~/.config/tly/t
 run user '~/tree' 'for page in docs/*.[1-8]; do man "$(basename "${page%.*}")" | grep -m 1 NAME || exit 1; done'
 run user /usr/share 'ls {bash-completion/completions/,zsh/vendor-completions/_}{tly,tly-report} fish/vendor_completions.d/{tly,tly-report}.fish &&
     . bash-completion/completions/tly && complete -p tly'
-run user '~/tree' 'python3 tests/docs/commands.py --tly /usr/bin/tly docs/questions.md'
+run user '~/tree' 'python3 tests/docs/commands.py --tly /usr/bin/tly README.md docs/questions.md'
 
 # Both programs of the static file, in a root with no library and no /proc, print what the installed ones do.
 step "the static file alone"
