@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Shows that the package works where nothing else is: makes a clean Debian root, lets apt install build/package/tly_*.deb there
-# (scripts/package.sh makes it), and measures this project as a user. Then the commands of README.md and docs/questions.md have to print what stands
-# there, and the static file has to answer in a root that is empty but for it. Ends with a status other than 0 at the first thing that
-# fails. fresh_package.sh trixie takes another release of Debian than 12; --keep as a second argument leaves the root where it is.
+# (scripts/package.sh makes it), and measures this project as a user. Then the commands of README.md and docs/questions.md have to
+# print what stands there, and the static file has to answer in a root that is empty but for it. Ends with a status other than 0 at
+# the first thing that fails. fresh_package.sh trixie takes another release of Debian than 12; --keep as a second argument leaves the
+# root where it is.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
