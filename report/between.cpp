@@ -9,14 +9,10 @@
 #include "page.h"
 #include "run.h"
 #include "scratch.h"
+#include "tell.h"
 #include "text_lines.h"
 
 namespace {
-
-bool Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return false;
-}
 
 bool IsBlank(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');

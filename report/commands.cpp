@@ -16,16 +16,12 @@
 #include "rules.h"
 #include "run.h"
 #include "since.h"
+#include "tell.h"
 #include "top.h"
 #include "trend.h"
 #include "write_json.h"
 
 namespace {
-
-bool Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return false;
-}
 
 // What every report begins with. Remarks go to stderr. Sources are read for fingerprints only.
 bool Load(const Options &options, bool fingerprints, Model &m) {

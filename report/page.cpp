@@ -9,13 +9,9 @@
 
 #include "output.h"
 #include "read_project.h"
+#include "tell.h"
 
 namespace {
-
-int Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return kBad;
-}
 
 // Remarks go to stderr.
 bool Load(const std::vector<std::string> &inputs, const Options &options, Model &m) {

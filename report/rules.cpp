@@ -2,6 +2,7 @@
 
 #include "output.h"
 #include "rule_file.h"
+#include "tell.h"
 #include "text_lines.h"
 
 namespace {
@@ -27,7 +28,7 @@ int RunRules(const Options &options) {
     RuleCheck check;
     std::string error;
     if (!CheckRules(options.inputs, check, error)) {
-        fprintf(stderr, "tly-report: %s\n", error.c_str());
+        Tell(error);
         return kBad;
     }
     if (check.untried) {

@@ -21,6 +21,7 @@
 #include "process.h"
 #include "read_xml.h"
 #include "sources.h"
+#include "tell.h"
 #include "xml_text.h"
 
 namespace {
@@ -55,11 +56,6 @@ struct Run {
     std::string settings{}; // the directory that holds tly.cfg, with "/"
     std::vector<Job> jobs{};
 };
-
-int Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return kBad;
-}
 
 // --tly; else the one beside this program; else the one on the PATH. Absolute, so that tly finds the settings beside it.
 std::string FindTly(const std::string &given) {
@@ -243,20 +239,20 @@ int AddJobs(Run &run, const std::vector<SourceFile> &files) {
     if (odd != files.end()) {
         return AddArgumentJob(run, files)
                    ? kFine
-                   : Tell(odd->shown + ": no list of tly's can hold this name, and there are too many "
-                                       "sources to name them all. Rename it, or measure its directory alone.");
+                   : Refuse(odd->shown + ": no list of tly's can hold this name, and there are too many "
+                                         "sources to name them all. Rename it, or measure its directory alone.");
     }
     const bool written = run.options.jobs > 1 && files.size() > 1 ? AddSlices(run, files) : AddListJob(run, nullptr, files);
-    return written ? kFine : Tell(run.place + ": a list can't be written here: " + strerror(errno));
+    return written ? kFine : Refuse(run.place + ": a list can't be written here: " + strerror(errno));
 }
 
 int CheckEnd(const Job &job, int status) {
     struct stat output;
     if (WIFSIGNALED(status)) {
-        return Tell("tly was ended by signal " + std::to_string(WTERMSIG(status)) + " on " + job.what + ". Nothing was written.");
+        return Refuse("tly was ended by signal " + std::to_string(WTERMSIG(status)) + " on " + job.what + ". Nothing was written.");
     }
     if (stat(job.output.c_str(), &output) != 0 || output.st_size == 0) {
-        return Tell("tly wrote nothing for " + job.what + ". Is this a tly: " + job.arguments[0] + "?");
+        return Refuse("tly wrote nothing for " + job.what + ". Is this a tly: " + job.arguments[0] + "?");
     }
     return kFine;
 }
@@ -272,7 +268,7 @@ int RunJobs(Run &run) {
             processes.push_back(Start(job.arguments, job.variables, job.output, job.directory));
             if (processes.back() < 0) {
                 processes.back() = 0;
-                result = Tell(run.tly + " can't be started: " + strerror(errno));
+                result = Refuse(run.tly + " can't be started: " + strerror(errno));
             } else {
                 ++running;
             }
@@ -287,7 +283,7 @@ int RunJobs(Run &run) {
             const int end = stopped ? kBad : CheckEnd(run.jobs[static_cast<size_t>(found - processes.begin())], status);
             result = std::max(result, end);
         } else if (ended < 0 && errno != EINTR) {
-            return Tell(std::string("a tly got lost: ") + strerror(errno));
+            return Refuse(std::string("a tly got lost: ") + strerror(errno));
         }
         for (const pid_t process : processes) {
             if (stopped && process > 0) {
@@ -359,7 +355,7 @@ int Measure(Run &run) {
     Sources sources;
     std::string error;
     if (!FindSources(run.options.paths, CurrentDirectory(), sources, error)) {
-        return Tell(error);
+        return Refuse(error);
     }
     for (const std::string &remark : sources.remarks) {
         Tell(remark);
@@ -373,13 +369,13 @@ int Measure(Run &run) {
 int InRun(const Options &options, const std::vector<std::string> &switches, const std::function<int(Run &run)> &work) {
     Run run{options, switches, FindTly(options.tly), ""};
     if (run.tly.empty()) {
-        return Tell(options.tly.empty() ? "tly isn't beside tly-report, nor on the PATH. Say where it is: --tly PATH"
-                                        : options.tly + ": no program is here.");
+        return Refuse(options.tly.empty() ? "tly isn't beside tly-report, nor on the PATH. Say where it is: --tly PATH"
+                                          : options.tly + ": no program is here.");
     }
     const char *parent = getenv("TMPDIR");
     std::string place = std::string(parent && *parent ? parent : "/tmp") + "/tly-report.XXXXXX";
     if (!mkdtemp(place.data())) {
-        return Tell(place + " can't be made: " + strerror(errno));
+        return Refuse(place + " can't be made: " + strerror(errno));
     }
     run.place = place + "/";
     struct sigaction action {};
@@ -419,7 +415,7 @@ int MakeBaseline(const Options &options, const std::string &root, const std::str
             Tell(std::to_string(odd) + " of the sources can't stand in a list of tly's by name: not compared line by line.");
         }
         if (!AddListJob(run, nullptr, sources.files)) {
-            return Tell(run.place + ": a list can't be written here: " + strerror(errno));
+            return Refuse(run.place + ": a list can't be written here: " + strerror(errno));
         }
         run.jobs.back().directory = place;
         return RunJobs(run);
@@ -436,6 +432,6 @@ int CompareBaselines(const Options &options, const std::string &place, const cha
         job.variables.push_back("TLYCFGHOME=" + home);
         run.jobs.push_back(std::move(job));
         return WriteOwnSettings(run, home, kExactly) ? RunJobs(run)
-                                                     : Tell(home + ": settings can't be written here: " + strerror(errno));
+                                                     : Refuse(home + ": settings can't be written here: " + strerror(errno));
     });
 }

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "options.h"
+#include "tell.h"
 
 namespace {
 
@@ -22,11 +23,6 @@ volatile sig_atomic_t worker;  // the process, and its group
 void OnStop(int signal) {
     stopped = signal;
     kill(-worker, SIGTERM);
-}
-
-int Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return kBad;
 }
 
 void Handle(void (*handler)(int)) {
@@ -56,7 +52,7 @@ int Wait(pid_t process) {
     kill(-process, SIGKILL); // what it started and didn't wait for
     return WIFEXITED(status) ? WEXITSTATUS(status)
            : stopped         ? kBad
-                             : Tell("the work was ended by signal " + std::to_string(WTERMSIG(status)) + ".");
+                             : Refuse("the work was ended by signal " + std::to_string(WTERMSIG(status)) + ".");
 }
 
 // With the place's true name: programs that look upwards from it see that.
@@ -100,7 +96,7 @@ int InScratch(const std::function<int(const std::string &place)> &work) {
     if (process > 0) {
         result = Wait(process);
     } else if (!place.empty()) {
-        result = Tell(std::string("no process can be started: ") + strerror(errno));
+        result = Refuse(std::string("no process can be started: ") + strerror(errno));
     }
     std::error_code ignored;
     std::filesystem::remove_all(place, ignored);

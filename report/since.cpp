@@ -12,6 +12,7 @@
 #include "revisions.h"
 #include "run.h"
 #include "scratch.h"
+#include "tell.h"
 #include "text_lines.h"
 
 namespace {
@@ -22,11 +23,6 @@ struct Sides {
     std::string top;                 // of the work tree, with "/"
     std::vector<std::string> within; // options.paths below the top
 };
-
-bool Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return false;
-}
 
 bool Git(const std::string &directory, std::vector<std::string> arguments, std::string &output) {
     arguments.insert(arguments.begin(), {"git", "-C", directory});

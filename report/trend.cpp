@@ -10,14 +10,10 @@
 #include "output.h"
 #include "page.h"
 #include "scratch.h"
+#include "tell.h"
 #include "text_lines.h"
 
 namespace {
-
-bool Tell(const std::string &what) {
-    fprintf(stderr, "tly-report: %s\n", what.c_str());
-    return false;
-}
 
 struct Trend {
     const Options &options;
