@@ -40,11 +40,17 @@ void CaptureBases(const Scan &scan, Globals *G) {
     AppendText(G->inherit_line, text);
 }
 
+int TextsAreOpen(const Globals *G) {
+    return G->classname_pending | G->param_capture | G->template_beg_flag | G->inherit_more | G->static_pending |
+           G->local_heading.line;
+}
+
 } // namespace
 
 void BeginBases(const char *text, Globals *G) {
     G->inherit_flag = 1;
     G->inherit_more = 1;
+    G->texts_open = 1;
     CopyText(G->inherit_line, Ltrim(text));
     StripComments(G->inherit_line, 0);
     if (char *brace = strchr(G->inherit_line, '{')) {
@@ -64,6 +70,10 @@ void CaptureParams(const Scan &scan, Globals *G) {
 }
 
 void CaptureTexts(const Scan &scan, Globals *G) {
+    if (!TextsAreOpen(G)) {
+        G->texts_open = 0;
+        return;
+    }
     if (G->classname_pending && !G->define_flag) {
         GetClassname(scan.line, 0, G);
     }

@@ -224,6 +224,7 @@ void PopNestedClass(Globals *G) {
         const int max = G->class_loc_max_file;
         const int min = G->class_loc_min_file;
         static_cast<ClassBody &>(*G) = G->class_stack[G->class_index - 1];
+        G->texts_open = 1;
         G->class_loc_max_file += max;
         G->class_loc_min_file += min;
     } else { // the body around it wasn't saved; only its own "{" is known to be open

@@ -1,6 +1,7 @@
 // Everything the scanner reacts to in code, on one screen: the handler of every byte.
 //
 // A line of code is a line with a printable ASCII character outside comments, other than "/".
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -76,14 +77,13 @@ void OnAt(Scan &, Globals *G) {
     G->at_flag |= G->is_java;
 }
 
-using Handler = void (*)(Scan &, Globals *);
-using Handlers = std::array<Handler, 128>;
+using Handlers = std::array<Handler *, 128>;
 
 // Files of the other language have comments and literals, and no construct. Where notices print, every tab raises its own in its
 // place; otherwise they are counted behind the line.
 constexpr Handlers kLiteralHandlers = [] {
     Handlers handlers{};
-    for (Handler &handler : handlers) {
+    for (Handler *&handler : handlers) {
         handler = OnNothing;
     }
     handlers['\t'] = OnTab;
@@ -127,7 +127,7 @@ constexpr Handlers kCodeHandlers = [] {
 
 // Something is waited for since an earlier line: the value of an assignment, or the body of an if.
 bool IsWaiting(const Scan &scan, const Globals *G) {
-    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number && !G->is_other;
+    return G->scope_pending_line > 0 && G->scope_pending_line < scan.number;
 }
 
 // Code proper, ahead of which it is looked for.
@@ -143,7 +143,7 @@ uint64_t BitsAt(int place, const Scan &scan, bool waiting) {
 
 // Calls the handlers of what is looked at from begin on, until a comment or a literal opens or the line ends. With waiting it ends
 // too, behind the byte in hand, where nothing is waited for any more. Returns the index where it ended.
-template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers, Globals *G) {
+template <bool waiting> int Walk(Scan &scan, int begin, Globals *G) {
     constexpr int kBytes = kMaskBytes;
     for (;;) {
         const int place = scan.origin + begin;
@@ -168,7 +168,7 @@ template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers
             if (waiting && IsProper(c)) {
                 CheckPending(scan, G);
             }
-            handlers[static_cast<unsigned char>(c)](scan, G);
+            scan.handlers[static_cast<unsigned char>(c)](scan, G);
             if (waiting && !scan.moved && !IsWaiting(scan, G)) {
                 return index + 1;
             }
@@ -184,34 +184,38 @@ template <bool waiting> int Walk(Scan &scan, int begin, const Handlers &handlers
     }
 }
 
-// Code from begin up to end makes the line a line of code.
-bool HoldsCode(const char *line, int begin, int end) {
-    while (begin < end && (line[begin] <= ' ' || line[begin] == '/')) {
-        ++begin;
-    }
-    return begin < end;
+bool MakesCode(char c) {
+    return c > ' ' && c != '/';
 }
 
-bool IsInCode(const Globals *G) {
-    return !(G->c_comment | G->cpp_comment | G->string_flag | G->char_flag);
+// Code from begin up to end makes the line a line of code: mostly its first character does.
+bool HoldsCode(const char *line, int begin, int end) {
+    return begin < end && (MakesCode(line[begin]) || std::any_of(line + begin + 1, line + end, MakesCode));
 }
 
 } // namespace
 
+Handler *const *HandlersFor(const Globals *G) {
+    return (G->is_other ? kLiteralHandlers : kCodeHandlers).data();
+}
+
 void ScanCode(Scan &scan, Globals *G) {
-    const Handlers &handlers = G->is_other ? kLiteralHandlers : kCodeHandlers;
     const int begin = scan.index;
     scan.head_mark = begin;
     int stop = begin;
+    bool in_code = true;
     if (IsWaiting(scan, G)) {
-        stop = Walk<true>(scan, begin, handlers, G);
+        stop = Walk<true>(scan, begin, G);
+        in_code = stop < scan.length && IsInCode(*G);
     }
-    if (stop < scan.length && IsInCode(G) && !scan.aborted) {
-        stop = Walk<false>(scan, stop, handlers, G);
+    if (in_code) {
+        stop = Walk<false>(scan, stop, G);
     }
     if ((G->reading & kBraces) && G->function_scope == 0 && !G->is_other) {
         TakeCode(scan, G->string_flag | G->char_flag ? scan.index + 1 : stop, G);
     }
-    scan.is_loc = scan.is_loc || HoldsCode(scan.line, begin, stop);
+    if (!scan.is_loc) {
+        scan.is_loc = HoldsCode(scan.line, begin, stop);
+    }
     scan.index = stop;
 }

@@ -117,9 +117,6 @@ bool HasLoneParen(const CountedLine &line, const Globals *G) {
 }
 
 void CountLine(CountedLine &line, Globals *G) {
-    if (!G->continuation) {
-        G->quote_count = 0;
-    }
     line.c_comment_line = G->c_comment;
     line.first_nonblank = Next(line, &ByteMasks::visible, 0);
     line.index = line.first_nonblank;
@@ -144,7 +141,7 @@ bool CountAll(SourceReader *reader, Globals *G) {
         CountedLine line{};
         line.line = source.text;
         line.number = G->file_line_no;
-        line.length = LengthWithoutLineEnd(source.text, source.length);
+        line.length = source.length;
         line.masks = source.masks;
         line.origin = source.origin;
         CountLine(line, G);

@@ -71,31 +71,35 @@ void WalkLiteral(Scan &scan, int begin, Globals *G) {
     }
 }
 
+void WalkSpan(Scan &scan, Globals *G) {
+    const int begin = scan.index;
+    const int in_string = G->string_flag && !G->c_comment && !G->cpp_comment;
+    if (G->c_comment) {
+        ScanBlockComment(scan, G);
+        if (scan.kinds) {
+            NoteComment(scan, begin, G);
+        }
+    } else if (G->cpp_comment) {
+        scan.index = scan.length;
+        if (scan.kinds) {
+            NoteComment(scan, begin, G);
+        }
+    } else {
+        WalkLiteral(scan, begin, G);
+    }
+    if (scan.notices_print && !in_string) {
+        RaiseTabs(scan, begin, G);
+    }
+    scan.index += scan.index < scan.length; // the closing character; the "/" of a "*/" is looked at as code
+}
+
 void WalkLine(Scan &scan, Globals *G) {
-    while (scan.index < scan.length && !scan.aborted) {
-        const int begin = scan.index;
-        const int in_string = G->string_flag && !G->c_comment && !G->cpp_comment;
-        if (!(G->c_comment | G->cpp_comment | G->string_flag | G->char_flag)) {
+    while (scan.index < scan.length) {
+        if (IsInCode(*G)) {
             ScanCode(scan, G);
-            continue;
-        }
-        if (G->c_comment) {
-            ScanBlockComment(scan, G);
-            if (scan.kinds) {
-                NoteComment(scan, begin, G);
-            }
-        } else if (G->cpp_comment) {
-            scan.index = scan.length;
-            if (scan.kinds) {
-                NoteComment(scan, begin, G);
-            }
         } else {
-            WalkLiteral(scan, begin, G);
+            WalkSpan(scan, G);
         }
-        if (scan.notices_print && !in_string) {
-            RaiseTabs(scan, begin, G);
-        }
-        scan.index += scan.index < scan.length; // the closing character; the "/" of a "*/" is looked at as code
     }
 }
 
@@ -137,14 +141,13 @@ void CountLine(const Scan &scan, int has_comment, Globals *G) {
     }
 }
 
+void LookForKey(const char *line, Globals *G) {
+    G->key_string_found = strstr(line, G->key_string) != nullptr;
+    G->line_wants &= G->key_string_found ? ~kWantsKey : ~0U;
+}
+
 // What the head of a line looks at, ahead of its characters.
 void BeginLine(const Scan &scan, Globals *G) {
-    if (!G->continuation) {
-        G->quote_count = 0;
-    }
-    if (G->key_string_set && !G->key_string_found) {
-        G->key_string_found = strstr(scan.line, G->key_string) != nullptr;
-    }
     if (G->function_scope < 0) {
         G->function_scope = 0;
     }
@@ -152,8 +155,7 @@ void BeginLine(const Scan &scan, Globals *G) {
     if (scan.length > G->max_line_length) {
         EmitLineLengthNotice(scan.length, G);
     }
-    if (G->classname_pending | G->param_capture | G->template_beg_flag | G->inherit_more | G->static_pending |
-        G->local_heading.line) {
+    if (G->texts_open) {
         CaptureTexts(scan, G);
     }
 }
@@ -179,6 +181,9 @@ int WhiteSoFar(const Globals *G) {
     return G->scan ? WhiteSpace(G->scan->line + G->scan->index, G) : G->file_white;
 }
 
+namespace {
+
+// Counts the notices for tabs up to a line, if they don't print. Ahead of one where a region without notices may begin or end.
 void SettleTabs(const char *text, Globals *G) {
     if (!(G->line_wants & kWantsNotices)) {
         const int64_t tabs = WhiteUpTo(G->source, text).tabs - G->quiet_tabs;
@@ -187,47 +192,53 @@ void SettleTabs(const char *text, Globals *G) {
     }
 }
 
-void EndSource(Globals *G) {
+// Settles what is wanted of every line. The settings don't change on the way.
+void BeginSource(SourceReader *reader, Scan *scan, Globals *G) {
+    G->source = reader;
+    G->scan = scan;
+    G->quiet_tabs = 0;
+    const bool split = G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G);
+    const bool after = G->determine_source | G->work_deterministic | (G->record_line != nullptr) | (G->udqn_list.count > 0);
+    const bool tabs = TabNoticesArePrinted(G);
+    const bool key = G->key_string_set && !G->key_string_found;
+    G->line_wants = split * kWantsSplit + after * kWantsLook + tabs * kWantsNotices + key * kWantsKey;
+    scan->masks = reader->masks;
+    scan->handlers = HandlersFor(G);
+    scan->kinds = split ? G->line_kinds : nullptr;
+    scan->notices_print = tabs;
+}
+
+// Settles the file's white space and its tabs. text is what stands behind the last line.
+void EndSource(const char *text, Globals *G) {
     const char *end = G->source->Block() + G->source->begin;
     G->file_white = WhiteSpace(end, G);
     SettleTabs(end, G);
+    G->line_text = text;
     G->source = nullptr;
+    G->scan = nullptr;
     TellLostMacros(G);
 }
 
-void BeginSource(SourceReader *reader, Globals *G) {
-    G->source = reader;
-    G->quiet_tabs = 0;
-    const bool split = G->debug | G->extract_strings | G->extract_comments || udqn_needs_split(G);
-    const bool after = G->determine_source | G->work_deterministic | G->recording_lines | (G->udqn_list.count > 0);
-    G->line_wants = split * kWantsSplit + after * kWantsLook + TabNoticesArePrinted(G) * kWantsNotices;
-}
-
-namespace {
-
 // Index of the first byte above 32, or the length of the line.
-int FirstVisible(const SourceLine &line, int length) {
+int FirstVisible(const SourceLine &line) {
     const size_t origin = static_cast<size_t>(line.origin);
     if (const uint64_t bits = line.masks[origin / kMaskBytes].visible >> origin % kMaskBytes) {
-        return std::min(std::countr_zero(bits), length);
+        return std::min(std::countr_zero(bits), line.length);
     }
-    return NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + length) - line.origin;
+    return NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + line.length) - line.origin;
 }
 
 // Field by field: most of them are set anyway.
-void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G) {
-    scan.masks = line.masks;
+void BeginScan(Scan &scan, const SourceLine &line, const Globals *G) {
     scan.line = line.text;
-    scan.kinds = nullptr;
     scan.origin = line.origin;
-    scan.number = number;
-    scan.length = LengthWithoutLineEnd(line.text, line.length);
+    scan.number = G->file_line_no;
+    scan.length = line.length;
     // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
-    scan.first_nonblank = FirstVisible(line, scan.length);
+    scan.first_nonblank = FirstVisible(line);
     scan.index = scan.first_nonblank;
     scan.blank = scan.first_nonblank == scan.length;
     scan.c_comment_line = G->c_comment;
-    scan.notices_print = G->line_wants & kWantsNotices;
     scan.head_mark = 0;
     scan.is_loc = 0;
     scan.non_effective = 0;
@@ -236,13 +247,44 @@ void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G)
     scan.moved = 0;
 }
 
-[[gnu::cold]] void BeginSplit(std::span<char> kinds, Globals *G) {
-    memset(kinds.data(), kCodeSpan, kinds.size());
-    if (!G->continuation) {
-        ForgetExtracted(G);
+// What few runs want, at the head of a line.
+[[gnu::cold]] void BeginWanted(Scan &scan, Globals *G) {
+    if (G->line_wants & kWantsKey) {
+        LookForKey(scan.line, G);
+    }
+    if (G->line_wants & kWantsSplit) {
+        memset(G->line_kinds, kCodeSpan, sizeof G->line_kinds);
+        if (!G->continuation) {
+            ForgetExtracted(G);
+        }
+    }
+    if (G->line_wants & (kWantsSplit | kWantsNotices)) {
+        scan.index = 0;
     }
 }
 
+// Whoever wants to look at the line once it is scanned.
+[[gnu::cold]] void LookAtLine(const Scan &scan, int line_has_c_comment, Globals *G) {
+    const int has_comment = line_has_c_comment | G->cpp_comment;
+    if (G->determine_source || G->work_deterministic) {
+        ReportLine(scan, line_has_c_comment, G);
+    }
+    if (scan.kinds) {
+        SplitLine(scan, G);
+    }
+    if (G->line_wants & kWantsLook) {
+        G->line_text = scan.line;
+        udqn_process(scan.line, 0, G);
+    }
+    if (scan.kinds && G->extract_comments && has_comment) {
+        ShowExtractedComment(scan.number, G);
+    }
+    if (const char letter = G->record_line ? LineLetter(scan, has_comment, G) : '\0') {
+        G->record_line(letter, scan.line, G);
+    }
+}
+
+// At the end of a file the rules see no line.
 [[gnu::cold]] void EndSplit(const Scan &scan, Globals *G) {
     if (G->debug) {
         ShowSplitLine(scan, G);
@@ -250,24 +292,6 @@ void BeginScan(Scan &scan, const SourceLine &line, int number, const Globals *G)
     ClearText(G->line_code);
     ClearText(G->line_string);
     ClearText(G->line_comment);
-}
-
-// Whoever wants to look at the line once it is scanned.
-void LookAtLine(const Scan &scan, int line_has_c_comment, Globals *G) {
-    const int has_comment = line_has_c_comment | G->cpp_comment;
-    if (G->determine_source || G->work_deterministic) {
-        ReportLine(scan, line_has_c_comment, G);
-    }
-    G->line_letter = G->recording_lines ? LineLetter(scan, has_comment, G) : '\0';
-    if (scan.kinds) {
-        SplitLine(scan, G);
-    }
-    if (G->line_wants & kWantsLook) {
-        udqn_process(scan.line, 0, G);
-    }
-    if (scan.kinds && G->extract_comments && has_comment) {
-        ShowExtractedComment(scan.number, G);
-    }
 }
 
 // What goes on from line to line behind a backslash, and what ends here.
@@ -284,35 +308,28 @@ void EndLine(const Scan &scan, Globals *G) {
     EndSpans(G);
 }
 
-} // namespace
+// A record couldn't be made: the line counts for nothing more.
+[[gnu::cold]] void GiveUpLine(const SourceLine &line, Globals *G) {
+    LeaveOutWhite(G->source, line.text, line.bytes);
+    G->quote_count = G->continuation ? G->quote_count : 0;
+}
 
-void ParseLine(const SourceLine &line, int line_number, Globals *G) {
-    char kinds[sizeof(LineText)];
-    Scan scan;
-    BeginScan(scan, line, line_number, G);
-    if (G->line_wants & kWantsSplit) {
-        scan.kinds = kinds;
-        BeginSplit(kinds, G);
-    }
-    G->scan = &scan;
+void ParseLine(Scan &scan, const SourceLine &line, Globals *G) {
+    BeginScan(scan, line, G);
     BeginLine(scan, G);
-    if (G->line_wants & (kWantsSplit | kWantsNotices)) {
-        scan.index = 0;
+    if (G->line_wants) {
+        BeginWanted(scan, G);
     }
     if (G->string_flag) {
         G->quiet_tabs += CountWhite(scan.line, scan.index).tabs; // the indent of a string's next line
     }
     WalkLine(scan, G);
-    G->scan = nullptr;
     if (scan.aborted) {
-        LeaveOutWhite(G->source, line.text, line.length);
-        G->line_letter = '\0';
+        GiveUpLine(line, G);
         return;
     }
-
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
-    const int has_comment = line_has_c_comment | G->cpp_comment;
-    CountLine(scan, has_comment, G);
+    CountLine(scan, line_has_c_comment | G->cpp_comment, G);
     if (G->line_wants) {
         LookAtLine(scan, line_has_c_comment, G);
     }
@@ -320,8 +337,67 @@ void ParseLine(const SourceLine &line, int line_number, Globals *G) {
         KeepLine(G->source, line);
     }
     EndLine(scan, G);
-    if (scan.kinds) { // at the end of a file the rules see no line
+    if (scan.kinds) {
         EndSplit(scan, G);
     }
     G->at_flag = 0;
+}
+
+bool Holds(const char *line, const char *token) {
+    return *token && strstr(line, token);
+}
+
+// Follows the skip tokens, which are searched in the raw line, in comments and strings too; only the first that matches counts.
+// True if the line is to be skipped: the line of the end token still is.
+bool FollowSkipTokens(const char *line, Globals *G) {
+    if (Holds(line, G->skip_start_token)) {
+        G->skip_lines_active = 1;
+        NoticeAtLine(kNoticeSkipLines, G);
+    } else if (Holds(line, G->skip_end_token)) {
+        G->skip_lines_active = 0;
+        return true;
+    } else if (Holds(line, G->quality_skip_start_token)) {
+        G->skip_quality_active = 0; // this notice isn't held back by a region that is open already
+        NoticeAtLine(kNoticeSkipNotices, G);
+        G->skip_quality_active = 1;
+    } else if (Holds(line, G->quality_skip_end_token)) {
+        G->skip_quality_active = 0;
+    }
+    return G->skip_lines_active;
+}
+
+// Whether a line is skipped: then its white space isn't counted either.
+[[gnu::cold]] bool IsSkipped(const SourceLine &line, Globals *G) {
+    SettleTabs(line.text, G);
+    if (!FollowSkipTokens(line.text, G)) {
+        return false;
+    }
+    LeaveOutWhite(G->source, line.text, line.bytes);
+    ++G->skipped_lines;
+    return true;
+}
+
+} // namespace
+
+void ScanSource(SourceReader *reader, Globals *G) {
+    Scan scan{};
+    BeginSource(reader, &scan, G);
+    for (;;) {
+        SourceLine line;
+        const Piece piece = NextPiece(reader, &line);
+        if (piece == Piece::kLine) {
+            ++G->file_line_no;
+            if (!(G->skip_tokens_active && IsSkipped(line, G))) {
+                ParseLine(scan, line, G);
+            }
+        } else if (piece == Piece::kEnd) {
+            EndSource(line.text, G);
+            return;
+        } else {
+            Message(G,
+                    "\n  Error: Text line %d length greater than %d characters\n"
+                    "         Examine file for proper text file formatting.\n",
+                    G->file_line_no, kMaxPiece + 1);
+        }
+    }
 }

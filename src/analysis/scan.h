@@ -1,35 +1,37 @@
-// The line in hand: what the scanner's handlers are given beside G. It lives as long as one call of ParseLine.
+// The line in hand: what the scanner's handlers are given beside G.
 #pragma once
 
 #include "files/byte_masks.h"
 
 struct Globals;
+struct Scan;
+
+// Does what a character means in code; scan.index stands on it.
+using Handler = void(Scan &scan, Globals *G);
 
 struct Scan {
-    const ByteMasks *masks; // what its bytes are
-    const char *line;       // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
-    char *kinds;            // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
-    int origin;             // of its first byte in the masks
-    int number;             // line number in the file
-    int length;             // characters without the line end
-    int first_nonblank;     // index of the first byte above 32; the length when there is none
-    int index;              // the character in hand; a handler may move it forward
-    int blank;              // no byte above 32 in the line
-    int c_comment_line;     // a /* */ comment covers part of the line
-    int notices_print;      // a tab's notice prints in its place; otherwise it only counts
-    int head_mark;          // from here on the code isn't in the text of the statement yet
-    int is_loc;             // a line of code
-    int non_effective;      // just a brace or just a parenthesis
-    int is_logical;         // a ";" in code
-    int aborted;            // a record couldn't be made: the line isn't scanned to its end
-    int moved;              // the walk through code doesn't go on behind the character that it called a handler for
-    int stop;               // where it ends, with moved; -1 where it goes on behind index
+    // the same for every line of a source
+    const ByteMasks *masks;   // what its bytes are
+    Handler *const *handlers; // by ASCII character
+    char *kinds;              // one SpanKind per character for those who ask for the line's split or its texts; null otherwise
+    int notices_print;        // a tab's notice prints in its place; otherwise it only counts
+    // of the line
+    int origin;         // of its first byte in the masks
+    const char *line;   // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
+    int number;         // line number in the file
+    int length;         // characters without the line end
+    int first_nonblank; // index of the first byte above 32; the length when there is none
+    int index;          // the character in hand; a handler may move it forward
+    int blank;          // no byte above 32 in the line
+    int c_comment_line; // a /* */ comment covers part of the line
+    int head_mark;      // from here on the code isn't in the text of the statement yet
+    int is_loc;         // a line of code
+    int non_effective;  // just a brace or just a parenthesis
+    int is_logical;     // a ";" in code
+    int aborted;        // a record couldn't be made: the line isn't scanned to its end
+    int moved;          // the walk through code doesn't go on behind the character that it called a handler for
+    int stop;           // where it ends, with moved; -1 where it goes on behind index
 };
-
-inline int LengthWithoutLineEnd(const char *line, int bytes) {
-    const int length = bytes - (line[bytes - 1] == '\n'); // an empty line begins behind a NUL
-    return length - (line[length - 1] == '\r');
-}
 
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
 enum SpanKind : char { kCodeSpan, kStringSpan, kCommentSpan, kPassedOver };
@@ -76,6 +78,8 @@ void BeginBases(const char *text, Globals *G);
 // Appends the line in hand to the parameter text of the candidate, if both fit.
 void CaptureParams(const Scan &scan, Globals *G);
 
+// The handlers of the file's language.
+Handler *const *HandlersFor(const Globals *G);
 // Walks the line in code from scan.index until a comment or literal opens or the line ends.
 void ScanCode(Scan &scan, Globals *G);
 

@@ -122,11 +122,14 @@ bool GoesOnBehindBlanks(const Scan &scan, const Globals *G) {
 }
 
 void EndSpans(Globals *G) {
-    G->cpp_comment = 0;
     G->continuation = 0;
-    if (G->reading & kLiterals) {
-        EndLineOfLiteral(G);
-    } else if (G->quote_count % 2 == 0) {
-        G->string_flag = 0;
+    if (!IsInCode(*G)) {
+        G->cpp_comment = 0;
+        if (G->reading & kLiterals) {
+            EndLineOfLiteral(G);
+        } else if (G->quote_count % 2 == 0) {
+            G->string_flag = 0;
+        }
     }
+    G->quote_count = 0;
 }

@@ -287,7 +287,7 @@ void WorkDiffDataFileOpen(Globals *G) {
     WorkDiffDataPathName(G);
     char munged[kMostMunged + 1];
     WorkDiffDataFileName(munged, G);
-    G->recording_lines = 1;
+    G->record_line = [](char letter, const char *text, Globals *g) { WorkDiffDataLineWrite(g->diff_data_file, letter, text, g); };
     LongPath path;
     FormatText(path, "%s/%s.dif", G->diff_beside.beside, munged);
     FitFileName(path);
@@ -301,7 +301,7 @@ void WorkDiffDataFileOpen(Globals *G) {
 }
 
 void WorkDiffDataFileClose(Globals *G) {
-    G->recording_lines = 0;
+    G->record_line = nullptr;
     if (!G->diff_data_file) {
         return;
     }

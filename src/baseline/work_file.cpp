@@ -198,7 +198,7 @@ void WorkLine(FILE *stream, const char *name, long date, const WorkMetrics &metr
 void WriteWorkRecord(const FileData *file, Globals *G) {
     constexpr size_t kNumbers = 12 * 12; // a date may take more digits, the others don't
     const char *name = RecordName(G);
-    const char *diff_name = G->recording_lines ? G->diff_file_rel : "";
+    const char *diff_name = G->record_line ? G->diff_file_rel : "";
     if (strlen(name) + strlen(diff_name) + kNumbers >= sizeof(LineText)) {
         Message(G, "\n  Error: File name too long for the work file: %s\n", name);
         G->baseline_lacking = 1;

@@ -33,6 +33,7 @@ void Begin(SourceReader *reader, MaskUse use) {
     reader->failed = 0;
     reader->begin = 0;
     reader->end = 0;
+    reader->plain = 0;
     reader->cut = 0;
     reader->behind_cut = '\0';
     EndFeeds(reader);
@@ -121,6 +122,7 @@ void Refill(SourceReader *reader) {
     reader->classify(block, reader->end, reader->masks);
     EndFeeds(reader);
     reader->has_nul = memchr(block, '\0', reader->end) != nullptr;
+    reader->plain = reader->has_nul ? 0 : reader->end;
 }
 
 struct RawPiece {
@@ -146,6 +148,11 @@ RawPiece FindPiece(SourceReader *reader) {
         }
         Refill(reader);
     }
+}
+
+int WithoutLineEnd(const char *text, size_t bytes) {
+    const size_t length = bytes - (text[bytes - 1] == '\n'); // an empty line begins behind a NUL
+    return static_cast<int>(length - (text[length - 1] == '\r'));
 }
 
 int LeadingHighBytes(const char *text) {
@@ -204,7 +211,8 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     }
     text[-1] = '\0';
     const size_t length = reader->has_nul ? strlen(text) : bytes;
-    *line = {text, static_cast<int>(length), static_cast<int>(text - reader->Block()), reader->masks};
+    const int origin = static_cast<int>(text - reader->Block());
+    *line = {text, static_cast<int>(length), WithoutLineEnd(text, length), origin, reader->masks};
     const Piece piece = filled                                ? (length < bytes ? Piece::kLine : Piece::kTooLong)
                         : feed || *text == '\t' || *text > 11 ? Piece::kLine
                                                               : Piece::kEnd;

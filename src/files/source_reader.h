@@ -31,6 +31,7 @@ struct SourceReader {
     size_t got;   // bytes read
     size_t begin; // unread bytes of the block: from here
     size_t end;   // up to here
+    size_t plain; // a line feed ahead of here ends a line without a NUL
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
     char behind_cut;
     MaskUse use;                              // what the masks are for
@@ -48,7 +49,8 @@ struct SourceReader {
 // A line in hand, until the next one is asked for. The bytes ahead of it and behind it are NUL.
 struct SourceLine {
     const char *text;       // with its line end, NUL terminated
-    int length;             // of the text
+    int bytes;              // of the text
+    int length;             // of the text without its line end
     int origin;             // of its first byte in the masks
     const ByteMasks *masks; // of the block that it stands in
 };
@@ -64,7 +66,7 @@ int RewindSource(SourceReader *reader, MaskUse use);
 
 // Keeps the line in hand until another one is kept.
 inline void KeepLine(SourceReader *reader, const SourceLine &line) {
-    reader->kept = {line.text, line.length, line.length > 0 ? line.text[line.length - 1] : '\0'};
+    reader->kept = {line.text, line.bytes, line.text[line.bytes - 1]}; // an empty one begins behind a NUL
 }
 // The line kept last, as it stands in the file; empty where none was kept. It stays until another one is kept.
 const char *KeptText(SourceReader *reader);
@@ -102,7 +104,7 @@ inline Piece NextPiece(SourceReader *reader, SourceLine *line) {
         feed = static_cast<size_t>(masks - reader->masks) * kMaskBytes + static_cast<size_t>(std::countr_zero(feeds));
     }
     char *text = block + begin;
-    if (feed >= reader->end || feed - begin >= kMaxPiece || *text < 0 || reader->has_nul) {
+    if (feed >= reader->plain || feed - begin >= kMaxPiece || *text < 0) {
         return NextOddPiece(reader, line);
     }
     const size_t behind = feed + 1;
@@ -111,6 +113,7 @@ inline Piece NextPiece(SourceReader *reader, SourceLine *line) {
     reader->behind_cut = block[behind];
     block[behind] = '\0';
     text[-1] = '\0';
-    *line = {text, static_cast<int>(behind - begin), static_cast<int>(begin), reader->masks};
+    const int length = static_cast<int>(feed - begin);
+    *line = {text, length + 1, length - (text[length - 1] == '\r'), static_cast<int>(begin), reader->masks};
     return Piece::kLine;
 }

@@ -10,6 +10,8 @@
 #include "run/replacement.h"
 #include "run/text.h"
 
+struct Globals;
+
 // The metrics that a baseline keeps of a source file, in the order of the report's columns; the size in bytes has no column.
 enum WorkMetric {
     kWorkLoc,
@@ -41,6 +43,9 @@ struct WorkTotals : WorkMetrics {
 enum LineOperation { kLineMod, kLineEq, kLineRm, kLineOperations }; // added in the newer file, in both, removed from the older one
 enum LineKind { kLineL, kLineN, kLineG, kLineC, kLineB, kLineKinds };
 
+// Takes a line of source and the letter of its type.
+using RecordLine = void(char letter, const char *text, Globals *G);
+
 // The files of a baseline that is being made.
 struct BaselineFiles {
     FILE *work_file;                  // null unless this run makes a baseline
@@ -49,7 +54,7 @@ struct BaselineFiles {
     LineText diff_data_rel_path;      // the same as the work file's records name it: without the work file's own directory
     LineText diff_file_old;           // line records of the current source file
     LineText diff_file_rel;           // the same below diff_data_rel_path
-    int recording_lines;              // the lines of the current source file are recorded
+    RecordLine *record_line;          // takes the lines of the current source file; null where they aren't recorded
     int diff_file_error;              // why its line records can't be written: an errno, 0 while all is well
     int diff_head_shown;              // the heading of -wv
     int baseline_failed;              // not all of the baseline could be written, or memory was out: the earlier one stays

@@ -1,6 +1,7 @@
 // What the line scanner keeps from line to line, and what it counts. The per-file records are cleared behind every file.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 #include "run/records.h"
@@ -64,21 +65,29 @@ inline LineCounts LinesOf(const FileCounters &of) {
             .lines = of.file_line_no};
 }
 
+// What the character in hand is part of: 0 or 1 each, and none in code.
+struct SpanState {
+    char c_comment;   // inside /* */
+    char cpp_comment; // inside //; on the next line only behind a continuation
+    char string_flag; // inside "..."
+    char char_flag;   // inside '...'
+};
+
+inline bool IsInCode(const SpanState &state) {
+    return std::bit_cast<uint32_t>(state) == 0;
+}
+
 // The state of comments, strings and continued lines.
-struct LineState {
-    int c_comment;          // inside /* */
-    int cpp_comment;        // inside //; on the next line only behind a continuation
-    int string_flag;        // inside "..."
-    int char_flag;          // inside '...'
+struct LineState : SpanState {
     int continuation;       // the previous line ended in a backslash
-    int quote_count;        // quotes since the last line that didn't follow a continuation
+    int quote_count;        // quotes of the line, and of those that it goes on from
     int comment_star_index; // index of the character behind the "/" that opened the comment; -1 when none is open
     int comment_start_line;
+    int texts_open;          // a text may go on with the next line: CaptureTexts looks which
     int comment_pending;     // comment lines since the last blank line or the last entity that took them
     int fall_through;        // comment lines that speak of falling through, since the last function end
     int key_string_found;    // the key string of the settings was seen
     int64_t quiet_tabs;      // tabs that raise no notice: those in strings, and those whose notices are counted
-    char line_letter;        // type of the line in hand, while lines are recorded; 0 for one without a record
     int skip_lines_active;   // inside a code skip region
     int skip_quality_active; // inside a quality skip region
 };
@@ -88,6 +97,7 @@ enum LineWants : unsigned {
     kWantsSplit = 1,   // its code, its strings and its comments each for themselves
     kWantsLook = 2,    // someone looks at it when it is scanned: the user's rules, -d, line records
     kWantsNotices = 4, // the notices of tabs print in their places; otherwise they only count
+    kWantsKey = 8,     // the key string is looked for, and not found yet
 };
 
 struct Scan;
@@ -98,7 +108,8 @@ struct LineBuffers {
     unsigned line_wants;   // LineWants, settled at the head of a source
     SourceReader *source;  // of the file in hand; null outside of its lines
     const Scan *scan;      // the line in hand; null between lines
-    const char *line_text; // its text, behind the last line what stands there; null ahead of the first file
+    const char *line_text; // its text for the user's rules, behind the last line what stands there; null ahead of the first file
+    LineText line_kinds;   // a SpanKind for every character, where the split is wanted
     LineText mname;        // name of the macro whose #define was read last
     LineText line_code;    // characters outside comments and strings
     LineText line_string;  // characters of string literals, quotes included

@@ -90,6 +90,8 @@ constexpr int kNone = -1; // no language at all
 
 // A state record at the head of a source, functions and classes wanted, reports as short as they can be.
 struct SourceBench : StateBench {
+    static inline std::string letters;
+
     explicit SourceBench(int language = kCpp) {
         G->file_name = "bench";
         G->tab_width = 2;
@@ -103,7 +105,10 @@ struct SourceBench : StateBench {
     // Behind the source in hand: the next one.
     void Begin(int language) const {
         ResetState(G);
-        G->recording_lines = 1;
+        G->record_line = [](char letter, const char *, Globals *g) {
+            letters.resize(g->file_line_no - 1, '.');
+            letters += letter;
+        };
         G->is_c = language == kC;
         G->is_cpp = language == kCpp;
         G->is_java = language == kJava;
@@ -111,24 +116,14 @@ struct SourceBench : StateBench {
         G->is_other = language == kOther;
     }
 
-    // Scans the text, as a run does a file. Returns one letter per line, that of its type: "." for a line without one, "!" for a
-    // piece that is too long.
+    // Scans the text, as a run does a file. Returns one letter per line, that of its type, "." for a line without one; and
+    // "!" if a piece was too long.
     std::string Feed(const std::string &text) const {
         const TextSource source(text);
-        SourceReader *reader = source.reader.get();
-        std::string letters;
-        BeginSource(reader, G);
-        SourceLine line;
-        for (Piece piece; (piece = NextPiece(reader, &line)) != Piece::kEnd;) {
-            if (piece == Piece::kLine) {
-                ParseLine(line, ++G->file_line_no, G);
-                letters += G->line_letter ? G->line_letter : '.';
-            } else {
-                letters += '!';
-            }
-        }
-        EndSource(G);
-        return letters;
+        letters.clear();
+        const std::string told = Written([&] { ScanSource(source.reader.get(), G); });
+        letters.resize(G->file_line_no, '.');
+        return told.find("greater than") == std::string::npos ? letters : letters + "!";
     }
 
     // One line per function: "f(int a) template<T> l3".

@@ -49,14 +49,7 @@ struct LineWays {
         return all;
     }
     static std::string Scan(SourceReader *reader, Globals *G) {
-        BeginSource(reader, G);
-        SourceLine line;
-        for (Piece piece; (piece = NextPiece(reader, &line)) != Piece::kEnd;) {
-            if (piece == Piece::kLine) {
-                ParseLine(line, ++G->file_line_no, G);
-            }
-        }
-        EndSource(G);
+        ScanSource(reader, G);
         ForgetMacros(0, G);
         return Take(G);
     }

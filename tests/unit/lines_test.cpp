@@ -118,7 +118,7 @@ TEST_CASE("both ways to the lines of a source agree") {
         }
         constexpr int kLanguages[] = {kC, kCpp, kJava, kCs, kOther};
         bench.Begin(kLanguages[random() % std::size(kLanguages)]);
-        bench.G->recording_lines = 0;
+        bench.G->record_line = nullptr;
         bench.G->function_metrics = 0;
         CHECK_MESSAGE(ways.Differ(text.data(), text.size(), bench.G) == "", text);
     }

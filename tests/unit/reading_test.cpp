@@ -25,12 +25,7 @@ struct Bench : StateBench {
     }
     void Scan(const std::string &text) const {
         const TextSource source(text);
-        BeginSource(source.reader.get(), G);
-        for (SourceLine line; NextPiece(source.reader.get(), &line) != Piece::kEnd;) {
-            ++G->file_line_no;
-            Written([&] { ParseLine(line, G->file_line_no, G); });
-        }
-        EndSource(G);
+        Written([&] { ScanSource(source.reader.get(), G); });
     }
     // "name:line of its }", with "=complexity" where it isn't 1, joined by blanks.
     std::string Functions() const {

@@ -30,68 +30,6 @@
 
 namespace {
 
-bool Holds(const char *line, const char *token) {
-    return *token && strstr(line, token);
-}
-
-// Follows the skip tokens, which are searched in the raw line, in comments and strings too; only the first that matches counts.
-// True if the line is to be skipped: the line of the end token still is.
-bool FollowSkipTokens(const char *line, Globals *G) {
-    if (Holds(line, G->skip_start_token)) {
-        G->skip_lines_active = 1;
-        NoticeAtLine(kNoticeSkipLines, G);
-    } else if (Holds(line, G->skip_end_token)) {
-        G->skip_lines_active = 0;
-        return true;
-    } else if (Holds(line, G->quality_skip_start_token)) {
-        G->skip_quality_active = 0; // this notice isn't held back by a region that is open already
-        NoticeAtLine(kNoticeSkipNotices, G);
-        G->skip_quality_active = 1;
-    } else if (Holds(line, G->quality_skip_end_token)) {
-        G->skip_quality_active = 0;
-    }
-    return G->skip_lines_active;
-}
-
-// Whether a line is skipped: then its white space isn't counted either.
-bool IsSkipped(const SourceLine &line, Globals *G) {
-    SettleTabs(line.text, G);
-    if (!FollowSkipTokens(line.text, G)) {
-        return false;
-    }
-    LeaveOutWhite(G->source, line.text, line.length);
-    return true;
-}
-
-void ReadLines(SourceReader *reader, Globals *G) {
-    BeginSource(reader, G);
-    for (;;) {
-        SourceLine line;
-        const Piece piece = NextPiece(reader, &line);
-        G->line_text = line.text;
-        if (piece == Piece::kEnd) {
-            EndSource(G);
-            return;
-        }
-        if (piece == Piece::kTooLong) {
-            Message(G,
-                    "\n  Error: Text line %d length greater than %d characters\n"
-                    "         Examine file for proper text file formatting.\n",
-                    G->file_line_no, kMaxPiece + 1);
-            continue;
-        }
-        ++G->file_line_no;
-        if (G->skip_tokens_active && IsSkipped(line, G)) {
-            ++G->skipped_lines;
-        } else {
-            ParseLine(line, G->file_line_no, G);
-            if (G->line_letter) {
-                WorkDiffDataLineWrite(G->diff_data_file, G->line_letter, line.text, G);
-            }
-        }
-    }
-}
-
 // Whether the report holds nothing but lines, which can be counted without a look at functions, classes and notices.
 bool LinesAreAll(const Globals *G) {
     const int entities = G->function_metrics | G->list_functions | G->object_metrics | G->inheritance_report | G->macro_metrics;
@@ -106,7 +44,7 @@ void ReadSource(SourceReader *reader, Globals *G) {
     if (G->lines_only && CountLines(reader, G)) {
         return;
     }
-    ReadLines(reader, G);
+    ScanSource(reader, G);
 }
 
 void StoreMetrics(FileData *file, Globals *G) {
