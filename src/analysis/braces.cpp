@@ -12,7 +12,7 @@
 
 namespace {
 
-void DebugState(const char *head, int closing, Globals *G) {
+[[gnu::cold]] void DebugState(const char *head, int closing, Globals *G) {
     Message(G, "%s*** funcname          = %s ***\n", head, G->funcname);
     if (closing) {
         Message(G, "*** funcname_flag     = %d ***\n*** assignment_flag   = %d ***\n", G->funcname_flag, G->assignment_flag);
@@ -55,7 +55,7 @@ void NoteJustBrace(Scan &scan, char brace, Globals *G) {
     }
 }
 
-void DebugOpenClass(const char *kind, const char *scope, const Scan &scan, Globals *G) {
+[[gnu::cold]] void DebugOpenClass(const char *kind, const char *scope, const Scan &scan, Globals *G) {
     if (G->debug) {
         Message(G, "*** Debug: Opening %s %s at } - Line %d\n*** %s Scope = %d\n*** G->class_index = %d\n\n", kind, G->classname,
                 scan.number, scope, G->class_scope, G->class_index);
@@ -139,7 +139,7 @@ void EndSwitch(Globals *G) {
 namespace {
 
 // A "}" too many, as conditional code leaves it: the counts are made even again.
-void RepairBraces(Globals *G) {
+[[gnu::cold]] void RepairBraces(Globals *G) {
     NoticeStray('}', G);
     G->function_scope = 0;
     G->local_paren = 0;

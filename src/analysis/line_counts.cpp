@@ -126,7 +126,7 @@ void CountLine(CountedLine &line, Globals *G) {
     G->file_blank += line.blank;
     G->file_loc += line.is_loc;
     G->file_comments += (line.c_comment_line && !line.blank) || G->cpp_comment;
-    G->continuation = GoesOn(line, G);
+    G->continuation = GoesOn(line.line, line.length, G);
     if (!G->continuation) {
         EndSpans(G);
     }

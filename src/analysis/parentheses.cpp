@@ -49,7 +49,7 @@ void NoteMethod(Globals *G) {
     }
 }
 
-void DebugOpenParen(const Scan &scan, Globals *G) {
+[[gnu::cold]] void DebugOpenParen(const Scan &scan, Globals *G) {
     Message(G,
             "*** Debug:\n*** Line: %s*** Char Parse (\n"
             "*** G->instantiate_colon_flag = %d\n"
@@ -125,9 +125,10 @@ void TakeFunctionTemplate(Globals *G) {
     G->template_flag = 0;
 }
 
-void OnOpenParen(Scan &scan, Globals *G) {
-    ++G->open_paren;
-    ++G->local_paren;
+namespace {
+
+// A "(" that may begin a function's head, or stands alone on its line.
+[[gnu::noinline]] void LookAtOpenParen(Scan &scan, Globals *G) {
     if (G->dotnet_attr || G->paren_skip) {
         return;
     }
@@ -168,6 +169,21 @@ void OnOpenParen(Scan &scan, Globals *G) {
     }
 }
 
+// In the body of a function a parenthesis is one of a pair and no more, unless it stands alone on its line.
+bool IsPlain(const Scan &scan, char paren, const Globals *G) {
+    return G->function_scope > 0 && scan.line[scan.first_nonblank] != paren && !(G->dotnet_attr | G->paren_skip | G->debug);
+}
+
+} // namespace
+
+void OnOpenParen(Scan &scan, Globals *G) {
+    ++G->open_paren;
+    ++G->local_paren;
+    if (!IsPlain(scan, '(', G) || (G->class_pending | G->namespacebeg_flag)) {
+        LookAtOpenParen(scan, G);
+    }
+}
+
 namespace {
 
 // A ")" on a line of its own still belongs to the parameters.
@@ -197,19 +213,17 @@ void EndHead(const Scan &scan, Globals *G) {
     }
 }
 
-void EndCondition(int &flag, Globals *G) {
-    if (flag) {
-        flag = 0;
+void EndCondition(Globals *G) {
+    if (G->if_flag | G->for_flag | G->while_flag) {
+        G->if_flag = 0;
+        G->for_flag = 0;
+        G->while_flag = 0;
         G->assignment_flag = 0;
     }
 }
 
-} // namespace
-
-void OnCloseParen(Scan &scan, Globals *G) {
-    ++G->close_paren;
-    --G->local_paren;
-    G->at_flag = 0;
+// A ")" that may end a parameter list, has no partner, or stands alone on its line.
+[[gnu::noinline]] void LookAtCloseParen(Scan &scan, Globals *G) {
     if (G->close_paren > G->open_paren) { // as conditional code leaves it: the rest of the file is not to suffer
         NoticeStray(')', G);
         G->local_paren = 0;
@@ -236,9 +250,24 @@ void OnCloseParen(Scan &scan, Globals *G) {
         EndHead(scan, G);
     }
     if (G->local_paren == 0) {
-        EndCondition(G->if_flag, G);
-        EndCondition(G->for_flag, G);
-        EndCondition(G->while_flag, G);
+        EndCondition(G);
+    }
+    CheckBodyBehindParen(scan, G);
+}
+
+} // namespace
+
+void OnCloseParen(Scan &scan, Globals *G) {
+    ++G->close_paren;
+    --G->local_paren;
+    G->at_flag = 0;
+    if (!IsPlain(scan, ')', G) || G->close_paren > G->open_paren) {
+        LookAtCloseParen(scan, G);
+        return;
+    }
+    G->catch_flag = 0;
+    if (G->local_paren == 0) {
+        EndCondition(G);
     }
     CheckBodyBehindParen(scan, G);
 }

@@ -126,18 +126,26 @@ bool SpeaksOfFallingThrough(const char *line) {
     return false;
 }
 
+void CountBlank(Globals *G) {
+    ++G->file_blank;
+    G->comment_pending = 0;
+}
+
+void CountComment(const char *line, Globals *G) {
+    if (G->function_metrics | G->list_functions) { // only functions ask
+        G->fall_through += SpeaksOfFallingThrough(line);
+    }
+    ++G->comment_pending;
+    ++G->file_comments;
+}
+
 void CountLine(const Scan &scan, int has_comment, Globals *G) {
     if (scan.blank) {
-        ++G->file_blank;
-        G->comment_pending = 0;
+        CountBlank(G);
     }
     G->file_loc += scan.is_loc;
     if (has_comment) {
-        if (G->function_metrics | G->list_functions) { // only functions ask
-            G->fall_through += SpeaksOfFallingThrough(scan.line);
-        }
-        ++G->comment_pending;
-        ++G->file_comments;
+        CountComment(scan.line, G);
     }
 }
 
@@ -228,16 +236,16 @@ int FirstVisible(const SourceLine &line) {
     return NextByte(line.masks, &ByteMasks::visible, line.origin, line.origin + line.length) - line.origin;
 }
 
-// Field by field: most of them are set anyway.
-void BeginScan(Scan &scan, const SourceLine &line, const Globals *G) {
+// Field by field: most of them are set anyway. What stands ahead of the first byte above 32 has no meaning in any state, but
+// belongs to its texts.
+void BeginScan(Scan &scan, const SourceLine &line, int first_visible, const Globals *G) {
     scan.line = line.text;
     scan.origin = line.origin;
     scan.number = G->file_line_no;
     scan.length = line.length;
-    // what stands ahead of the first byte above 32 has no meaning in any state, but belongs to its texts
-    scan.first_nonblank = FirstVisible(line);
-    scan.index = scan.first_nonblank;
-    scan.blank = scan.first_nonblank == scan.length;
+    scan.first_nonblank = first_visible;
+    scan.index = first_visible;
+    scan.blank = first_visible == line.length;
     scan.c_comment_line = G->c_comment;
     scan.head_mark = 0;
     scan.is_loc = 0;
@@ -294,18 +302,22 @@ void BeginScan(Scan &scan, const SourceLine &line, const Globals *G) {
     ClearText(G->line_comment);
 }
 
-// What goes on from line to line behind a backslash, and what ends here.
-void EndLine(const Scan &scan, Globals *G) {
-    if (GoesOn(scan, G)) {
-        ++G->continuation_count;
-        G->continuation = 1;
-        return;
-    }
+// What ends with a line that doesn't go on behind a backslash.
+void EndStatesOfLine(Globals *G) {
     if (G->macro_flag) {
         EndMacroRegion(G);
     }
     static_cast<DirectiveState &>(*G) = DirectiveState{};
     EndSpans(G);
+}
+
+void EndLine(const Scan &scan, Globals *G) {
+    if (GoesOn(scan.line, scan.length, G)) {
+        ++G->continuation_count;
+        G->continuation = 1;
+    } else {
+        EndStatesOfLine(G);
+    }
 }
 
 // A record couldn't be made: the line counts for nothing more.
@@ -314,8 +326,52 @@ void EndLine(const Scan &scan, Globals *G) {
     G->quote_count = G->continuation ? G->quote_count : 0;
 }
 
+// The line closes no block comment: no "/" in it stands behind a "*".
+bool ClosesNoComment(const SourceLine &line) {
+    const char *end = line.text + line.length;
+    const char *p = line.text;
+    while ((p = static_cast<const char *>(memchr(p, '/', end - p)))) {
+        if (p[-1] == '*') {
+            return false;
+        }
+        ++p;
+    }
+    return true;
+}
+
+// The line is blank, or comment from end to end.
+bool IsWithoutCode(const SourceLine &line, int first_visible, const Globals *G) {
+    if (!IsInCode(*G)) {
+        return IsJustBlockComment(*G) && first_visible < line.length && ClosesNoComment(line);
+    }
+    const char *begin = line.text + first_visible;
+    return first_visible == line.length || (begin[0] == '/' && begin[1] == '/' && !(G->reading & kBraces));
+}
+
+// Counts a line without code, unless someone wants more of it or it goes on. False if it is to be scanned.
+bool CountWithoutCode(const SourceLine &line, int first_visible, Globals *G) {
+    if (G->line_wants | G->texts_open | (line.length > G->max_line_length)) {
+        return false;
+    }
+    if (first_visible == line.length) {
+        CountBlank(G);
+    } else if (GoesOn(line.text, line.length, G)) {
+        return false;
+    } else {
+        CountComment(line.text, G);
+    }
+    AddClamped(G->file_chars, line.length);
+    EndStatesOfLine(G);
+    G->at_flag = 0;
+    return true;
+}
+
 void ParseLine(Scan &scan, const SourceLine &line, Globals *G) {
-    BeginScan(scan, line, G);
+    const int first_visible = FirstVisible(line);
+    if (IsWithoutCode(line, first_visible, G) && CountWithoutCode(line, first_visible, G)) {
+        return;
+    }
+    BeginScan(scan, line, first_visible, G);
     BeginLine(scan, G);
     if (G->line_wants) {
         BeginWanted(scan, G);

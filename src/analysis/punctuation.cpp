@@ -84,12 +84,8 @@ void EndMember(const Scan &scan, Globals *G) {
     }
 }
 
-} // namespace
-
-void OnSemicolon(Scan &scan, Globals *G) {
-    ++G->local_semicolon;
-    ++G->semicolon_count;
-    scan.is_logical = 1;
+// A statement of which more is to be done than to forget it.
+[[gnu::noinline]] void LookAtStatement(Scan &scan, Globals *G) {
     if (G->reading & kBraces) {
         EndStatement(scan, G);
         if (G->friend_flag && G->friend_class && G->is_cpp) {
@@ -127,11 +123,34 @@ void OnSemicolon(Scan &scan, Globals *G) {
     }
 }
 
+// In the body of a function, with no member in hand and no heading.
+bool IsPlainStatement(const Globals *G) {
+    return G->function_scope > 0 && !((G->reading & kBraces) | G->class_flag | G->attr_flag | G->method_done | G->struct_flag |
+                                      G->friend_flag | (G->open_braces == G->closebrace_count));
+}
+
+} // namespace
+
+void OnSemicolon(Scan &scan, Globals *G) {
+    ++G->local_semicolon;
+    ++G->semicolon_count;
+    scan.is_logical = 1;
+    if (!IsPlainStatement(G)) {
+        LookAtStatement(scan, G);
+        return;
+    }
+    G->param_list_flag &= !G->funcname_flag;
+    G->param_capture &= !G->funcname_flag;
+    static_cast<StatementState &>(*G) = StatementState{};
+    G->template_beg_flag = 0;
+    G->inherit_more = 0;
+}
+
 namespace {
 
 // An "=" outside functions: a member's initial value, or the end of what looked like a head. "operator" and "#define" in front of
 // it make it no assignment.
-void AssignOutsideFunction(const Scan &scan, Globals *G) {
+[[gnu::noinline]] void AssignOutsideFunction(const Scan &scan, Globals *G) {
     const char *assign = scan.line + scan.index;
     const char *op = strstr(scan.line, "operator");
     const char *define = strstr(scan.line, "#define");
@@ -147,15 +166,21 @@ void AssignOutsideFunction(const Scan &scan, Globals *G) {
     }
 }
 
+// x == y, x != y, x <= y, x >= y; and x => y
+bool IsPartOfOperator(char before, char next, const Globals *G) {
+    return before == '=' || before == '!' || before == '<' || before == '>' || next == '=' ||
+           (next == '>' && (G->reading & kBraces));
+}
+
+bool IsOperatorAssign(const char *name) {
+    return *name && strchr(name, '=');
+}
+
 } // namespace
 
 void OnAssign(Scan &scan, Globals *G) {
-    const char before = scan.line[scan.index - 1];
-    if (scan.line[scan.index + 1] == '>' && (G->reading & kBraces)) { // x => y
-        return;
-    }
-    if (before == '=' || before == '!' || before == '<' || before == '>' || scan.line[scan.index + 1] == '=' || G->template_flag ||
-        G->preproc_flag || strchr(G->funcname, '=')) { // operator=
+    if (IsPartOfOperator(scan.line[scan.index - 1], scan.line[scan.index + 1], G) || (G->template_flag | G->preproc_flag) ||
+        IsOperatorAssign(G->funcname)) {
         return;
     }
     G->assignment_flag = 1;

@@ -112,13 +112,13 @@ void CountLiteral(Scan &scan, int begin) {
     }
 }
 
-bool GoesOnBehindBlanks(const Scan &scan, const Globals *G) {
-    int last = scan.length - 1;
-    while (last >= 0 && (IsBlankOrTab(scan.line[last]) || scan.line[last] == '\r')) {
+bool GoesOnBehindBlanks(const char *line, int length, const Globals *G) {
+    int last = length - 1;
+    while (last >= 0 && (IsBlankOrTab(line[last]) || line[last] == '\r')) {
         --last;
     }
     const bool joins = !(G->reading & kLiterals) || !(G->is_java || G->is_cs); // a backslash of theirs ends no line
-    return last >= 0 && scan.line[last] == '\\' && joins;
+    return last >= 0 && line[last] == '\\' && joins;
 }
 
 void EndSpans(Globals *G) {

@@ -20,10 +20,10 @@ void ScanCharLiteral(Scan &scan, Globals *G);
 void CountLiteral(Scan &scan, int begin);
 
 // True if the line ends in a backslash, blanks behind it aside: it keeps a // comment and an open string alive.
-bool GoesOnBehindBlanks(const Scan &scan, const Globals *G);
-inline bool GoesOn(const Scan &scan, const Globals *G) {
-    const char last = scan.line[scan.length - 1];
-    return (last <= ' ' || last == '\\') && GoesOnBehindBlanks(scan, G);
+bool GoesOnBehindBlanks(const char *line, int length, const Globals *G);
+inline bool GoesOn(const char *line, int length, const Globals *G) {
+    const char last = line[length - 1];
+    return (last <= ' ' || last == '\\') && GoesOnBehindBlanks(line, length, G);
 }
 // What ends with a line that doesn't go on.
 void EndSpans(Globals *G);

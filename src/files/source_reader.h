@@ -105,7 +105,10 @@ inline Piece NextPiece(SourceReader *reader, SourceLine *line) {
     }
     char *text = block + begin;
     if (feed >= reader->plain || feed - begin >= kMaxPiece || *text < 0) {
-        return NextOddPiece(reader, line);
+        SourceLine odd; // so that the other lines need no place in memory
+        const Piece piece = NextOddPiece(reader, &odd);
+        *line = odd;
+        return piece;
     }
     const size_t behind = feed + 1;
     reader->begin = behind;

@@ -77,6 +77,11 @@ inline bool IsInCode(const SpanState &state) {
     return std::bit_cast<uint32_t>(state) == 0;
 }
 
+inline bool IsJustBlockComment(const SpanState &state) {
+    constexpr SpanState kBlockComment{1, 0, 0, 0};
+    return std::bit_cast<uint32_t>(state) == std::bit_cast<uint32_t>(kBlockComment);
+}
+
 // The state of comments, strings and continued lines.
 struct LineState : SpanState {
     int continuation;       // the previous line ended in a backslash
