@@ -191,7 +191,7 @@ void OnCloseBrace(Scan &scan, Globals *G) {
         return;
     }
     if (!(G->assignment_flag | G->enum_flag)) {
-        --G->function_scope;
+        LeaveBlock(G);
     }
     if (G->closebrace_count > G->open_braces) {
         RepairBraces(G);

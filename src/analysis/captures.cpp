@@ -50,7 +50,7 @@ int TextsAreOpen(const Globals *G) {
 void BeginBases(const char *text, Globals *G) {
     G->inherit_flag = 1;
     G->inherit_more = 1;
-    G->texts_open = 1;
+    G->line_wants |= kWantsHead;
     CopyText(G->inherit_line, Ltrim(text));
     StripComments(G->inherit_line, 0);
     if (char *brace = strchr(G->inherit_line, '{')) {
@@ -71,7 +71,7 @@ void CaptureParams(const Scan &scan, Globals *G) {
 
 void CaptureTexts(const Scan &scan, Globals *G) {
     if (!TextsAreOpen(G)) {
-        G->texts_open = 0;
+        G->line_wants &= ~kWantsHead;
         return;
     }
     if (G->classname_pending && !G->define_flag) {

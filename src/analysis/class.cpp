@@ -224,7 +224,7 @@ void PopNestedClass(Globals *G) {
         const int max = G->class_loc_max_file;
         const int min = G->class_loc_min_file;
         static_cast<ClassBody &>(*G) = G->class_stack[G->class_index - 1];
-        G->texts_open = 1;
+        G->line_wants |= kWantsHead;
         G->class_loc_max_file += max;
         G->class_loc_min_file += min;
     } else { // the body around it wasn't saved; only its own "{" is known to be open
@@ -267,7 +267,7 @@ void OpenClass(Scan &scan, Globals *G) {
     TakeSnapshots(G);
     FormatInheritline(G->inherit_line, G);
     if (!RecordClass(G)) {
-        Abort(scan);
+        Abort(scan, G);
         return;
     }
     if (is_struct) {
@@ -289,7 +289,7 @@ void OpenInterface(Scan &scan, Globals *G) {
     if (!FindInterface(G->classname, G)) {
         ++G->interface_count;
         if (!AddInterfaceRecord(G->classname, G->file_line_no, G->class_index, G)) {
-            Abort(scan);
+            Abort(scan, G);
             return;
         }
     }

@@ -121,8 +121,8 @@ void GetClassname(const char *line, int col, Globals *G) {
     for (int index = col;;) {
         const int begin = BeginOfName(line, index);
         G->classname_pending = begin < 0;
-        G->texts_open |= begin < 0;
         if (begin < 0) {
+            G->line_wants |= kWantsHead;
             return;
         }
         const int end = EndOfName(line, begin);

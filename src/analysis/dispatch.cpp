@@ -184,10 +184,6 @@ template <bool waiting> int Walk(Scan &scan, int begin, Globals *G) {
     }
 }
 
-bool MakesCode(char c) {
-    return c > ' ' && c != '/';
-}
-
 // Code from begin up to end makes the line a line of code: mostly its first character does.
 bool HoldsCode(const char *line, int begin, int end) {
     return begin < end && (MakesCode(line[begin]) || std::any_of(line + begin + 1, line + end, MakesCode));

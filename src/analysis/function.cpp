@@ -231,7 +231,7 @@ void CloseFunction(Scan &scan, Globals *G) {
     AddToClass(figures, cyclo, G);
     if (!AddRecord(figures, cyclo, G)) {
         MemoryError(G);
-        Abort(scan);
+        Abort(scan, G);
         return;
     }
     ++G->function_count;

@@ -174,7 +174,7 @@ void OnStatic(Scan &scan, int end, Globals *G) {
     } else if (IsLineEnd(next)) {
         G->static_flag = 0;
         G->static_pending = 1;
-        G->texts_open = 1;
+        G->line_wants |= kWantsHead;
     }
 }
 
@@ -316,6 +316,6 @@ void OnTemplate(Scan &scan, int, Globals *G) {
     StripCPPComment(heading);
     CopyText(G->template_line, Ltrim(heading));
     G->template_beg_flag = 1;
-    G->texts_open = 1;
+    G->line_wants |= kWantsHead;
     G->template_flag = 1;
 }

@@ -117,7 +117,9 @@ Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
 // Raises the notice for a definition; a heading that is open is kept for the next line.
 void Settle(LocalHeading heading, Finding finding, Globals *G) {
     G->local_heading = finding == kOpen ? heading : LocalHeading{};
-    G->texts_open |= finding == kOpen;
+    if (finding == kOpen) {
+        G->line_wants |= kWantsHead;
+    }
     if (finding != kDefined) {
         return;
     }

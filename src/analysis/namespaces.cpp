@@ -39,7 +39,7 @@ void BeginScope(int *count, Scan &scan, Globals *G) {
     }
     ++*count;
     if (!AddNamespaceRecord(G->namespace_name, G->file_line_no, G)) {
-        Abort(scan);
+        Abort(scan, G);
     }
 }
 

@@ -85,7 +85,7 @@ void BeginParams(const Scan &scan, const char *text, Globals *G) {
     StripComments(G->params, 0);
     StripChars(G->params, " \t\r\n");
     G->param_capture = 1;
-    G->texts_open = 1;
+    G->line_wants |= kWantsHead;
     G->param_line = scan.number;
 }
 

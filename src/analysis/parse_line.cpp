@@ -154,20 +154,6 @@ void LookForKey(const char *line, Globals *G) {
     G->line_wants &= G->key_string_found ? ~kWantsKey : ~0U;
 }
 
-// What the head of a line looks at, ahead of its characters.
-void BeginLine(const Scan &scan, Globals *G) {
-    if (G->function_scope < 0) {
-        G->function_scope = 0;
-    }
-    AddClamped(G->file_chars, scan.length);
-    if (scan.length > G->max_line_length) {
-        EmitLineLengthNotice(scan.length, G);
-    }
-    if (G->texts_open) {
-        CaptureTexts(scan, G);
-    }
-}
-
 } // namespace
 
 void NoteSpan(const Scan &scan, int begin, int end, SpanKind kind) {
@@ -248,17 +234,23 @@ void BeginScan(Scan &scan, const SourceLine &line, int first_visible, const Glob
     scan.blank = first_visible == line.length;
     scan.c_comment_line = G->c_comment;
     scan.head_mark = 0;
-    scan.is_loc = 0;
+    scan.is_loc = IsInCode(*G) && MakesCode(line.text[first_visible]);
     scan.non_effective = 0;
     scan.is_logical = 0;
     scan.aborted = 0;
     scan.moved = 0;
 }
 
-// What few runs want, at the head of a line.
-[[gnu::cold]] void BeginWanted(Scan &scan, Globals *G) {
+// What is to be done at the head of a line, ahead of its characters.
+[[gnu::noinline]] void BeginWantedLine(Scan &scan, Globals *G) {
+    if (G->function_scope < 0) {
+        G->function_scope = 0;
+    }
     if (G->line_wants & kWantsKey) {
         LookForKey(scan.line, G);
+    }
+    if (G->line_wants & kWantsHead) {
+        CaptureTexts(scan, G);
     }
     if (G->line_wants & kWantsSplit) {
         memset(G->line_kinds, kCodeSpan, sizeof G->line_kinds);
@@ -311,19 +303,37 @@ void EndStatesOfLine(Globals *G) {
     EndSpans(G);
 }
 
-void EndLine(const Scan &scan, Globals *G) {
+// A record couldn't be made: the line counts for nothing more.
+[[gnu::cold]] void GiveUpLine(const SourceLine &line, Globals *G) {
+    G->line_wants &= ~kGivenUp;
+    LeaveOutWhite(G->source, line.text, line.bytes);
+    G->quote_count = G->continuation ? G->quote_count : 0;
+}
+
+void EndLine(const Scan &scan, const SourceLine &line, Globals *G) {
+    if (scan.is_loc) {
+        KeepLine(G->source, line);
+    }
     if (GoesOn(scan.line, scan.length, G)) {
         ++G->continuation_count;
         G->continuation = 1;
     } else {
         EndStatesOfLine(G);
     }
+    G->at_flag = 0;
 }
 
-// A record couldn't be made: the line counts for nothing more.
-[[gnu::cold]] void GiveUpLine(const SourceLine &line, Globals *G) {
-    LeaveOutWhite(G->source, line.text, line.bytes);
-    G->quote_count = G->continuation ? G->quote_count : 0;
+[[gnu::noinline]] void EndWantedLine(const Scan &scan, const SourceLine &line, int line_has_c_comment, Globals *G) {
+    if (scan.aborted) {
+        GiveUpLine(line, G);
+        return;
+    }
+    CountLine(scan, line_has_c_comment | G->cpp_comment, G);
+    LookAtLine(scan, line_has_c_comment, G);
+    EndLine(scan, line, G);
+    if (scan.kinds) {
+        EndSplit(scan, G);
+    }
 }
 
 // The line closes no block comment: no "/" in it stands behind a "*".
@@ -350,7 +360,7 @@ bool IsWithoutCode(const SourceLine &line, int first_visible, const Globals *G) 
 
 // Counts a line without code, unless someone wants more of it or it goes on. False if it is to be scanned.
 bool CountWithoutCode(const SourceLine &line, int first_visible, Globals *G) {
-    if (G->line_wants | G->texts_open | (line.length > G->max_line_length)) {
+    if (G->line_wants || line.length > G->max_line_length) {
         return false;
     }
     if (first_visible == line.length) {
@@ -372,31 +382,24 @@ void ParseLine(Scan &scan, const SourceLine &line, Globals *G) {
         return;
     }
     BeginScan(scan, line, first_visible, G);
-    BeginLine(scan, G);
+    AddClamped(G->file_chars, scan.length);
+    if (scan.length > G->max_line_length) {
+        EmitLineLengthNotice(scan.length, G);
+    }
     if (G->line_wants) {
-        BeginWanted(scan, G);
+        BeginWantedLine(scan, G);
     }
     if (G->string_flag) {
         G->quiet_tabs += CountWhite(scan.line, scan.index).tabs; // the indent of a string's next line
     }
     WalkLine(scan, G);
-    if (scan.aborted) {
-        GiveUpLine(line, G);
-        return;
-    }
     const int line_has_c_comment = scan.c_comment_line && !scan.blank;
-    CountLine(scan, line_has_c_comment | G->cpp_comment, G);
     if (G->line_wants) {
-        LookAtLine(scan, line_has_c_comment, G);
+        EndWantedLine(scan, line, line_has_c_comment, G);
+    } else {
+        CountLine(scan, line_has_c_comment | G->cpp_comment, G);
+        EndLine(scan, line, G);
     }
-    if (scan.is_loc) {
-        KeepLine(G->source, line);
-    }
-    EndLine(scan, G);
-    if (scan.kinds) {
-        EndSplit(scan, G);
-    }
-    G->at_flag = 0;
 }
 
 bool Holds(const char *line, const char *token) {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "files/byte_masks.h"
+#include "run/globals.h"
 
-struct Globals;
 struct Scan;
 
 // Does what a character means in code; scan.index stands on it.
@@ -33,6 +33,11 @@ struct Scan {
     int stop;           // where it ends, with moved; -1 where it goes on behind index
 };
 
+// A character of code makes its line a line of code.
+inline bool MakesCode(char c) {
+    return c > ' ' && c != '/';
+}
+
 // What the scanner took a character for. The characters that close a comment or a string count as code here: SplitLine files them.
 enum SpanKind : char { kCodeSpan, kStringSpan, kCommentSpan, kPassedOver };
 
@@ -47,8 +52,9 @@ inline void EndWalk(Scan &scan, int stop) {
     scan.moved = 1;
     scan.stop = stop;
 }
-inline void Abort(Scan &scan) {
+inline void Abort(Scan &scan, Globals *G) {
     scan.aborted = 1;
+    G->line_wants |= kGivenUp;
     EndWalk(scan, scan.length);
 }
 
@@ -58,6 +64,12 @@ void OnOpenParen(Scan &scan, Globals *G);
 void OnCloseParen(Scan &scan, Globals *G);
 void OnOpenBrace(Scan &scan, Globals *G);
 void OnCloseBrace(Scan &scan, Globals *G);
+// A "}" in the body of a function. Depths below 0, which last to the end of the line, tell how many ended there.
+inline void LeaveBlock(Globals *G) {
+    if (--G->function_scope < 0) {
+        G->line_wants |= kWantsHead;
+    }
+}
 // The innermost switch has ended.
 void EndSwitch(Globals *G);
 void OnOpenBracket(Scan &scan, Globals *G);

@@ -225,7 +225,7 @@ void Pop(Scan &scan, Globals *G) {
     const int local_paren = top ? top->local_paren : 0;
     --G->brace_depth;
     if (kind == kBlockScope || kind == kValueScope || kind == kFunctionScope || kind == kExpressionBody) {
-        --G->function_scope;
+        LeaveBlock(G);
     }
     if (G->switch_depth > 0 && G->switch_scope == G->function_scope) {
         EndSwitch(G);

@@ -88,7 +88,6 @@ struct LineState : SpanState {
     int quote_count;        // quotes of the line, and of those that it goes on from
     int comment_star_index; // index of the character behind the "/" that opened the comment; -1 when none is open
     int comment_start_line;
-    int texts_open;          // a text may go on with the next line: CaptureTexts looks which
     int comment_pending;     // comment lines since the last blank line or the last entity that took them
     int fall_through;        // comment lines that speak of falling through, since the last function end
     int key_string_found;    // the key string of the settings was seen
@@ -97,12 +96,14 @@ struct LineState : SpanState {
     int skip_quality_active; // inside a quality skip region
 };
 
-// What a run wants of every line beside its figures.
+// What is to be done for a line beside the count of it: for most lines of most runs nothing.
 enum LineWants : unsigned {
     kWantsSplit = 1,   // its code, its strings and its comments each for themselves
     kWantsLook = 2,    // someone looks at it when it is scanned: the user's rules, -d, line records
     kWantsNotices = 4, // the notices of tabs print in their places; otherwise they only count
     kWantsKey = 8,     // the key string is looked for, and not found yet
+    kWantsHead = 16,   // at the head of the next line: a text goes on, or function_scope is below 0
+    kGivenUp = 32,     // a record of the line in hand couldn't be made
 };
 
 struct Scan;
@@ -110,7 +111,7 @@ struct SourceReader;
 
 // The line in hand, and its split by kind in debug mode.
 struct LineBuffers {
-    unsigned line_wants;   // LineWants, settled at the head of a source
+    unsigned line_wants;   // LineWants
     SourceReader *source;  // of the file in hand; null outside of its lines
     const Scan *scan;      // the line in hand; null between lines
     const char *line_text; // its text for the user's rules, behind the last line what stands there; null ahead of the first file
