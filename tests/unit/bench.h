@@ -82,7 +82,8 @@ struct TextLine {
         : room(std::string(2, '\0') + text + std::string(2 * kMaskBytes + kBytesBehind, '\0')),
           masks(text.size() / kMaskBytes + 2) {
         BestClassifier(MaskUse::kCode)(room.data() + 1, text.size() + 1, masks.data());
-        line = {room.data() + 2, static_cast<int>(text.size()), 1, masks.data()};
+        const int length = static_cast<int>(text.size());
+        line = {room.data() + 2, length, length, 1, masks.data()};
     }
 };
 
@@ -116,14 +117,13 @@ struct SourceBench : StateBench {
         G->is_other = language == kOther;
     }
 
-    // Scans the text, as a run does a file. Returns one letter per line, that of its type, "." for a line without one; and
-    // "!" if a piece was too long.
+    // Scans the text, as a run does a file. Returns one letter per line, that of its type; "." for a line without one.
     std::string Feed(const std::string &text) const {
         const TextSource source(text);
         letters.clear();
-        const std::string told = Written([&] { ScanSource(source.reader.get(), G); });
+        ScanSource(source.reader.get(), G);
         letters.resize(G->file_line_no, '.');
-        return told.find("greater than") == std::string::npos ? letters : letters + "!";
+        return letters;
     }
 
     // One line per function: "f(int a) template<T> l3".
