@@ -192,6 +192,9 @@ void Strip_nrt(const char *text, std::span<char> out) {
 }
 
 void FormatTemplateLine(char *text) {
+    if (!strpbrk(text, " \t")) { // only where a blank stands anything goes
+        return;
+    }
     char *out = text;
     for (const char *p = text; *p;) {
         if (IsBlankOrTab(*p)) {

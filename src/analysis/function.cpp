@@ -229,7 +229,7 @@ void CloseFunction(Scan &scan, Globals *G) {
     NoticesOfLimits(figures, G);
     const int cyclo = CountComplexity(G);
     AddToClass(figures, cyclo, G);
-    if (!AddRecord(figures, cyclo, G)) {
+    if (!G->functions_unlisted && !AddRecord(figures, cyclo, G)) {
         MemoryError(G);
         Abort(scan);
         return;
