@@ -192,7 +192,7 @@ void Strip_nrt(const char *text, std::span<char> out) {
 }
 
 void FormatTemplateLine(char *text) {
-    if (!strpbrk(text, " \t")) { // only where a blank stands anything goes
+    if (!strchr(text, ' ') && !strchr(text, '\t')) { // only where a blank stands anything goes
         return;
     }
     char *out = text;

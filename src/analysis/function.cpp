@@ -195,8 +195,7 @@ NodeData *OwnerOf(char *name, int depth, const Globals *G) {
 void OpenFunction(Scan &scan, Globals *G) {
     FormatTemplateLine(G->funcname);
     if (!(G->reading & kBraces)) { // which reads them with the head
-        packParams(G->params, G->funcname, G);
-        G->local_params = countParams(G->params);
+        G->local_params = packParams(G);
     }
     if (G->class_flag && G->method_flag) {
         G->method_flag = 0;
@@ -223,6 +222,7 @@ void CloseFunction(Scan &scan, Globals *G) {
     if (G->local_return == 0) { // a function that falls off its end returns there
         G->local_return = 1;
     }
+    TidyParams(G); // of a head that no "{" of its own has opened
     const EntityFigures figures = Measure(G);
     NoticesBeforeSums(figures, G);
     AddToSums(figures, G);

@@ -1,6 +1,7 @@
 // The parameter text of a function: from the lines that were gathered to "(int a, char *b)", and how many parameters it holds.
 #include "analysis/function.h"
 
+#include "analysis/code_text.h"
 #include "run/globals.h"
 
 namespace {
@@ -9,82 +10,105 @@ bool IsOperator(const char *name) {
     return strcmp(name, "operator") == 0 || strstr(name, "::operator") != nullptr;
 }
 
-// 0 if there is no ch in the text.
-int EndBehindLast(char *text, char ch) {
-    char *last = strrchr(text, ch);
-    if (last) {
-        last[1] = '\0';
-    }
-    return last != nullptr;
-}
-
-// A::A(int a) : b(a) { c(); keeps (int a). The parentheses of "operator ()" come ahead of the parameters, so there only a body is
-// cut.
-void CutBehindList(char *text, int is_operator) {
-    char *brace = strchr(text, '{');
-    const char *paren = strchr(text, ')');
-    char *colon = strchr(text, ':');
-    const bool body = brace && paren && paren < brace;
-    if (body) {
-        *brace = '\0';
-    }
-    if (is_operator && !body) {
-        EndBehindLast(text, ')');
-    }
-    if (!is_operator && colon && paren && paren < colon) {
-        *colon = '\0';
-    }
-}
-
-// ( int a,  int b ) becomes (int a, int b): a ")" behind a blank ends the text.
-void CopyPacked(const char *text, std::span<char> out) {
-    static constexpr CharSet kSpecial(" \t\n\r)", true);
-    size_t used = 0;
-    for (; *text && used + 1 < out.size(); ++text) {
-        if (!kSpecial.Has(*text)) { // most of them
-            out[used++] = *text;
+// Packs the text in place: A(int a) : b(a) { c(); keeps (int a), and ( int a,  int b ) is (int a, int b). The parentheses of "operator
+// ()" come ahead of its parameters, so there a ":" ends nothing. A ")" behind a blank ends the text wherever it stands. Returns the
+// number of parameters: one more than there are "," outside of < >.
+int Pack(std::span<char> params, const char *name) {
+    static constexpr CharSet kSpecial(" \t\n\r){:<>,", true);
+    char *out = params.data();
+    char *end = nullptr; // behind the last ")"
+    int count = 1;
+    int count_to_end = 1;
+    int depth = 0;
+    bool first_brace = true;
+    bool first_colon = true;
+    for (const char *p = SkipSpace(out);;) {
+        while (!kSpecial.Has(*p)) { // most of them
+            *out++ = *p++;
+        }
+        const bool white = IsSpace(*p);
+        const bool blank = white && out[-1] != '(';
+        p = white ? SkipSpace(p) : p;
+        if (*p == ')') {
+            *out++ = *p++;
+            end = out;
+            count_to_end = count;
+            if (blank) {
+                break;
+            }
             continue;
         }
-        const char before = used > 0 ? out[used - 1] : '\0';
-        if (*text == '\t' || *text == '\n' || *text == '\r' || (*text == ' ' && (before == ' ' || before == '('))) {
-            continue;
-        }
-        if (*text == ')' && before == ' ') {
-            out[used - 1] = ')';
+        if (*p == '\0') {
             break;
         }
-        out[used++] = *text;
+        if (blank) {
+            *out++ = ' ';
+        }
+        if (white) {
+            continue;
+        }
+        if (*p == '{' || *p == ':') {
+            bool &first = *p == '{' ? first_brace : first_colon;
+            if (first && end && (*p == '{' || !IsOperator(name))) {
+                break;
+            }
+            first = false;
+        }
+        depth += (*p == '<') - (*p == '>');
+        count += *p == ',' && depth <= 0;
+        *out++ = *p++;
     }
-    out[used] = '\0';
+    *(end ? end : out) = '\0';
+    if (!end) {
+        AppendChar(params, ')');
+        return count;
+    }
+    return count_to_end;
 }
 
 } // namespace
 
-void packParams(std::span<char> params, const char *name, const Globals *G) {
-    LineText packed;
-    CutBehindList(params.data(), IsOperator(name));
-    CopyPacked(params.data(), packed);
-    if (!EndBehindLast(packed, ')')) {
-        AppendChar(packed, ')');
+bool GatherParams(const char *text, int in_comment, Globals *G) {
+    LineText code;
+    if (in_comment || strchr(text, '/')) { // elsewhere stands no comment
+        CopyText(code, text);
+        StripComments(code, in_comment);
+        text = code;
     }
-    if (G->kr_flag) { // int main(argc, argv) int argc; char **argv; {
-        AppendText(packed, " Non-ANSI Parameter Construct");
+    size_t used = strlen(G->params);
+    const size_t more = strlen(text);
+    if (used + more >= sizeof G->params) {
+        TidyParams(G); // which may make room
+        used = strlen(G->params);
+        if (used + more >= sizeof G->params) {
+            return false;
+        }
     }
-    if (G->if_directive) {
-        AppendText(packed, " Defined By Compiler Directive");
+    memcpy(G->params + used, text, more);
+    used += more;
+    while (used > 0 && IsSpace(G->params[used - 1])) { // the next line joins as it stands: "(int" and "a)" are "(inta)"
+        --used;
     }
-    CopyText(params, packed);
+    G->params[used] = '\0';
+    G->params_loose = 1;
+    return true;
 }
 
-int countParams(const char *params) {
-    if (strcmp(params, "(void)") == 0 || strcmp(params, "()") == 0) {
-        return 0;
+void TidyParams(Globals *G) {
+    if (G->params_loose) {
+        StripChars(G->params, " \t\r\n");
+        G->params_loose = 0;
     }
-    int count = 1;
-    int depth = 0;
-    for (; (params = strpbrk(params, "<>,")) != nullptr; ++params) {
-        depth += *params == '<' ? 1 : *params == '>' ? -1 : 0;
-        count += *params == ',' && depth <= 0;
+}
+
+int packParams(Globals *G) {
+    const int count = Pack(G->params, G->funcname);
+    G->params_loose = 0;
+    if (G->kr_flag) { // int main(argc, argv) int argc; char **argv; {
+        AppendText(G->params, " Non-ANSI Parameter Construct");
     }
-    return count;
+    if (G->if_directive) {
+        AppendText(G->params, " Defined By Compiler Directive");
+    }
+    return strcmp(G->params, "()") == 0 || strcmp(G->params, "(void)") == 0 ? 0 : count;
 }

@@ -81,9 +81,8 @@ void QualifyByClass(Globals *G) {
 namespace {
 
 void BeginParams(const Scan &scan, const char *text, Globals *G) {
-    CopyText(G->params, text);
-    StripComments(G->params, 0);
-    StripChars(G->params, " \t\r\n");
+    ClearText(G->params);
+    GatherParams(text, 0, G);
     G->param_capture = 1;
     G->param_line = scan.number;
 }

@@ -43,7 +43,7 @@ void EndMethod(const Scan &scan, Globals *G) {
     if (G->friend_flag) {
         G->method_flag = 0;
     } else if (scan.line[scan.index - 1] != '}') {
-        packParams(G->params, G->funcname, G);
+        packParams(G);
         G->method_flag = 0;
         G->method_done = 1;
         ClassMethod(G);
