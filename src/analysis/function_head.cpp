@@ -183,7 +183,9 @@ int ReadName(Head &head, Globals *G) {
     }
     const int in_front = InFrontOfWord(head.line, i);
     if (IsWholeName(head.line, in_front)) { // most of them
-        CopyPart(G->funcname, head.line + in_front + 1, i - in_front);
+        const size_t length = std::min<size_t>(i - in_front, sizeof G->funcname - 1);
+        memcpy(G->funcname, head.line + in_front + 1, length);
+        G->funcname[length] = '\0';
         return 1;
     }
     BackwardText name;

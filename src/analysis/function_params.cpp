@@ -23,9 +23,14 @@ int Pack(std::span<char> params, const char *name) {
     bool first_brace = true;
     bool first_colon = true;
     for (const char *p = SkipSpace(out);;) {
+        const char *begin = p;
         while (!kSpecial.Has(*p)) { // most of them
-            *out++ = *p++;
+            ++p;
         }
+        if (out != begin) { // nothing was left out so far: nothing is to move
+            memmove(out, begin, p - begin);
+        }
+        out += p - begin;
         const bool white = IsSpace(*p);
         const bool blank = white && out[-1] != '(';
         p = white ? SkipSpace(p) : p;
