@@ -70,7 +70,7 @@ void AddToSums(const EntityFigures &f, Globals *G) {
 
 // The lines of a method in its class's body are the class's lines already; "void A::f() {" outside of it brings its own.
 void AddToClass(const EntityFigures &f, int cyclo, Globals *G) {
-    const bool qualified = strstr(G->funcname, "::") != nullptr;
+    const bool qualified = strchr(G->funcname, ':') && strstr(G->funcname, "::");
     if (G->class_flag && (qualified || strchr(G->funcname, '.'))) {
         Add_Func2Class({}, cyclo, G->local_params, G->local_return, G);
     } else if (qualified && !G->class_flag) {

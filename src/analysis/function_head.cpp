@@ -136,8 +136,7 @@ void ReadBackwards(const char *line, int i, BackwardText &name) {
 
 // The index in front of the letters, digits and "_" that end at i.
 int InFrontOfWord(const char *line, int i) {
-    static constexpr CharSet kWord("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_");
-    while (i >= 0 && kWord.Has(line[i])) {
+    while (i >= 0 && kWordChars.Has(line[i])) {
         --i;
     }
     return i;

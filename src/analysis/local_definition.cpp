@@ -34,7 +34,7 @@ const char *SkipSpaceAndComments(const char *p) {
 }
 
 bool IsNameCharacter(char c) {
-    return IsWordChar(c) || c == '$' || c < 0; // a name may hold any letter of UTF-8
+    return kWordChars.Has(c) || c == '$' || c < 0; // a name may hold any letter of UTF-8
 }
 
 // Behind the partner of the bracket that is open: (packed), [[nodiscard]], <int>. At the end of the text without one.
