@@ -63,7 +63,7 @@ struct Identity {
 void Break(Identity &f, Wrap wrap, const Globals *G) {
     f.name = Wrapped(G->funcname, f.name_room, wrap, G);
     f.params = Wrapped(G->params, f.params_room, kParamsWrap, G);
-    f.template_text = Wrapped(G->func_template_text, f.template_room, wrap, G);
+    f.template_text = G->func_template ? Wrapped(G->func_template_text, f.template_room, wrap, G) : nullptr;
 }
 
 void ReadIdentity(Identity &f, const Globals *G) {

@@ -22,46 +22,51 @@ int Pack(std::span<char> params, const char *name) {
     int depth = 0;
     bool first_brace = true;
     bool first_colon = true;
-    for (const char *p = SkipSpace(out);;) {
+    for (const char *p = SkipSpace(out);; ++p) {
         const char *begin = p;
         while (!kSpecial.Has(*p)) { // most of them
             ++p;
         }
-        if (out != begin) { // nothing was left out so far: nothing is to move
+        if (out != begin) { // up to the first that is left out nothing moves
             memmove(out, begin, p - begin);
         }
         out += p - begin;
-        const bool white = IsSpace(*p);
-        const bool blank = white && out[-1] != '(';
-        p = white ? SkipSpace(p) : p;
-        if (*p == ')') {
-            *out++ = *p++;
-            end = out;
-            count_to_end = count;
-            if (blank) {
+        const char c = *p;
+        if (c <= ' ') { // white space, or the end
+            if (c == '\0') {
                 break;
+            }
+            p = p[1] > ' ' ? p : SkipSpace(p) - 1; // mostly it is one blank
+            if (p[1] == '\0') {
+                break;
+            }
+            if (out[-1] != '(' && p[1] == ')') {
+                *out++ = ')';
+                end = out;
+                count_to_end = count;
+                break;
+            }
+            if (out[-1] != '(') {
+                *out++ = ' ';
             }
             continue;
         }
-        if (*p == '\0') {
-            break;
-        }
-        if (blank) {
-            *out++ = ' ';
-        }
-        if (white) {
-            continue;
-        }
-        if (*p == '{' || *p == ':') {
-            bool &first = *p == '{' ? first_brace : first_colon;
-            if (first && end && (*p == '{' || !IsOperator(name))) {
+        if (c == '{' || c == ':') {
+            bool &first = c == '{' ? first_brace : first_colon;
+            if (first && end && (c == '{' || !IsOperator(name))) {
                 break;
             }
             first = false;
         }
-        depth += (*p == '<') - (*p == '>');
-        count += *p == ',' && depth <= 0;
-        *out++ = *p++;
+        *out++ = c;
+        if (c == ',') {
+            count += depth <= 0;
+        } else if (c == ')') {
+            end = out;
+            count_to_end = count;
+        } else {
+            depth += (c == '<') - (c == '>');
+        }
     }
     *(end ? end : out) = '\0';
     if (!end) {
