@@ -178,8 +178,13 @@ void StripStrings(char *text, const char *other) {
 }
 
 void Strip_nrt(const char *text, std::span<char> out) {
+    static constexpr CharSet kSpecial("\n\r\t{,");
     size_t length = 0;
     for (; *text && length + 1 < out.size(); ++text) {
+        if (!kSpecial.Has(*text)) { // most of them
+            out[length++] = *text;
+            continue;
+        }
         if (*text == '\n' || *text == '\r' || *text == '\t' || *text == '{') {
             continue;
         }
@@ -201,12 +206,12 @@ void FormatTemplateLine(char *text) {
             ++p;
             continue;
         }
-        if (!IsWordChar(*p)) {
+        if (!kWordChars.Has(*p)) {
             *out++ = *p++;
             continue;
         }
         const char *end = p;
-        while (IsWordChar(*end)) {
+        while (kWordChars.Has(*end)) {
             ++end;
         }
         const size_t length = end - p;

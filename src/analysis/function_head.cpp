@@ -276,13 +276,16 @@ Verdict TryHead(Head &head, Globals *G) {
 
 // A name that wouldn't fit with its prefix stays as it is.
 void PutInFront(const char *prefix, const char *separator, Globals *G) {
-    LineText name;
-    CopyText(name, prefix);
     if (G->reading & kBraces) {
         separator = SeparatorBehind(prefix, G);
     }
-    if (AppendText(name, separator) && AppendText(name, G->funcname)) {
-        CopyText(G->funcname, name);
+    const size_t outer = strlen(prefix);
+    const size_t joint = strlen(separator);
+    const size_t size = strlen(G->funcname) + 1;
+    if (outer + joint + size <= sizeof G->funcname) {
+        memmove(G->funcname + outer + joint, G->funcname, size);
+        memcpy(G->funcname, prefix, outer);
+        memcpy(G->funcname + outer, separator, joint);
     }
 }
 
@@ -317,6 +320,13 @@ void GetFunction(const char *line, int col, Globals *G) {
     } while (verdict == kTryAgain);
     if (verdict == kSettled) {
         QualifyByNamespace(G);
+    }
+}
+
+void QualifyByClass(Globals *G) {
+    const char *separator = G->is_java || G->is_cs ? "." : G->is_cpp ? "::" : nullptr;
+    if (separator && !strstr(G->funcname, separator)) {
+        PutInFront(G->classname, separator, G);
     }
 }
 

@@ -64,22 +64,6 @@ void DebugOpenParen(const Scan &scan, Globals *G) {
             G->typedef_flag, G->define_flag, G->template_beg_flag);
 }
 
-} // namespace
-
-void QualifyByClass(Globals *G) {
-    const char *separator = G->is_java || G->is_cs ? "." : G->is_cpp ? "::" : nullptr;
-    if (!separator || strstr(G->funcname, separator)) {
-        return;
-    }
-    LineText name;
-    CopyText(name, G->classname);
-    if (AppendText(name, separator) && AppendText(name, G->funcname)) {
-        CopyText(G->funcname, name);
-    }
-}
-
-namespace {
-
 void BeginParams(const Scan &scan, const char *text, Globals *G) {
     ClearText(G->params);
     GatherParams(text, 0, G);

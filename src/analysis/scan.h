@@ -74,7 +74,7 @@ void CaptureTexts(const Scan &scan, Globals *G);
 // The inheritance text of the pending class begins here: it ends at a "{", or goes on with the next lines.
 void BeginBases(const char *text, Globals *G);
 // Appends the line in hand to the parameter text of the candidate, if both fit.
-void CaptureParams(const Scan &scan, Globals *G);
+[[gnu::noinline]] void CaptureParams(const Scan &scan, Globals *G); // it is a step of few commas and parentheses
 
 // Walks the line in code from scan.index until a comment or literal opens or the line ends.
 void ScanCode(Scan &scan, Globals *G);
