@@ -10,70 +10,82 @@ bool IsOperator(const char *name) {
     return strcmp(name, "operator") == 0 || strstr(name, "::operator") != nullptr;
 }
 
-// Packs the text in place: A(int a) : b(a) { c(); keeps (int a), and ( int a,  int b ) is (int a, int b). The parentheses of "operator
-// ()" come ahead of its parameters, so there a ":" ends nothing. A ")" behind a blank ends the text wherever it stands. Returns the
-// number of parameters: one more than there are "," outside of < >.
+// A text that is packed in place: up to out it is, and what is still to be read stands behind.
+struct Packing {
+    char *out;
+    const char *name;    // of the function
+    char *end = nullptr; // behind the last ")"
+    int count = 1;       // of parameters: one more than there are "," outside of < >
+    int count_to_end = 1;
+    int depth = 0;                     // "<" minus ">"
+    bool brace = false, colon = false; // one was met
+};
+
+void Put(Packing &packing, char c) {
+    *packing.out++ = c;
+    if (c == ',') {
+        packing.count += packing.depth <= 0;
+    } else if (c == ')') {
+        packing.end = packing.out;
+        packing.count_to_end = packing.count;
+    } else {
+        packing.depth += (c == '<') - (c == '>');
+    }
+}
+
+// True for the first "{" or ":" of the text, if the list stands ahead of it. The parentheses of "operator ()" come ahead of its
+// parameters, so there a ":" ends nothing.
+bool EndsList(Packing &packing, char c) {
+    bool &met = c == '{' ? packing.brace : packing.colon;
+    const bool first = !met;
+    met = true;
+    return first && packing.end && (c == '{' || !IsOperator(packing.name));
+}
+
+// What is put for white space in front of next. True if the text ends there.
+bool PutWhite(Packing &packing, char next) {
+    if (packing.out[-1] != '(' && next != '\0') {
+        Put(packing, next == ')' ? ')' : ' ');
+        return next == ')';
+    }
+    return next == '\0';
+}
+
+// A(int a) : b(a) { c(); keeps (int a), and ( int a,  int b ) is (int a, int b): a ")" behind a blank ends the text wherever it
+// stands. Returns the number of parameters.
 int Pack(std::span<char> params, const char *name) {
     static constexpr CharSet kSpecial(" \t\n\r){:<>,", true);
-    char *out = params.data();
-    char *end = nullptr; // behind the last ")"
-    int count = 1;
-    int count_to_end = 1;
-    int depth = 0;
-    bool first_brace = true;
-    bool first_colon = true;
-    for (const char *p = SkipSpace(out);; ++p) {
+    Packing packing{.out = params.data(), .name = name};
+    for (const char *p = SkipSpace(params.data());; ++p) {
         const char *begin = p;
         while (!kSpecial.Has(*p)) { // most of them
             ++p;
         }
-        if (out != begin) { // up to the first that is left out nothing moves
-            memmove(out, begin, p - begin);
+        if (packing.out != begin) { // up to the first that is left out nothing moves
+            memmove(packing.out, begin, p - begin);
         }
-        out += p - begin;
-        const char c = *p;
-        if (c <= ' ') { // white space, or the end
-            if (c == '\0') {
-                break;
-            }
+        packing.out += p - begin;
+        if (*p == '\0') {
+            break;
+        }
+        if (IsSpace(*p)) {
             p = p[1] > ' ' ? p : SkipSpace(p) - 1; // mostly it is one blank
-            if (p[1] == '\0') {
+            if (PutWhite(packing, p[1])) {
                 break;
             }
-            if (out[-1] != '(' && p[1] == ')') {
-                *out++ = ')';
-                end = out;
-                count_to_end = count;
-                break;
-            }
-            if (out[-1] != '(') {
-                *out++ = ' ';
-            }
-            continue;
-        }
-        if (c == '{' || c == ':') {
-            bool &first = c == '{' ? first_brace : first_colon;
-            if (first && end && (c == '{' || !IsOperator(name))) {
-                break;
-            }
-            first = false;
-        }
-        *out++ = c;
-        if (c == ',') {
-            count += depth <= 0;
-        } else if (c == ')') {
-            end = out;
-            count_to_end = count;
+        } else if ((*p == '{' || *p == ':') && EndsList(packing, *p)) {
+            break;
         } else {
-            depth += (c == '<') - (c == '>');
+            Put(packing, *p);
         }
     }
-    *(end ? end : out) = '\0';
-    if (!end) {
-        AppendChar(params, ')');
-        return count;
+    if (packing.end) {
+        *packing.end = '\0';
+        return packing.count_to_end;
     }
-    return count_to_end;
+    *packing.out = '\0';
+    AppendChar(params, ')');
+    return packing.count;
 }
 
 } // namespace

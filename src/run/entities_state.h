@@ -16,5 +16,5 @@ struct EntityLists {
     mutable NameIndex macro_index_by_name;
     mutable const LlistNode *macro_indexed;
     mutable uint64_t macro_starts[64]; // a bit for the first two bytes of each macro that was entered, see StartBit
-    mutable int macros_lost; // memory was out for one of them: told at the end of the source
+    mutable int macros_lost;           // memory was out for one of them: told at the end of the source
 };
