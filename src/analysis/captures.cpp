@@ -1,6 +1,7 @@
 // Texts that take more than one line: at the head of each line they are carried on, before a character of it is looked at.
 #include "analysis/class.h"
 #include "analysis/code_text.h"
+#include "analysis/function.h"
 #include "analysis/local_definition.h"
 #include "analysis/scan.h"
 #include "run/globals.h"
@@ -59,14 +60,9 @@ void BeginBases(const char *text, Globals *G) {
 }
 
 void CaptureParams(const Scan &scan, Globals *G) {
-    LineText text;
-    CopyText(text, scan.line);
-    StripComments(text, G->c_comment);
-    if (*scan.line == '#' || G->cpp_comment || !AppendText(G->params, text)) {
-        return;
+    if (*scan.line != '#' && !G->cpp_comment && GatherParams(scan.line, G->c_comment, G)) {
+        G->param_line = scan.number;
     }
-    StripChars(G->params, " \t\r\n");
-    G->param_line = scan.number;
 }
 
 void CaptureTexts(const Scan &scan, Globals *G) {

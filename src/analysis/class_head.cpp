@@ -80,9 +80,21 @@ void QualifyName(const char *name, Globals *G) {
     }
 }
 
+// What TidyName takes away stands in few names.
+bool IsTidy(const char *name) {
+    static constexpr CharSet kUntidy("/{}; \t\n\r", true);
+    while (!kUntidy.Has(*name)) {
+        ++name;
+    }
+    return *name == '\0';
+}
+
 void TidyName(Globals *G) {
     G->class_start_white = WhiteSoFar(G);
     G->class_start_chars = G->file_chars;
+    if (IsTidy(G->classname)) {
+        return;
+    }
     StripCComment(G->classname);
     StripCPPComment(G->classname);
     StripChars(G->classname, kHeadingNoise);
@@ -143,6 +155,9 @@ void GetClassname(const char *line, int col, Globals *G) {
 }
 
 void FormatInheritline(char *text, Globals *G) {
+    if (*text == '\0') { // most classes have no bases
+        return;
+    }
     char *implements = G->is_java ? strstr(text, "implements") : nullptr;
     if (implements) { // the interfaces are no base classes, on whichever side of extends they stand
         const char *extends = strstr(text, "extends");

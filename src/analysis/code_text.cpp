@@ -178,8 +178,13 @@ void StripStrings(char *text, const char *other) {
 }
 
 void Strip_nrt(const char *text, std::span<char> out) {
+    static constexpr CharSet kSpecial("\n\r\t{,");
     size_t length = 0;
     for (; *text && length + 1 < out.size(); ++text) {
+        if (!kSpecial.Has(*text)) { // most of them
+            out[length++] = *text;
+            continue;
+        }
         if (*text == '\n' || *text == '\r' || *text == '\t' || *text == '{') {
             continue;
         }
@@ -192,18 +197,21 @@ void Strip_nrt(const char *text, std::span<char> out) {
 }
 
 void FormatTemplateLine(char *text) {
+    if (!strchr(text, ' ') && !strchr(text, '\t')) { // only where a blank stands anything goes
+        return;
+    }
     char *out = text;
     for (const char *p = text; *p;) {
         if (IsBlankOrTab(*p)) {
             ++p;
             continue;
         }
-        if (!IsWordChar(*p)) {
+        if (!kWordChars.Has(*p)) {
             *out++ = *p++;
             continue;
         }
         const char *end = p;
-        while (IsWordChar(*end)) {
+        while (kWordChars.Has(*end)) {
             ++end;
         }
         const size_t length = end - p;

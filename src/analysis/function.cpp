@@ -70,7 +70,7 @@ void AddToSums(const EntityFigures &f, Globals *G) {
 
 // The lines of a method in its class's body are the class's lines already; "void A::f() {" outside of it brings its own.
 void AddToClass(const EntityFigures &f, int cyclo, Globals *G) {
-    const bool qualified = strstr(G->funcname, "::") != nullptr;
+    const bool qualified = strchr(G->funcname, ':') && strstr(G->funcname, "::");
     if (G->class_flag && (qualified || strchr(G->funcname, '.'))) {
         Add_Func2Class({}, cyclo, G->local_params, G->local_return, G);
     } else if (qualified && !G->class_flag) {
@@ -195,8 +195,7 @@ NodeData *OwnerOf(char *name, int depth, const Globals *G) {
 void OpenFunction(Scan &scan, Globals *G) {
     FormatTemplateLine(G->funcname);
     if (!(G->reading & kBraces)) { // which reads them with the head
-        packParams(G->params, G->funcname, G);
-        G->local_params = countParams(G->params);
+        G->local_params = packParams(G);
     }
     if (G->class_flag && G->method_flag) {
         G->method_flag = 0;
@@ -223,13 +222,14 @@ void CloseFunction(Scan &scan, Globals *G) {
     if (G->local_return == 0) { // a function that falls off its end returns there
         G->local_return = 1;
     }
+    TidyParams(G); // of a head that no "{" of its own has opened
     const EntityFigures figures = Measure(G);
     NoticesBeforeSums(figures, G);
     AddToSums(figures, G);
     NoticesOfLimits(figures, G);
     const int cyclo = CountComplexity(G);
     AddToClass(figures, cyclo, G);
-    if (!AddRecord(figures, cyclo, G)) {
+    if (!G->functions_unlisted && !AddRecord(figures, cyclo, G)) {
         MemoryError(G);
         Abort(scan, G);
         return;

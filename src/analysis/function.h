@@ -17,10 +17,14 @@ int ValFunctionName(Globals *G, const char *op);
 void ReadOperatorName(const char *line, const char *op, std::span<char> out);
 // The index of the "<" that matches the ">" at index close, or -1.
 int OpenAngle(const char *text, int close);
-// Rewrites a parameter text: initialiser lists, bodies and line ends go, the text ends in ")".
-void packParams(std::span<char> params, const char *name, const Globals *G);
-// The number of parameters of a packed text.
-int countParams(const char *params);
+// Appends a line, or the end of one, to the candidate's parameters: its code, with white space as it stands. Returns false, with
+// nothing appended, where it doesn't fit. in_comment: the line begins inside a comment.
+bool GatherParams(const char *text, int in_comment, Globals *G);
+// Joins the white space of what was gathered to single blanks. Ahead of whoever shows parameters that may not be packed.
+void TidyParams(Globals *G);
+// Packs the parameters that were gathered: initialiser lists, bodies, line ends and spare blanks go, the text ends in ")". Returns
+// their number.
+int packParams(Globals *G);
 
 // "f(" in a class A is A::f, in Java and C# A.f; a name that is qualified already stays.
 void QualifyByClass(Globals *G);

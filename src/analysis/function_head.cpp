@@ -6,6 +6,7 @@
 #include "analysis/function.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "analysis/class.h"
 #include "analysis/code_text.h"
@@ -20,8 +21,6 @@ struct Head {
     const char *line;
     int length;
     int col;
-    const char *first_paren, *last_paren; // the line's outermost "(", null for none
-    const char *last_slash;
     const char *op; // "operator" in the line, or null; always null in C
 };
 
@@ -42,13 +41,7 @@ enum Verdict { kNothing, kSettled, kTryAgain };
 
 Head ReadHead(const char *line, int col, const Globals *G) {
     const int length = static_cast<int>(strlen(line));
-    return {line,
-            length,
-            std::clamp(col, 0, length),
-            strchr(line, '('),
-            strrchr(line, '('),
-            strrchr(line, '/'),
-            G->is_c ? nullptr : strstr(line, "operator")};
+    return {line, length, std::clamp(col, 0, length), G->is_c ? nullptr : strstr(line, "operator")};
 }
 
 char NextBehindCol(const Head &head) {
@@ -58,7 +51,7 @@ char NextBehindCol(const Head &head) {
 // int f // the name is in front of this
 // (int a)
 void MoveInFrontOfComment(Head &head) {
-    if (!head.last_slash || head.last_slash < head.line + head.col) {
+    if (!strchr(head.line + head.col, '/')) { // most lines
         return;
     }
     for (int i = head.col; i > 0; --i) {
@@ -73,7 +66,7 @@ void MoveInFrontOfComment(Head &head) {
 // pointer, where there is no other one on the line.
 int EnterPointerDeclarator(Head &head) {
     ++head.col;
-    if (head.first_paren == head.last_paren) {
+    if (strchr(head.line, '(') == strrchr(head.line, '(')) {
         return 0;
     }
     do {
@@ -141,6 +134,23 @@ void ReadBackwards(const char *line, int i, BackwardText &name) {
     }
 }
 
+// The index in front of the letters, digits and "_" that end at i.
+int InFrontOfWord(const char *line, int i) {
+    while (i >= 0 && kWordChars.Has(line[i])) {
+        --i;
+    }
+    return i;
+}
+
+// A name that is one word goes no further: neither a class nor a type stands in front of it.
+bool IsWholeName(const char *line, int in_front) {
+    if (in_front < 0 || line[in_front] == '(' || line[in_front] == '*' || line[in_front] == '&') {
+        return true;
+    }
+    const int before = OverBlanks(line, in_front);
+    return before < in_front && (before < 1 || line[before] != ':' || line[before - 1] != ':');
+}
+
 // char*f, read as one word, is f.
 void KeepLastWord(char *name) {
     const int length = static_cast<int>(strlen(name));
@@ -157,7 +167,8 @@ void KeepLastWord(char *name) {
 
 // 0 if nothing is to be recorded.
 int ReadName(Head &head, Globals *G) {
-    if (head.op && (!head.first_paren || head.op < head.first_paren)) {
+    const char *paren = head.op ? strchr(head.line, '(') : nullptr;
+    if (head.op && (!paren || head.op < paren)) {
         ReadOperatorName(head.line, head.op, G->funcname);
         return 1;
     }
@@ -168,6 +179,13 @@ int ReadName(Head &head, Globals *G) {
     int i = head.col - 1;
     while (i >= 0 && (IsBlankOrTab(head.line[i]) || head.line[i] == ')' || head.line[i] == '\r')) {
         --i;
+    }
+    const int in_front = InFrontOfWord(head.line, i);
+    if (IsWholeName(head.line, in_front)) { // most of them
+        const size_t length = std::min<size_t>(i - in_front, sizeof G->funcname - 1);
+        memcpy(G->funcname, head.line + in_front + 1, length);
+        G->funcname[length] = '\0';
+        return 1;
     }
     BackwardText name;
     ReadBackwards(head.line, i, name);
@@ -187,9 +205,9 @@ void DropCandidate(Globals *G) {
 
 // unsigned (x), while (x): a word of the language stands in front of the parenthesis.
 bool IsWordOfLanguage(const char *name) {
-    static constexpr const char *kWords[] = {"unsigned", "char",   "short", "int", "long", "float", "double",
-                                             "void",     "signed", "while", "if",  "else", "for"};
-    return std::any_of(std::begin(kWords), std::end(kWords), [name](const char *word) { return strcmp(word, name) == 0; });
+    static constexpr std::string_view kWords[] = {"unsigned", "char",   "short", "int", "long", "float", "double",
+                                                  "void",     "signed", "while", "if",  "else", "for"};
+    return std::find(std::begin(kWords), std::end(kWords), std::string_view(name)) != std::end(kWords);
 }
 
 bool IsRefused(Globals *G) {
@@ -221,10 +239,10 @@ int StepOverMacro(Head &head, const Globals *G) {
 }
 
 void HoldCandidate(const Head &head, Globals *G) {
-    LineText token;
-    const char *first = GetNextToken(head.line, 0, token);
-    if (first && strcmp(first, G->funcname) == 0 && IsUpperCase(G->funcname)) {
-        G->macro_like_name = 1;
+    if (IsUpperCase(G->funcname)) { // few names
+        LineText token;
+        const char *first = GetNextToken(head.line, 0, token);
+        G->macro_like_name = first && strcmp(first, G->funcname) == 0;
     }
     G->funcname_flag = 1;
     G->param_list_flag = 1;
@@ -258,13 +276,16 @@ Verdict TryHead(Head &head, Globals *G) {
 
 // A name that wouldn't fit with its prefix stays as it is.
 void PutInFront(const char *prefix, const char *separator, Globals *G) {
-    LineText name;
-    CopyText(name, prefix);
     if (G->reading & kBraces) {
         separator = SeparatorBehind(prefix, G);
     }
-    if (AppendText(name, separator) && AppendText(name, G->funcname)) {
-        CopyText(G->funcname, name);
+    const size_t outer = strlen(prefix);
+    const size_t joint = strlen(separator);
+    const size_t size = strlen(G->funcname) + 1;
+    if (outer + joint + size <= sizeof G->funcname) {
+        memmove(G->funcname + outer + joint, G->funcname, size);
+        memcpy(G->funcname, prefix, outer);
+        memcpy(G->funcname + outer, separator, joint);
     }
 }
 
@@ -299,6 +320,13 @@ void GetFunction(const char *line, int col, Globals *G) {
     } while (verdict == kTryAgain);
     if (verdict == kSettled) {
         QualifyByNamespace(G);
+    }
+}
+
+void QualifyByClass(Globals *G) {
+    const char *separator = G->is_java || G->is_cs ? "." : G->is_cpp ? "::" : nullptr;
+    if (separator && !strstr(G->funcname, separator)) {
+        PutInFront(G->classname, separator, G);
     }
 }
 

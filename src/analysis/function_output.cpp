@@ -63,7 +63,7 @@ struct Identity {
 void Break(Identity &f, Wrap wrap, const Globals *G) {
     f.name = Wrapped(G->funcname, f.name_room, wrap, G);
     f.params = Wrapped(G->params, f.params_room, kParamsWrap, G);
-    f.template_text = Wrapped(G->func_template_text, f.template_room, wrap, G);
+    f.template_text = G->func_template ? Wrapped(G->func_template_text, f.template_room, wrap, G) : nullptr;
 }
 
 void ReadIdentity(Identity &f, const Globals *G) {
@@ -141,6 +141,7 @@ void FunctionEnd(Globals *G) {
 }
 
 void EmitFunction(Globals *G) {
+    TidyParams(G); // at the end of a file a head may be open
     if (!G->function_metrics_implied && !G->totals_only) {
         if (G->comment_doc_mode) {
             Put("\n");
@@ -162,7 +163,6 @@ void EmitFunction(Globals *G) {
 }
 
 void ShowFunction(const LineCounts &lines, Globals *G) {
-    const int cyclo = GetCycloComplexity(G);
     if (G->csv_function_lines) {
         NodeData function{};
         static_cast<LineCounts &>(function) = lines;
@@ -170,13 +170,14 @@ void ShowFunction(const LineCounts &lines, Globals *G) {
         function.parameters = G->params;
         function.params = G->local_params;
         function.returns = G->local_return;
-        function.cyclo = cyclo;
+        function.cyclo = GetCycloComplexity(G);
         CSV_Function_Line(function, G);
         return;
     }
     if (G->totals_only || G->comment_doc_mode) {
         return;
     }
+    const int cyclo = GetCycloComplexity(G);
     ComplexDetails(cyclo, G);
     ComplexLine(G->local_params, G->local_return, cyclo, G);
     LOCLine(lines.loc, lines.eloc, lines.lloc, lines.comments, lines.lines, G);

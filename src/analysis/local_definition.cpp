@@ -34,7 +34,7 @@ const char *SkipSpaceAndComments(const char *p) {
 }
 
 bool IsNameCharacter(char c) {
-    return IsWordChar(c) || c == '$' || c < 0; // a name may hold any letter of UTF-8
+    return kWordChars.Has(c) || c == '$' || c < 0; // a name may hold any letter of UTF-8
 }
 
 // Behind the partner of the bracket that is open: (packed), [[nodiscard]], <int>. At the end of the text without one.
@@ -62,25 +62,40 @@ Finding ReadBases(const char *p) {
     return kOpen;
 }
 
-const char *ReadWord(LocalHeading &heading, const char *p, const Globals *G) {
-    LineText word;
-    const char *begin = p;
-    while (IsNameCharacter(*p)) {
-        ++p;
+std::string_view WordAt(const char *p) {
+    const char *end = p;
+    while (IsNameCharacter(*end)) {
+        ++end;
     }
-    CopyPart(word, begin, p - begin);
-    const std::string_view name(word);
-    if (name == "final" || name == "extends" || name == "implements" || name == "permits") {
+    return {p, static_cast<size_t>(end - p)};
+}
+
+void TakeMacro(LocalHeading &heading, std::string_view name, const Globals *G) {
+    if (!name.empty()) {
+        LineText word;
+        CopyPart(word, name.data(), name.size());
+        heading.behind_macro = is_macro(word, G);
+    }
+}
+
+// Behind the word at p; name is the one ahead of it on this line. Only where a name follows another it matters whether that was a
+// macro.
+const char *ReadWord(LocalHeading &heading, const char *p, std::string_view &name, const Globals *G) {
+    const std::string_view word = WordAt(p);
+    if (word == "final" || word == "extends" || word == "implements" || word == "permits") {
         heading.in_bases = 1;
-        return p;
+    } else {
+        TakeMacro(heading, name, G);
+        heading.names = heading.behind_macro ? 1 : heading.names + 1;
+        heading.behind_macro = 0;
+        name = word;
     }
-    heading.names = heading.behind_macro ? 1 : heading.names + 1;
-    heading.behind_macro = is_macro(word, G);
-    return p;
+    return p + word.size();
 }
 
 // Goes on with a heading up to where it is known what it is, or to the end of the line.
 Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
+    std::string_view name;
     p = SkipGroup(heading, p);
     for (p = SkipSpaceAndComments(p); *p; p = SkipSpaceAndComments(p)) {
         if (heading.in_bases) {
@@ -101,9 +116,10 @@ Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
         } else if (*p == '(' && heading.names == 1) { // struct __attribute__((packed)) head {
             heading.names = 0;
             heading.behind_macro = 0;
+            name = {};
             p = EnterGroup(heading, p, ')');
         } else if (IsNameCharacter(*p)) {
-            p = ReadWord(heading, p, G);
+            p = ReadWord(heading, p, name, G);
             if (heading.names > 1) {
                 return kNamed;
             }
@@ -111,6 +127,7 @@ Finding Read(LocalHeading &heading, const char *p, const Globals *G) {
             return kNamed;
         }
     }
+    TakeMacro(heading, name, G);
     return kOpen;
 }
 

@@ -64,26 +64,9 @@ void NoteMethod(Globals *G) {
             G->typedef_flag, G->define_flag, G->template_beg_flag);
 }
 
-} // namespace
-
-void QualifyByClass(Globals *G) {
-    const char *separator = G->is_java || G->is_cs ? "." : G->is_cpp ? "::" : nullptr;
-    if (!separator || strstr(G->funcname, separator)) {
-        return;
-    }
-    LineText name;
-    CopyText(name, G->classname);
-    if (AppendText(name, separator) && AppendText(name, G->funcname)) {
-        CopyText(G->funcname, name);
-    }
-}
-
-namespace {
-
 void BeginParams(const Scan &scan, const char *text, Globals *G) {
-    CopyText(G->params, text);
-    StripComments(G->params, 0);
-    StripChars(G->params, " \t\r\n");
+    ClearText(G->params);
+    GatherParams(text, 0, G);
     G->param_capture = 1;
     G->line_wants |= kWantsHead;
     G->param_line = scan.number;

@@ -80,10 +80,11 @@ void NoticeOfName(Globals *G) {
     } else if (G->is_java || G->is_cs) {
         separator = strrchr(G->funcname, '.');
     }
-    LineText name;
-    CopyText(name, separator ? separator + 1 : G->funcname);
-    if (G->is_cs) {
-        name[strcspn(name, "<")] = '\0';
+    const char *name = separator ? separator + 1 : G->funcname;
+    LineText bare;
+    if (G->is_cs && strchr(name, '<')) {
+        CopyPart(bare, name, strcspn(name, "<"));
+        name = bare;
     }
     EmitFunctionNameNotice(name, G);
 }

@@ -88,7 +88,7 @@ void CaptureTexts(const Scan &scan, Globals *G);
 // The inheritance text of the pending class begins here: it ends at a "{", or goes on with the next lines.
 void BeginBases(const char *text, Globals *G);
 // Appends the line in hand to the parameter text of the candidate, if both fit.
-void CaptureParams(const Scan &scan, Globals *G);
+[[gnu::noinline]] void CaptureParams(const Scan &scan, Globals *G); // it is a step of few commas and parentheses
 
 // The handlers of the file's language.
 Handler *const *HandlersFor(const Globals *G);

@@ -56,3 +56,6 @@ struct CharSet {
     }
     constexpr bool Has(char c) const { return has[static_cast<unsigned char>(c)]; }
 };
+
+// What IsWordChar tells, in one look-up.
+inline constexpr CharSet kWordChars("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_");

@@ -31,6 +31,7 @@ struct FunctionTexts {
 
 struct FunctionState : FunctionHead {
     int param_line;       // the last line collected into params
+    int params_loose;     // their white space stands as it was collected
     int inline_flag;      // declared inline
     int local_params;     // parameters of the open function
     int local_void_param; // its parameter list holds void

@@ -70,6 +70,7 @@ struct ReportSwitches {
     int function_metrics;         // -fa and others
     int function_metrics_implied; // functions are measured for the class reports only
     int function_points;          // -fp and others
+    int functions_unlisted;       // nothing that is printed walks the list of functions: it isn't filled
     int object_metrics;           // -o and others
     int inheritance_report;       // -i and others
     int list_functions;           // -l

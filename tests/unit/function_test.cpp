@@ -165,7 +165,7 @@ TEST_CASE_FIXTURE(Bench, "no text of a line leads a reader out of its bounds") {
         memcpy(exact.get(), line.c_str(), length + 1);
         GetFunction(exact.get(), static_cast<int>(next(length + 3)) - 1, G);
         CopyText(G->params, exact.get());
-        packParams(G->params, G->funcname, G);
+        packParams(G);
         CHECK(G->params[strlen(G->params) - 1] == ')');
     }
 }

@@ -70,6 +70,7 @@ TEST_CASE("local definitions") {
     }
     AddMacro("MARK", 1, G);
     CHECK(found({{" MARK a {\n"}, 1}) == 1);
+    CHECK(found({{" MARK\n", "a {\n"}, 1}) == 1);
     CHECK(found({{" MARK(())\n", "MARK {\n"}, 1}) == 1);
     CHECK(found({{" MARK\n", "a b = {\n"}, 0}) == 0);
     int Globals::*const kept_away[] = {&Globals::define_flag, &Globals::enum_flag, &Globals::is_cs};

@@ -7,6 +7,8 @@ struct Globals;
 void ShowFileFunctionSummary(Globals *G);
 // The project. The function and class passes feed the namespace records, so namespaces come last.
 void ShowProjectFunctionSummary(Globals *G);
+// True where the switches ask for the summary of the project's functions; elsewhere it shows nothing.
+bool WantsFunctionSummary(const Globals *G);
 void ShowProjectClassSummary(Globals *G);
 void ShowProjectInterSummary(Globals *G);
 void ShowProjectNamespaceSummary(Globals *G);

@@ -95,8 +95,13 @@ static void TShowFunctionSummary(Globals *G) {
     }
 }
 
+bool WantsFunctionSummary(const Globals *G) {
+    const int asked = G->totals_only ? G->totals_all | G->totals_functions : G->function_metrics;
+    return asked && !G->function_metrics_implied;
+}
+
 void ShowProjectFunctionSummary(Globals *G) {
-    if (G->function_list.count < 1 || G->function_metrics_implied) {
+    if (G->function_list.count < 1 || !WantsFunctionSummary(G)) {
         return;
     }
     SettleFunctionList(G);

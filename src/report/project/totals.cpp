@@ -14,9 +14,7 @@
 #include "tree/class_tree.h"
 
 void ShowTotalReport(Globals *G) {
-    if (G->totals_all || G->totals_functions) {
-        ShowProjectFunctionSummary(G);
-    }
+    ShowProjectFunctionSummary(G);
     if (G->totals_all || G->totals_classes) {
         ShowProjectClassSummary(G);
     }

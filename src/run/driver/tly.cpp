@@ -218,9 +218,7 @@ void ProjectHeading(Globals *G) {
 }
 
 void EntityReports(Globals *G) {
-    if (G->function_metrics) {
-        ShowProjectFunctionSummary(G);
-    }
+    ShowProjectFunctionSummary(G);
     if (G->object_metrics) {
         ShowProjectClassSummary(G);
         ShowProjectInterSummary(G);
@@ -272,6 +270,17 @@ bool HasTotals(const Globals *G) {
     return !G->print_mode && !G->comment_doc_mode && !G->extract_mode && !G->decharacter_mode;
 }
 
+// Of a listing the files and functions are all; the others have project reports behind their totals.
+bool HasProjectReports(const Globals *G) {
+    return HasTotals(G) && !G->list_functions && !G->list_files_only;
+}
+
+// Behind everything that changes a switch, and ahead of the first file.
+void SettleFunctionRecords(Globals *G) {
+    const bool walked = WantsFunctionSummary(G) || G->estimate_mode;
+    G->functions_unlisted = G->csv_rows || !HasProjectReports(G) || !walked;
+}
+
 void EndReport(ProcessTimer *timer, Globals *G) {
     if (G->csv_rows) { // its lines are the whole report
         SetTotal(G);
@@ -287,7 +296,7 @@ void EndReport(ProcessTimer *timer, Globals *G) {
         if (G->csv_mode && G->csv_file_lines) {
             CSV_File_Total(G);
         }
-        if (!G->list_functions && !G->list_files_only) {
+        if (HasProjectReports(G)) {
             ProjectHeading(G);
             ProjectReports(G);
         }
@@ -318,6 +327,7 @@ int tly(int argc, char **argv, bool config_home) {
     SettleSwitches(G);
     SettleReading(G);
     BeginReport(&timer, G);
+    SettleFunctionRecords(G);
     GatherFiles(first_argument, G);
     ProcessFiles(G);
     EndProgress(G);
