@@ -4,6 +4,8 @@
 #include "analysis/parse_line.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <climits>
 
 #include "analysis/entities.h"
@@ -115,9 +117,24 @@ void AddClamped(int &sum, int more) {
     }
 }
 
+using Bytes = unsigned char __attribute__((vector_size(16)));
+
+// Whether one of the 17 bytes at text is an "h" in front of an "r", which few words have.
+bool HoldsHr(const char *text) {
+    Bytes bytes, next;
+    memcpy(&bytes, text, sizeof bytes);
+    memcpy(&next, text + 1, sizeof next);
+    const auto found = std::bit_cast<std::array<uint64_t, 2>>((bytes == 'h') & (next == 'r'));
+    return (found[0] | found[1]) != 0;
+}
+
 // A comment that says that a case falls through on purpose: "fall through", "drop thru", ...
-bool SpeaksOfFallingThrough(const char *line) {
-    for (const char *p = line; (p = strstr(p, " thr")) != nullptr; p += 4) {
+bool SpeaksOfFallingThrough(const char *line, int length) {
+    int i = 0;
+    while (i < length && !HoldsHr(line + i)) {
+        i += static_cast<int>(sizeof(Bytes));
+    }
+    for (const char *p = i < length ? line : ""; (p = strstr(p, " thr")) != nullptr; p += 4) {
         const int verb = p - line >= 4 && (strncmp(p - 4, "fall", 4) == 0 || strncmp(p - 4, "drop", 4) == 0);
         if (verb && (p[4] == 'u' || strncmp(p + 4, "ough", 4) == 0)) {
             return true;
@@ -131,9 +148,9 @@ void CountBlank(Globals *G) {
     G->comment_pending = 0;
 }
 
-void CountComment(const char *line, Globals *G) {
+void CountComment(const char *line, int length, Globals *G) {
     if (G->function_metrics | G->list_functions) { // only functions ask
-        G->fall_through += SpeaksOfFallingThrough(line);
+        G->fall_through += SpeaksOfFallingThrough(line, length);
     }
     ++G->comment_pending;
     ++G->file_comments;
@@ -145,7 +162,7 @@ void CountLine(const Scan &scan, int has_comment, Globals *G) {
     }
     G->file_loc += scan.is_loc;
     if (has_comment) {
-        CountComment(scan.line, G);
+        CountComment(scan.line, scan.length, G);
     }
 }
 
@@ -368,7 +385,7 @@ bool CountWithoutCode(const SourceLine &line, int first_visible, Globals *G) {
     } else if (GoesOn(line.text, line.length, G)) {
         return false;
     } else {
-        CountComment(line.text, G);
+        CountComment(line.text, line.length, G);
     }
     AddClamped(G->file_chars, line.length);
     EndStatesOfLine(G);
