@@ -20,19 +20,13 @@
 #include "run/globals.h"
 #include "run/mode.h"
 
-bool SingleChar(const char *line, char ch) {
-    const char *p = Ltrim(line);
-    if (*p != ch) {
-        return false;
-    }
-    if (p[1] == '\n') { // most of them
-        return true;
-    }
+// What stands behind a line's first character, from its first "/" on: of comments, or no comment.
+static bool IsOverWithComments(const char *p, const char *line) {
     const char *end = strstr(line, "//");
     if (!end) {
         end = line + strlen(line);
     }
-    for (++p; p < end && !IsLineEnd(*p); ++p) {
+    for (; p < end && !IsLineEnd(*p); ++p) {
         if (*p == '/' && p + 1 < end && p[1] == '*') {
             const char *close = strstr(p + 2, "*/");
             if (!close || close + 2 > end) {
@@ -44,6 +38,17 @@ bool SingleChar(const char *line, char ch) {
         }
     }
     return true;
+}
+
+bool SingleChar(const char *line, char ch) {
+    const char *p = Ltrim(line);
+    if (*p != ch) {
+        return false;
+    }
+    do {
+        ++p;
+    } while (*p == ' ' || *p == '\t' || *p == ';');
+    return *p == '\0' || IsLineEnd(*p) || (*p == '/' && IsOverWithComments(p, line));
 }
 
 namespace {

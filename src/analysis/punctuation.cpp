@@ -148,17 +148,20 @@ void OnSemicolon(Scan &scan, Globals *G) {
 
 namespace {
 
+bool StandsAhead(const Scan &scan, std::string_view word) {
+    return std::string_view(scan.line, scan.index).find(word) != std::string_view::npos;
+}
+
 // An "=" outside functions: a member's initial value, or the end of what looked like a head. "operator" and "#define" in front of
 // it make it no assignment.
 [[gnu::noinline]] void AssignOutsideFunction(const Scan &scan, Globals *G) {
-    const char *assign = scan.line + scan.index;
-    const char *op = strstr(scan.line, "operator");
-    const char *define = strstr(scan.line, "#define");
-    const int behind_define = define && define < assign;
-    if ((op ? op >= assign : !behind_define) && G->class_flag && !G->method_flag && !G->method_done) {
+    const bool behind_operator = StandsAhead(scan, "operator");
+    const bool behind_define = StandsAhead(scan, "#define");
+    const bool may_be_member = !behind_operator && (!behind_define || strstr(scan.line + scan.index, "operator"));
+    if (may_be_member && G->class_flag && !G->method_flag && !G->method_done) {
         G->attr_flag = 1;
     }
-    if ((op && op < assign) || behind_define) {
+    if (behind_operator || behind_define) {
         G->assignment_flag = 0;
     }
     if (G->open_paren == G->close_paren) { // int x = f(1);
