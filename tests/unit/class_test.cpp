@@ -123,7 +123,7 @@ TEST_CASE_FIXTURE(Bench, "a name seen again is the same record, in whichever fil
     G->file_name = "second";
     Feed("\nclass M A : public B {\n};\nstruct { int a; } A;\n");
     CHECK(Names(G->class_list) == "A instance"); // the second name is taken: its figures go to the first record
-    const NodeData *record = FindClass("A", G);
+    const ClassData *record = FindClass("A", G);
     CHECK(std::string(record->file) == "second");
     CHECK(record->line == 2);
     CHECK(record->parents == 1);
