@@ -122,14 +122,17 @@ void FlushEarlyMessages(Globals *G) {
     LlistDestroy(&G->early_messages, nullptr);
 }
 
-bool IsReport(const struct stat &file, const Globals *G) {
-    struct stat report;
-    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && IsSameFile(file, report);
+bool StatReport(struct stat *report, const Globals *G) {
+    const bool is_file = fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), report) == 0 && S_ISREG(report->st_mode);
+    if (!is_file) {
+        *report = {};
+    }
+    return is_file;
 }
 
 bool IsReport(const char *path, const Globals *G) {
-    struct stat file;
-    return stat(path, &file) == 0 && IsReport(file, G);
+    struct stat file, report;
+    return stat(path, &file) == 0 && StatReport(&report, G) && IsSameFile(file, report);
 }
 
 int FinishOutput(int status) {
