@@ -51,7 +51,7 @@ int UpdateClassRecord(ClassData *record, const char *inherit, const char *templa
     ClassData seen = *record;
     if (inherit) {
         seen.inherit_line = const_cast<char *>(inherit); // texts are copied
-        seen.parents = CountParents(inherit);
+        seen.parents = static_cast<uint16_t>(CountParents(inherit));
     }
     if (template_text) {
         seen.template_line = const_cast<char *>(template_text);

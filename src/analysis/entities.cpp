@@ -29,7 +29,7 @@ ClassData *AddRecord(const char *name, const char *inherit, const char *template
     record.file = G->file_name;
     record.line = line;
     record.nesting = nesting;
-    record.parents = parents;
+    record.parents = static_cast<uint16_t>(parents);
     record.is_struct = is_struct != 0;
     record.language = LanguageInHand(G);
     const int added = AddListNode(0, record, list, G);

@@ -70,13 +70,13 @@ struct FunctionData : NodeData {
 // A class, struct, interface, namespace or package.
 struct ClassData : NodeData {
     bool is_struct;
+    uint16_t parents;    // base classes, as many as a line of text holds at most
     char *inherit_line;  // base class text; may be null
     char *template_line; // may be null
     int functions;
     int public_methods, protected_methods, private_methods;
     int public_data, protected_data, private_data;
     int nesting; // class nesting depth, 0 at the top; in a namespace: number of its classes
-    int parents; // base classes
 };
 
 // A source file of a baseline, or its difference to another.

@@ -98,7 +98,7 @@ TEST_CASE("the name index answers as a map of the library does") {
     NameIndex index{};
     const auto any_name = [&] {
         const auto n = random() % 700;
-        return "n" + std::to_string(n == 0 ? 15748 : n == 1 ? 33700 : n); // 15748 and 33700 have one hash
+        return "n" + std::to_string(n == 0 ? 95779 : n == 1 ? 415000 : n); // 95779 and 415000 have one hash
     };
     const auto enter = [&](Entry *entry) {
         entry->name = entry->text.c_str();
