@@ -47,31 +47,24 @@ void TakeTemplate(Globals *G) {
     G->template_flag = 0;
 }
 
-// Returns 0, with the old text kept, when memory is out.
-int ReplaceText(char **field, const char *text) {
-    char *copy = CopyOnHeap(text);
-    if (!copy) {
-        return 0;
-    }
-    free(*field);
-    *field = copy;
-    return 1;
-}
-
-int UpdateClassRecord(NodeData *record, const char *inherit, const char *template_text, Globals *G) {
-    if ((inherit && !ReplaceText(&record->inherit_line, inherit)) ||
-        (template_text && !ReplaceText(&record->template_line, template_text))) {
-        MemoryError(G);
-        return 0;
-    }
+int UpdateClassRecord(ClassData *record, const char *inherit, const char *template_text, Globals *G) {
+    ClassData seen = *record;
     if (inherit) {
-        record->parents = CountParents(inherit);
+        seen.inherit_line = const_cast<char *>(inherit); // texts are copied
+        seen.parents = static_cast<uint16_t>(CountParents(inherit));
     }
-    record->file = G->file_name;
-    record->language = LanguageInHand(G);
-    record->line = G->file_line_no;
-    record->nesting = G->class_index;
-    record->is_struct = G->struct_flag != 0;
+    if (template_text) {
+        seen.template_line = const_cast<char *>(template_text);
+    }
+    seen.file = G->file_name;
+    seen.language = LanguageInHand(G);
+    seen.line = G->file_line_no;
+    seen.nesting = G->class_index;
+    seen.is_struct = G->struct_flag != 0;
+    if (inherit || template_text) {
+        return ReplaceClass(record, seen, G) != nullptr;
+    }
+    *record = seen;
     return 1;
 }
 
@@ -82,7 +75,7 @@ int RecordClass(Globals *G) {
     }
     const char *inherit = G->inherit_flag ? G->inherit_line : nullptr;
     const char *template_text = G->template_done ? G->class_template : nullptr;
-    if (NodeData *known = FindClass(G->classname, G)) {
+    if (ClassData *known = FindClass(G->classname, G)) {
         if (G->debug) {
             Message(G, "*** Debug: Open Class, Already in classlist so Appending Class %s\n", G->classname);
         }
@@ -138,7 +131,7 @@ void NameStruct(const Scan &scan, Globals *G) {
     if (char *bracket = strchr(G->classname, '[')) {
         *bracket = '\0';
     }
-    NodeData *record = FindClass(G->classname, G) ? nullptr : FindClass(old_name, G);
+    ClassData *record = FindClass(G->classname, G) ? nullptr : FindClass(old_name, G);
     if (record) {
         RenameClass(record, G->classname, G);
     }
@@ -337,9 +330,9 @@ void PushNestedClass(Globals *G) {
 }
 
 void Add_Class2Class(const LineCounts &lines, Globals *G) {
-    NodeData *record = G->interface_class               ? FindInterface(G->classname, G)
-                       : FindNamespace(G->classname, G) ? nullptr
-                                                        : FindClass(G->classname, G);
+    ClassData *record = G->interface_class               ? FindInterface(G->classname, G)
+                        : FindNamespace(G->classname, G) ? nullptr
+                                                         : FindClass(G->classname, G);
     if (!record) {
         return;
     }

@@ -12,24 +12,24 @@
 namespace {
 
 // The record in the list's last node enters the index; null, after a message, when the record wasn't added or doesn't fit in.
-NodeData *EnterLast(int added, Llist *list, NameIndex *index, Globals *G) {
-    if (!added || !IndexName(index, list->tail->data)) {
+ClassData *EnterLast(int added, Llist *list, NameIndex *index, Globals *G) {
+    if (!added || !IndexName(index, Record<void>(list->tail))) {
         MemoryError(G);
         return nullptr;
     }
-    return Record<NodeData>(list->tail);
+    return Record<ClassData>(list->tail);
 }
 
-NodeData *AddRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
-                    int is_struct, Llist *list, NameIndex *index, Globals *G) {
-    NodeData record{};
+ClassData *AddRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
+                     int is_struct, Llist *list, NameIndex *index, Globals *G) {
+    ClassData record{};
     record.name = const_cast<char *>(name); // texts are copied
     record.inherit_line = const_cast<char *>(inherit);
     record.template_line = const_cast<char *>(template_text);
     record.file = G->file_name;
     record.line = line;
     record.nesting = nesting;
-    record.parents = parents;
+    record.parents = static_cast<uint16_t>(parents);
     record.is_struct = is_struct != 0;
     record.language = LanguageInHand(G);
     const int added = AddListNode(0, record, list, G);
@@ -38,41 +38,48 @@ NodeData *AddRecord(const char *name, const char *inherit, const char *template_
 
 } // namespace
 
-NodeData *FindClass(const char *name, const Globals *G) {
-    return static_cast<NodeData *>(FindIndexed(&G->class_index_by_name, name));
+ClassData *FindClass(const char *name, const Globals *G) {
+    return static_cast<ClassData *>(FindIndexed(&G->class_index_by_name, name));
 }
 
-NodeData *FindInterface(const char *name, const Globals *G) {
-    return static_cast<NodeData *>(FindIndexed(&G->interface_index_by_name, name));
+ClassData *FindInterface(const char *name, const Globals *G) {
+    return static_cast<ClassData *>(FindIndexed(&G->interface_index_by_name, name));
 }
 
-NodeData *FindNamespace(const char *name, const Globals *G) {
-    return static_cast<NodeData *>(FindIndexed(&G->namespace_index_by_name, name));
+ClassData *FindNamespace(const char *name, const Globals *G) {
+    return static_cast<ClassData *>(FindIndexed(&G->namespace_index_by_name, name));
 }
 
-NodeData *AddClassRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
-                         int is_struct, Globals *G) {
+ClassData *AddClassRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
+                          int is_struct, Globals *G) {
     return AddRecord(name, inherit, template_text, line, nesting, parents, is_struct, &G->class_list, &G->class_index_by_name, G);
 }
 
-NodeData *AddInterfaceRecord(const char *name, int line, int nesting, Globals *G) {
+ClassData *AddInterfaceRecord(const char *name, int line, int nesting, Globals *G) {
     return AddRecord(name, nullptr, nullptr, line, nesting, 0, 0, &G->interface_list, &G->interface_index_by_name, G);
 }
 
-NodeData *AddNamespaceRecord(const char *name, int line, Globals *G) {
+ClassData *AddNamespaceRecord(const char *name, int line, Globals *G) {
     return AddRecord(name, nullptr, nullptr, line, 0, 0, 0, &G->namespace_list, &G->namespace_index_by_name, G);
 }
 
-void RenameClass(NodeData *record, const char *name, Globals *G) {
-    char *copy = CopyOnHeap(name);
+ClassData *ReplaceClass(ClassData *record, const ClassData &by, Globals *G) {
+    ClassData *copy = CopyClass(by);
     if (!copy) {
         MemoryError(G);
-        return;
+        return nullptr;
     }
     UnindexName(&G->class_index_by_name, record);
-    free(record->name);
-    record->name = copy;
-    IndexName(&G->class_index_by_name, record);
+    LlistReplace(&G->class_list, record, copy);
+    FreeRecord(record);
+    IndexName(&G->class_index_by_name, copy);
+    return copy;
+}
+
+void RenameClass(ClassData *record, const char *name, Globals *G) {
+    ClassData renamed = *record;
+    renamed.name = const_cast<char *>(name); // copied
+    ReplaceClass(record, renamed, G);
 }
 
 namespace {
@@ -87,7 +94,7 @@ void IndexMacros(const Globals *G) {
     const LlistNode *node = G->macro_indexed ? G->macro_indexed->next : G->macro_list.head;
     G->macro_indexed = G->macro_list.tail;
     for (; node; node = node->next) {
-        G->macros_lost |= !IndexName(&G->macro_index_by_name, node->data);
+        G->macros_lost |= !IndexName(&G->macro_index_by_name, Record<void>(node));
         const int bit = StartBit(Record<NameData>(node)->name);
         G->macro_starts[bit / 64] |= uint64_t{1} << bit % 64;
     }
@@ -123,9 +130,9 @@ void ForgetMacros(int keep, Globals *G) {
     while (G->macro_list.count > keep) {
         LlistNode *last = G->macro_list.tail;
         if (last == G->macro_indexed) {
-            UnindexName(&G->macro_index_by_name, last->data);
+            UnindexName(&G->macro_index_by_name, Record<void>(last));
             G->macro_indexed = last->prev;
         }
-        LlistRemoveNodeInList(&G->macro_list, last, NameDataFree);
+        LlistRemoveNodeInList(&G->macro_list, last, nullptr);
     }
 }

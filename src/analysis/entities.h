@@ -2,19 +2,22 @@
 #pragma once
 
 struct Globals;
-struct NodeData;
+struct ClassData;
 
 // The record of a name, or null.
-NodeData *FindClass(const char *name, const Globals *G);
-NodeData *FindInterface(const char *name, const Globals *G);
-NodeData *FindNamespace(const char *name, const Globals *G);
+ClassData *FindClass(const char *name, const Globals *G);
+ClassData *FindInterface(const char *name, const Globals *G);
+ClassData *FindNamespace(const char *name, const Globals *G);
 // Adds a record with all figures 0, entered in the index; null, after a message, when memory is out.
-NodeData *AddClassRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
-                         int is_struct, Globals *G);
-NodeData *AddInterfaceRecord(const char *name, int line, int nesting, Globals *G);
-NodeData *AddNamespaceRecord(const char *name, int line, Globals *G);
-// Gives a class record another name.
-void RenameClass(NodeData *record, const char *name, Globals *G);
+ClassData *AddClassRecord(const char *name, const char *inherit, const char *template_text, int line, int nesting, int parents,
+                          int is_struct, Globals *G);
+ClassData *AddInterfaceRecord(const char *name, int line, int nesting, Globals *G);
+ClassData *AddNamespaceRecord(const char *name, int line, Globals *G);
+// Puts a copy of another into the place of a class record, which is freed. Null, after a message, when memory is out: the record
+// stays then.
+ClassData *ReplaceClass(ClassData *record, const ClassData &by, Globals *G);
+// Gives a class another name: its record is another one then.
+void RenameClass(ClassData *record, const char *name, Globals *G);
 // True if word is in macro_list: a word of the macro file or a #define seen so far. A word whose first byte, read as signed, is 32
 // or less is none.
 bool is_macro(const char *word, const Globals *G);

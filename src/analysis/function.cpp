@@ -79,7 +79,7 @@ void AddToClass(const EntityFigures &f, int cyclo, Globals *G) {
 }
 
 int AddRecord(const EntityFigures &f, int cyclo, Globals *G) {
-    NodeData record{};
+    FunctionData record{};
     static_cast<LineCounts &>(record) = f;
     record.name = G->funcname;
     record.parameters = G->params;
@@ -94,7 +94,7 @@ int AddRecord(const EntityFigures &f, int cyclo, Globals *G) {
 }
 
 // A function more for a class or a namespace.
-void AddFunction(NodeData *sum, const LineCounts &lines, int cyclo, int64_t params, int returns) {
+void AddFunction(ClassData *sum, const LineCounts &lines, int cyclo, int64_t params, int returns) {
     Add(*sum, lines);
     sum->cyclo += cyclo;
     sum->params += params;
@@ -174,7 +174,7 @@ const ClassBody *BodyAt(int depth, const Globals *G) {
 
 // The record that a method counts for at a depth of nesting: of an interface by its own name, of a class by the method's, cut to
 // it; what the modern reading finds in a class is that class's.
-NodeData *OwnerOf(char *name, int depth, const Globals *G) {
+ClassData *OwnerOf(char *name, int depth, const Globals *G) {
     const ClassBody *body = BodyAt(depth, G);
     if (body && body->interface_class) {
         return FindInterface(body->classname, G);
@@ -185,7 +185,7 @@ NodeData *OwnerOf(char *name, int depth, const Globals *G) {
     if (body && G->class_flag) {
         return FindClass(body->classname, G);
     }
-    NodeData *specialised = FindClass(name, G);
+    ClassData *specialised = FindClass(name, G);
     DropTypes(name);
     return specialised ? specialised : FindClass(name, G);
 }
@@ -274,7 +274,7 @@ void Add_Func2Class(const LineCounts &lines, int cyclo, int params, int returns,
     const int nested = std::min(G->class_index, kNestingLimit);
     for (int depth = G->class_index; depth >= G->class_index - nested; --depth) {
         const int separated = CutToClass(name, G);
-        NodeData *record = OwnerOf(name, depth, G);
+        ClassData *record = OwnerOf(name, depth, G);
         if (!record && !separated) {
             continue;
         }
@@ -297,7 +297,7 @@ void Add_Func2namespace(const NodeData &function, Globals *G) {
     }
     LineText left;
     CopyPart(left, function.name, colon - function.name);
-    if (NodeData *record = FindNamespace(left, G)) {
+    if (ClassData *record = FindNamespace(left, G)) {
         LineCounts lines = function;
         lines.blanks = 0; // stay those of the namespace's classes
         AddFunction(record, lines, function.cyclo, function.params, function.returns);

@@ -164,7 +164,7 @@ void EmitFunction(Globals *G) {
 
 void ShowFunction(const LineCounts &lines, Globals *G) {
     if (G->csv_function_lines) {
-        NodeData function{};
+        FunctionData function{};
         static_cast<LineCounts &>(function) = lines;
         function.name = G->funcname;
         function.parameters = G->params;

@@ -61,7 +61,7 @@ int CutLastPart(char *name) {
     return 0;
 }
 
-void AddMembers(NodeData *sum, const NodeData *record) {
+void AddMembers(ClassData *sum, const ClassData *record) {
     Add(*sum, *record);
     sum->cyclo += record->cyclo;
     sum->returns += record->returns;
@@ -183,11 +183,11 @@ void CloseNamespace(Globals *G) {
     }
 }
 
-void Add_Class2namespace(const NodeData *record, int only_count, Globals *G) {
+void Add_Class2namespace(const ClassData *record, int only_count, Globals *G) {
     LineText name;
     CopyText(name, record->name);
     while (CutLastPart(name)) {
-        NodeData *found = FindNamespace(name, G);
+        ClassData *found = FindNamespace(name, G);
         if (!found) {
             continue;
         }

@@ -2,7 +2,7 @@
 #pragma once
 
 struct Globals;
-struct NodeData;
+struct ClassData;
 struct Scan;
 
 // The keywords; end is the index behind the word. When a record can't be made: a message, and scan.aborted is set.
@@ -15,4 +15,4 @@ void EmitNamespace(Globals *G, int begin);
 // The "}" in hand ends the open namespace.
 void CloseNamespace(Globals *G);
 // Adds a class record's figures to the innermost namespace in its name; with only_count just raises its class count.
-void Add_Class2namespace(const NodeData *record, int only_count, Globals *G);
+void Add_Class2namespace(const ClassData *record, int only_count, Globals *G);

@@ -82,14 +82,14 @@ bool IsSkipped(int state, const Globals *G) {
 }
 
 int AddResult(const char *name, int64_t date, const WorkMetrics &metrics, int state, float percent, Globals *G, Llist *result) {
-    return AddWorkNode(name, date, metrics, state, percent, IsSkipped(state, G) ? kHidden : 0, nullptr, result, G);
+    return AddWorkNode(name, date, metrics, state, percent, IsSkipped(state, G), nullptr, result, G);
 }
 
 const char *TextOr(const char *text) {
     return text ? text : "";
 }
 
-void ShowPairProgress(const NodeData *older, const NodeData *newer, Globals *G) {
+void ShowPairProgress(const WorkData *older, const WorkData *newer, Globals *G) {
     if (G->progress_by_name) {
         fprintf(stderr, "  + %s vs %s\n", TextOr(older->diff_file), TextOr(newer->diff_file));
     } else {
@@ -97,12 +97,12 @@ void ShowPairProgress(const NodeData *older, const NodeData *newer, Globals *G) 
     }
 }
 
-bool LoadLines(const NodeData *file, const char *work_file, DiffDataList *lines, Globals *G) {
+bool LoadLines(const WorkData *file, const char *work_file, DiffDataList *lines, Globals *G) {
     return LoadDiffDataFile(TextOr(file->diff_file), work_file, MetricsOf(file), lines, G) != 0;
 }
 
 // Fills G->line_counts.
-Basis ComparePairLines(const NodeData *older, const NodeData *newer, Globals *G) {
+Basis ComparePairLines(const WorkData *older, const WorkData *newer, Globals *G) {
     DiffDataList older_lines{};
     DiffDataList newer_lines{};
     const bool older_loaded = LoadLines(older, G->older_work_name, &older_lines, G);
@@ -128,7 +128,7 @@ WorkMetrics EqualPart(const WorkMetrics &difference, Basis basis, const Globals 
     return equal;
 }
 
-int AddPair(const NodeData *older_file, const NodeData *newer_file, bool lines, Llist *result, Globals *G) {
+int AddPair(const WorkData *older_file, const WorkData *newer_file, bool lines, Llist *result, Globals *G) {
     if (G->diff_code_lines && G->show_progress) {
         ShowPairProgress(older_file, newer_file, G);
     }
@@ -152,7 +152,7 @@ int AddPair(const NodeData *older_file, const NodeData *newer_file, bool lines, 
 }
 
 // A removed file counts whole, for or against the totals as the report's configuration has it for each metric.
-int AddRemoved(const NodeData *file, Llist *result, Globals *G) {
+int AddRemoved(const WorkData *file, Llist *result, Globals *G) {
     static constexpr ReportElement kSign[kWorkMetrics] = {
         kElementLoc,       kElementEloc,  kElementLloc,      kElementComments,   kElementBlanks,  kElementLines,
         kElementFunctions, kElementCyclo, kElementInterface, kElementComplexity, kElementNotices, kElementLoc};
@@ -168,7 +168,7 @@ int AddRemoved(const NodeData *file, Llist *result, Globals *G) {
     return AddResult(file->name, file->date, metrics, kStateRemoved, percent, G, result);
 }
 
-int AddNew(const NodeData *file, Llist *result, Globals *G) {
+int AddNew(const WorkData *file, Llist *result, Globals *G) {
     const WorkMetrics metrics = MetricsOf(file);
     AddFile(metrics, &G->newer_totals);
     Add(metrics, &G->diff_totals);
@@ -177,7 +177,7 @@ int AddNew(const NodeData *file, Llist *result, Globals *G) {
 
 // False, told once, for a baseline of which no file has line records.
 bool HoldsLines(const Llist &files, const char *work_file, Globals *G) {
-    for (const NodeData *file : Records<NodeData>(files)) {
+    for (const WorkData *file : Records<WorkData>(files)) {
         if (*TextOr(file->diff_file)) {
             return true;
         }
@@ -192,19 +192,19 @@ bool HoldsLines(const Llist &files, const char *work_file, Globals *G) {
 }
 
 // Returns 0 when memory is out.
-int ClassifyFiles(const Llist &older, const Llist &newer, NodeData *const *newer_of, Llist *result, Globals *G) {
+int ClassifyFiles(const Llist &older, const Llist &newer, WorkData *const *newer_of, Llist *result, Globals *G) {
     bool lines = G->diff_code_lines != 0;
     if (lines) {
         const bool in_older = HoldsLines(older, G->older_work_name, G);
         lines = HoldsLines(newer, G->newer_work_name, G) && in_older;
     }
-    for (const NodeData *file : Records<NodeData>(older)) {
-        const NodeData *const match = *newer_of++;
+    for (const WorkData *file : Records<WorkData>(older)) {
+        const WorkData *const match = *newer_of++;
         if (!(match ? AddPair(file, match, lines, result, G) : AddRemoved(file, result, G))) {
             return 0;
         }
     }
-    for (const NodeData *file : Records<NodeData>(newer)) {
+    for (const WorkData *file : Records<WorkData>(newer)) {
         if (file->returns == kStateUnprocessed && !AddNew(file, result, G)) {
             return 0;
         }
@@ -216,7 +216,7 @@ int ClassifyFiles(const Llist &older, const Llist &newer, NodeData *const *newer
 
 void DiffWorkLists(Llist *older, Llist *newer, Llist *result, Globals *G) {
     BeginProgress(older->count, G);
-    auto *const newer_of = static_cast<NodeData **>(calloc(static_cast<size_t>(older->count) + 1, sizeof(NodeData *)));
+    auto *const newer_of = static_cast<WorkData **>(calloc(static_cast<size_t>(older->count) + 1, sizeof(WorkData *)));
     // what was added last stands first among equal names: a changed file's equal part ahead of its changed one
     const bool whole = newer_of && MatchFiles(*older, *newer, newer_of, G) && ClassifyFiles(*older, *newer, newer_of, result, G);
     if (!LlistSort(result, CompName_NodeData, 0) || !whole) {

@@ -12,7 +12,7 @@ namespace {
 // Newer files whose folded names are equal wait in a row, in list order. The first of them is in the index.
 struct Waiting {
     char *folded; // owned; the first field, for NameIndex
-    NodeData *file;
+    WorkData *file;
     Waiting *next;
 };
 
@@ -22,14 +22,14 @@ void Fold(char *name) {
     }
 }
 
-int MatchExactly(const Llist &older, const Llist &newer, NodeData **newer_of) {
+int MatchExactly(const Llist &older, const Llist &newer, WorkData **newer_of) {
     NameIndex by_name{};
     int whole = 1;
-    for (NodeData *file : Records<NodeData>(newer)) {
+    for (WorkData *file : Records<WorkData>(newer)) {
         whole &= IndexName(&by_name, file);
     }
-    for (const NodeData *file : Records<NodeData>(older)) {
-        auto *const match = static_cast<NodeData *>(FindIndexed(&by_name, file->name));
+    for (const WorkData *file : Records<WorkData>(older)) {
+        auto *const match = static_cast<WorkData *>(FindIndexed(&by_name, file->name));
         *newer_of++ = match;
         if (match) {
             match->returns = kStateProcessed;
@@ -50,8 +50,8 @@ int PutAhead(Waiting *entry, NameIndex *by_folded) {
     return 1;
 }
 
-NodeData *TakeFirst(Waiting *first) {
-    NodeData *const file = first->file;
+WorkData *TakeFirst(Waiting *first) {
+    WorkData *const file = first->file;
     const Waiting *const next = first->next;
     first->file = next ? next->file : nullptr;
     first->next = next ? next->next : nullptr;
@@ -61,7 +61,7 @@ NodeData *TakeFirst(Waiting *first) {
 // Fills entries, of which there is one for each newer file. Returns how many were left, or -1 when memory is out.
 int CollectLeft(const Llist &newer, Waiting *entries) {
     int count = 0;
-    for (NodeData *file : Records<NodeData>(newer)) {
+    for (WorkData *file : Records<WorkData>(newer)) {
         if (file->returns == kStateProcessed) {
             continue;
         }
@@ -75,9 +75,9 @@ int CollectLeft(const Llist &newer, Waiting *entries) {
     return count;
 }
 
-void MatchLeft(const Llist &older, const NameIndex &by_folded, NodeData **newer_of) {
-    for (const NodeData *file : Records<NodeData>(older)) {
-        NodeData *&match = *newer_of++;
+void MatchLeft(const Llist &older, const NameIndex &by_folded, WorkData **newer_of) {
+    for (const WorkData *file : Records<WorkData>(older)) {
+        WorkData *&match = *newer_of++;
         if (match) {
             continue;
         }
@@ -92,7 +92,7 @@ void MatchLeft(const Llist &older, const NameIndex &by_folded, NodeData **newer_
     }
 }
 
-int MatchWithoutCase(const Llist &older, const Llist &newer, NodeData **newer_of) {
+int MatchWithoutCase(const Llist &older, const Llist &newer, WorkData **newer_of) {
     auto *const entries = static_cast<Waiting *>(calloc(static_cast<size_t>(newer.count) + 1, sizeof(Waiting)));
     if (!entries) {
         return 0;
@@ -116,6 +116,6 @@ int MatchWithoutCase(const Llist &older, const Llist &newer, NodeData **newer_of
 
 } // namespace
 
-int MatchFiles(const Llist &older, const Llist &newer, NodeData **newer_of, const Globals *G) {
+int MatchFiles(const Llist &older, const Llist &newer, WorkData **newer_of, const Globals *G) {
     return MatchExactly(older, newer, newer_of) && (G->names_case_sensitive || MatchWithoutCase(older, newer, newer_of));
 }

@@ -150,7 +150,7 @@ void ShowFileTable(Globals *G) {
         }
         DiffDataHeader(G, DiffTable::kFiles);
     }
-    for (NodeData *record : Records<NodeData>(G->work_result_list)) {
+    for (WorkData *record : Records<WorkData>(G->work_result_list)) {
         DiffDataShow(record, G);
     }
 }
@@ -178,9 +178,9 @@ void CloseReport(Globals *G) {
         fprintf(stderr, "  %d Older Work Files\n  %d Newer Work Files\n  Work File Differential Extraction Complete\n",
                 G->old_work_list.count, G->new_work_list.count);
     }
-    LlistDestroy(&G->old_work_list, NodeDataFree);
-    LlistDestroy(&G->new_work_list, NodeDataFree);
-    LlistDestroy(&G->work_result_list, NodeDataFree);
+    LlistDestroy(&G->old_work_list, nullptr);
+    LlistDestroy(&G->new_work_list, nullptr);
+    LlistDestroy(&G->work_result_list, nullptr);
     if (IsPage(OutputMode(G))) {
         UnderscoreRule();
     } else if (OutputMode(G) == Mode::kXml) {
@@ -195,7 +195,7 @@ void ExtractWork(const char *older_name, const char *newer_name, Globals *G, int
     LoadColumns(G);
     CopyText(G->older_work_name, older_name);
     CopyText(G->newer_work_name, newer_name);
-    LlistDestroy(&G->work_result_list, NodeDataFree);
+    LlistDestroy(&G->work_result_list, nullptr);
     if (full_head) {
         OpenReport(G);
     }

@@ -68,7 +68,7 @@ Color StateColor(int state) {
     }
 }
 
-int StateOf(const NodeData *record) {
+int StateOf(const WorkData *record) {
     return record->returns >= 0 && record->returns < kDiffStates ? record->returns : kStateUnprocessed;
 }
 
@@ -91,7 +91,7 @@ constexpr Forms<Color, const char *> kOpenRecord{
 constexpr Forms<Shown, const char *> kCloseRecord{
     .text = " %s\n", .html = " <font color=\"%{function}\">%s</font>\n", .csv = ",%s\n", .xml = "<file>%s</file>\n</%s>\n"};
 
-void ShowRecord(const NodeData *record, const WorkMetrics &metrics, const Globals *G) {
+void ShowRecord(const WorkData *record, const WorkMetrics &metrics, const Globals *G) {
     const int state = StateOf(record);
     const char *const label = StateLabel(state, G);
     std::string tag;
@@ -133,7 +133,7 @@ void ShowProfileState(const StateRow &row, const Globals *G) {
     Print(G, kClose, row.tag);
 }
 
-void AddToProfile(const NodeData *record, const WorkMetrics &metrics, Globals *G) {
+void AddToProfile(const WorkData *record, const WorkMetrics &metrics, Globals *G) {
     DiffProfile &profile = G->diff_profile[StateOf(record)];
     ++profile.files;
     profile.diff_pct += record->percent;
@@ -197,9 +197,9 @@ void DiffDataHeader(Globals *G, DiffTable kind) {
     DiffDataRule(G);
 }
 
-void DiffDataShow(NodeData *record, Globals *G) {
+void DiffDataShow(WorkData *record, Globals *G) {
     const WorkMetrics metrics = MetricsOf(record);
-    if (record->nesting != kHidden && !G->totals_work) {
+    if (!record->hidden && !G->totals_work) {
         ShowRecord(record, metrics, G);
     }
     AddToProfile(record, metrics, G); // what isn't shown counts too

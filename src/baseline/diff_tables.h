@@ -6,7 +6,7 @@
 #include "run/baseline_state.h"
 
 struct Globals;
-struct NodeData;
+struct WorkData;
 
 enum class DiffTable { kFiles, kProfile, kProductivity };
 
@@ -15,7 +15,7 @@ void DiffDataHeader(Globals *G, DiffTable kind);
 // The rule of the last DiffDataHeader, with its line end; ahead of any the usual one. Nothing in CSV and XML.
 void DiffDataRule(Globals *G);
 // Shows one result record unless it is hidden, and adds it to the profile.
-void DiffDataShow(NodeData *record, Globals *G);
+void DiffDataShow(WorkData *record, Globals *G);
 // The profile of all records shown so far.
 void ShowDiffProfile(Globals *G);
 // One line of productivity: the totals of the differences per unit of work, 0 for a unit that isn't above 0. The caller prints

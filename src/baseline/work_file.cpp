@@ -136,23 +136,23 @@ static WorkMetrics LineMetrics(const LineCounts &lines) {
     return metrics;
 }
 
-WorkMetrics MetricsOf(const NodeData *file) {
+WorkMetrics MetricsOf(const WorkData *file) {
     WorkMetrics metrics = LineMetrics(*file);
-    metrics.of[kWorkFunctions] = file->public_data;
+    metrics.of[kWorkFunctions] = file->functions;
     metrics.of[kWorkCyclo] = file->cyclo;
-    metrics.of[kWorkInterface] = file->protected_methods;
-    metrics.of[kWorkTotalComplexity] = file->private_methods;
-    metrics.of[kWorkNotices] = file->public_methods;
+    metrics.of[kWorkInterface] = file->interface;
+    metrics.of[kWorkTotalComplexity] = file->complexity;
+    metrics.of[kWorkNotices] = file->notices;
     metrics.of[kWorkSize] = file->params;
     return metrics;
 }
 
-int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int state, float diff_pct, int hidden,
+int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int state, float diff_pct, bool hidden,
                 const char *diff_file, Llist *list, Globals *G) {
     int of[kWorkMetrics];
     std::transform(std::begin(metrics.of), std::end(metrics.of), of, ClampToInt);
     constexpr int kSortNot = 0;
-    NodeData record{};
+    WorkData record{};
     static_cast<LineCounts &>(record) = {of[kWorkLoc],      of[kWorkEloc],   of[kWorkLloc],
                                          of[kWorkComments], of[kWorkBlanks], of[kWorkLines]};
     record.name = const_cast<char *>(name); // texts are copied
@@ -161,11 +161,11 @@ int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int 
     record.params = metrics.of[kWorkSize];
     record.cyclo = of[kWorkCyclo];
     record.returns = state;
-    record.public_methods = of[kWorkNotices];
-    record.protected_methods = of[kWorkInterface];
-    record.private_methods = of[kWorkTotalComplexity];
-    record.public_data = of[kWorkFunctions];
-    record.nesting = hidden;
+    record.notices = of[kWorkNotices];
+    record.interface = of[kWorkInterface];
+    record.complexity = of[kWorkTotalComplexity];
+    record.functions = of[kWorkFunctions];
+    record.hidden = hidden;
     record.percent = diff_pct;
     return AddListNode(kSortNot, record, list, G);
 }

@@ -1,7 +1,7 @@
 // The work file: a baseline as text, one line per source file.
 //
 // A record's thirteenth field names the file's line records (baseline/line_records.h). In memory a source file's record is a
-// NodeData whose fields bear other meanings: the accessors below are the only code that knows which.
+// WorkData.
 #pragma once
 
 #include <cstdint>
@@ -12,17 +12,16 @@
 
 struct Globals;
 
-// States of a record, as NodeData.returns holds them.
+// States of a record, as WorkData.returns holds them.
 enum WorkState { kStateUnprocessed, kStateEqual, kStateModified, kStateDifferent, kStateRemoved, kStateNew, kStateProcessed };
-inline constexpr int kHidden = 117; // NodeData.nesting of a record that a filter hides
 
 // A number cut to what a record holds.
 int ClampToInt(int64_t number);
 // The metrics of a work list's record.
-WorkMetrics MetricsOf(const NodeData *file);
+WorkMetrics MetricsOf(const WorkData *file);
 // Adds a record of a source file behind the list's tail; LlistSort by name puts the list in order once it is whole. diff_file may
 // be null. Returns 0 when memory is out.
-int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int state, float diff_pct, int hidden,
+int AddWorkNode(const char *name, int64_t date, const WorkMetrics &metrics, int state, float diff_pct, bool hidden,
                 const char *diff_file, Llist *list, Globals *G);
 
 // Opens the baseline's work file beside its place and writes its head; tells of it in the report. Null, with a message, on failure.

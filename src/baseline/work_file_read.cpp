@@ -149,7 +149,7 @@ int ReadRecords(FILE *file, const char *path, Llist *list, Globals *G) {
                     "  Error: Loading Work File: %s\n         Line %d is cut short or damaged, not all of its metrics are there\n",
                     path, number);
         }
-        if (!AddWorkNode(record.name, record.date, record.metrics, kStateUnprocessed, 0.0F, 0, record.diff_name, list, G)) {
+        if (!AddWorkNode(record.name, record.date, record.metrics, kStateUnprocessed, 0.0F, false, record.diff_name, list, G)) {
             return 0;
         }
     }

@@ -109,20 +109,25 @@ void ReadValue(const Setting &row, const char *value, Globals *G) {
     }
 }
 
-// "Maximum Line Length       : 80\n": only the first colon counts, "Report Header Text Line: a:b" has the value "a:b". Comments
-// are lines like all others whose text in front of a colon is no key.
-void ReadLine(char *line, Globals *G) {
-    char *colon = strchr(line, ':');
+// "Maximum Line Length       : 80\n": only the first colon counts, "Report Header Text Line: a:b" has the value "a:b". A line
+// whose text in front of a colon is no key is passed over. A file has its keys in the order of the table unless its user moved
+// them: the search begins at the row next, behind the one of the last line, and goes round.
+void ReadLine(char *line, size_t *next, Globals *G) {
+    char *colon = *line == '#' ? nullptr : strchr(line, ':');
     if (!colon) {
         return;
     }
     *colon = '\0';
     Rtrim(line);
     Rtrim(colon + 1);
-    for (const Setting &row : SettingsTable()) {
+    const std::span<const Setting> rows = SettingsTable();
+    for (size_t i = 0; i < rows.size(); ++i) {
+        const size_t at = (*next + i) % rows.size();
+        const Setting &row = rows[at];
         // a key's first letter differs from most: bit 5 is what upper and lower case differ in
         if (row.key && ((*row.key ^ *line) & ~0x20) == 0 && strcasecmp(row.key, line) == 0) {
             ReadValue(row, Ltrim(colon + 1), G);
+            *next = at + 1;
             return;
         }
     }
@@ -250,8 +255,9 @@ int LoadCfg(Globals *G) {
         }
     }
     LineText line;
+    size_t row = 0;
     while (NextLine(&reader, line)) {
-        ReadLine(line, G);
+        ReadLine(line, &row, G);
     }
     const bool read_whole = !ferror(reader.file);
     CloseLines(&reader);

@@ -168,7 +168,7 @@ void PopEntry(Entry *entry, Globals *G) {
     CopyText(entry->path, stored->name);
     entry->depth = stored->line;
     entry->type = stored->number;
-    LlistRemoveNodeInList(&G->dir_stack, top, NameDataFree);
+    LlistRemoveNodeInList(&G->dir_stack, top, nullptr);
 }
 
 } // namespace
@@ -189,6 +189,6 @@ int ReadDir(const char *directory, const char *extensions, Globals *G) {
             result = EnterDirectory(&walk, entry, G);
         }
     }
-    LlistDestroy(&G->dir_stack, NameDataFree);
+    LlistDestroy(&G->dir_stack, nullptr);
     return result;
 }

@@ -15,6 +15,7 @@
 #include "run/memory.h"
 #include "run/mode.h"
 #include "run/read_lines.h"
+#include "run/same_file.h"
 
 namespace {
 
@@ -160,6 +161,7 @@ int BuildFileList(int first_argument, Globals *G) {
     if (!G->names_case_sensitive) {
         ChangeCase(G->pattern_filter, 0);
     }
+    StatReport(&G->report, G);
     ProcessTimer timer{};
     if (G->benchmark_mode) {
         Timer(&timer, kTimerStart, G);
@@ -190,7 +192,7 @@ int AddSourceFile(const char *name, const char *extension, Globals *G) {
     struct stat status;
     const bool there = stat(name, &status) == 0;
     // A report that is scanned while it is written grows without end: "tly -xDEBUG -r"h ." > lines.h".
-    if (there && IsReport(status, G)) {
+    if (there && IsSameFile(status, G->report)) {
         return 1;
     }
     SetFileDateSize(there ? &status : nullptr, G);

@@ -48,7 +48,7 @@ void TellOfLostRule(Globals *G) {
 
 void BeginRecord(const char *, UdqnRun *ctx, Globals *G) {
     DropUdqn(ctx);
-    ctx->qnp = static_cast<Udqn *>(calloc(1, sizeof(Udqn)));
+    ctx->qnp = NewRecord<Udqn>();
     if (!ctx->qnp) {
         TellOfLostRule(G);
     }

@@ -68,7 +68,7 @@ bool AddUdqn(Udqn *record, UdqnList *list, Globals *G) {
 void DropUdqn(UdqnRun *ctx) {
     if (ctx->qnp) {
         free_udqn(ctx->qnp);
-        free(ctx->qnp);
+        FreeRecord(ctx->qnp);
         ctx->qnp = nullptr;
     }
 }

@@ -131,9 +131,9 @@ static void TitleFunctions(Globals *G) {
     }
 }
 
-void CSV_Function_Line(const NodeData &function, Globals *G) {
+void CSV_Function_Line(const FunctionData &function, Globals *G) {
     TitleFunctions(G);
-    const Figures figures = FiguresOf(function, 1);
+    const Figures figures = FiguresOf(function);
     AddFigures(G->csv_functions, figures, false);
     PrintOnly(Mode::kCsv, "Function, %s, %s, ,", Shown{function.name}, ShownList{function.parameters});
     ColumnsOfFunction(figures, 0, G);

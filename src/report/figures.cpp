@@ -26,15 +26,15 @@ const CsvColumns kFunctionColumns{"Function", true, kOfFunctions};
 const CsvColumns kClassColumns{"Class", false, kOfClasses};
 const CsvColumns kNamespaceColumns{"Namespace/Package", false, kOfNamespaces};
 
-int MethodSum(const NodeData &record) {
+int MethodSum(const ClassData &record) {
     return record.public_methods + record.protected_methods + record.private_methods;
 }
 
-int MethodsOrFunctions(const NodeData &record) {
+int MethodsOrFunctions(const ClassData &record) {
     return std::max(MethodSum(record), record.functions);
 }
 
-int NamespaceFunctions(const NodeData &record, const Globals *G) {
+int NamespaceFunctions(const ClassData &record, const Globals *G) {
     return G->class_lang_seen ? MethodsOrFunctions(record) : MethodSum(record);
 }
 
@@ -56,7 +56,13 @@ static Figures FiguresOf(const LineCounts &lines, double params, int returns, in
     return figures;
 }
 
-Figures FiguresOf(const NodeData &record, int functions) {
+Figures FiguresOf(const FunctionData &record) {
+    Figures figures = FiguresOf(record, static_cast<double>(record.params), record.returns, record.cyclo);
+    figures.value[kFunctions] = 1;
+    return figures;
+}
+
+Figures FiguresOf(const ClassData &record, int functions) {
     Figures figures = FiguresOf(record, static_cast<double>(record.params), record.returns, record.cyclo);
     double *const value = figures.value;
     value[kFunctions] = functions;

@@ -8,6 +8,8 @@
 
 struct FileData;
 struct Globals;
+struct ClassData;
+struct FunctionData;
 struct NodeData;
 
 // The places in a Figures. LOC, eLOC and lLOC come first: they are the kinds of GetFP too.
@@ -53,11 +55,12 @@ struct CsvColumns {
 extern const CsvColumns kFunctionColumns, kClassColumns, kNamespaceColumns;
 
 // The sum of the three method counts; the same or the count of functions, if that is higher; and what a namespace shows of the two.
-int MethodSum(const NodeData &record);
-int MethodsOrFunctions(const NodeData &record);
-int NamespaceFunctions(const NodeData &record, const Globals *G);
-// The figures of a record. functions is its kFunctions; function points stay 0.
-Figures FiguresOf(const NodeData &record, int functions);
+int MethodSum(const ClassData &record);
+int MethodsOrFunctions(const ClassData &record);
+int NamespaceFunctions(const ClassData &record, const Globals *G);
+// The figures of a record; function points stay 0. functions is the kFunctions of a class; a function's is 1.
+Figures FiguresOf(const FunctionData &record);
+Figures FiguresOf(const ClassData &record, int functions);
 // Adds the function points of the record's lines, by the language of its file.
 void AddPoints(Figures &figures, const NodeData &record, const Globals *G);
 // The figures of a file that has just been read: its classes and its notices are those of the counters in G.

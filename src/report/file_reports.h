@@ -5,7 +5,7 @@
 
 struct FileData;
 struct Globals;
-struct NodeData;
+struct FunctionData;
 
 // The name line of a file. compact is the short form of totals reports; detail leaves out the rule behind it. Nothing for a null
 // name.
@@ -23,5 +23,5 @@ void CSV_File_Line(const FileData &file, Globals *G);
 void CSV_File_Total(Globals *G);
 // The CSV line of a function, added to the statistics. Behind the last one of a file those statistics: nothing unless function
 // lines are wanted.
-void CSV_Function_Line(const NodeData &function, Globals *G);
+void CSV_Function_Line(const FunctionData &function, Globals *G);
 void CSV_Function_Total(Globals *G);

@@ -2,6 +2,7 @@
 #include "report/forms.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 #include "report/names.h"
@@ -104,9 +105,10 @@ bool PutFixed(OddRoom &room, double value, int decimals) {
     if (decimals >= static_cast<int>(std::size(kTens)) || !(size < 0x1p52)) {
         return false;
     }
-    int exponent = 0;
-    const auto digits = static_cast<unsigned long>(std::ldexp(std::frexp(size, &exponent), 53)) * kTens[decimals];
-    const int off = 53 - exponent;
+    constexpr unsigned long kTop = 1UL << 52; // the highest bit of the whole number, which a double leaves out
+    const auto bits = std::bit_cast<unsigned long>(size);
+    const unsigned long digits = ((bits % kTop) | kTop) * kTens[decimals];
+    const int off = 1075 - static_cast<int>(bits / kTop);
     unsigned long number = 0;
     if (off < 64) {
         const unsigned long half = 1UL << (off - 1), rest = digits & (2 * half - 1);

@@ -105,11 +105,34 @@ const char *HTMLPathFile(const char *name, const Globals *G) {
 
 std::string get_date(const time_t *when) {
     struct tm parts;
-    char date[64];
     // the re-entrant call doesn't look the time zone up again for every file; null too for a year that has no place in an int
-    if (!when || !localtime_r(when, &parts) || !asctime_r(&parts, date)) {
+    if (!when || !localtime_r(when, &parts)) {
         return "";
     }
-    Rtrim(date);
+    if (parts.tm_year < 1000 - 1900 || parts.tm_year > 9999 - 1900) {
+        char date[64];
+        if (!asctime_r(&parts, date)) {
+            return "";
+        }
+        Rtrim(date);
+        return date;
+    }
+    // asctime_r would take thirty times as long, and there is a date for every file
+    char date[] = "Sun Jan  1 00:00:00 1900";
+    const auto put = [&date](int at, int number) { // the lower two digits
+        date[at] = static_cast<char>('0' + number / 10 % 10);
+        date[at + 1] = static_cast<char>('0' + number % 10);
+    };
+    memcpy(date, &"SunMonTueWedThuFriSat"[3 * parts.tm_wday], 3);
+    memcpy(date + 4, &"JanFebMarAprMayJunJulAugSepOctNovDec"[3 * parts.tm_mon], 3);
+    put(8, parts.tm_mday);
+    if (parts.tm_mday < 10) {
+        date[8] = ' ';
+    }
+    put(11, parts.tm_hour);
+    put(14, parts.tm_min);
+    put(17, parts.tm_sec);
+    put(20, (parts.tm_year + 1900) / 100);
+    put(22, parts.tm_year + 1900);
     return date;
 }

@@ -76,8 +76,8 @@ inline constexpr int kDiffStates = 8; // labels of states; the states themselves
 
 // Two baselines, and what came out of comparing them.
 struct BaselineRun {
-    Llist old_work_list, new_work_list;           // NodeData per source file, by name
-    Llist work_result_list;                       // NodeData per difference
+    Llist old_work_list, new_work_list;           // WorkData per source file, by name
+    Llist work_result_list;                       // WorkData per difference
     int blanks_recorded;                          // both hold the records of blank lines
     int line_counts[kLineOperations][kLineKinds]; // of the last line comparison
     WorkTotals newer_totals, older_totals, diff_totals;

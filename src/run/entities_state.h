@@ -7,10 +7,10 @@
 #include "run/name_index.h"
 
 struct EntityLists {
-    Llist function_list;  // NodeData, in order of closing until a report sorts it
-    Llist class_list;     // NodeData: classes and structs
-    Llist interface_list; // NodeData: interfaces
-    Llist namespace_list; // NodeData: namespaces and packages
+    Llist function_list;  // FunctionData, in order of closing until a report sorts it
+    Llist class_list;     // ClassData: classes and structs
+    Llist interface_list; // ClassData: interfaces
+    Llist namespace_list; // ClassData: namespaces and packages
     NameIndex class_index_by_name, interface_index_by_name, namespace_index_by_name;
     // Of macro_list up to macro_indexed, null for none of it; the rest is entered when a word is looked for.
     mutable NameIndex macro_index_by_name;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <sys/stat.h>
 
 #include "run/llist.h"
 
@@ -13,6 +14,7 @@ struct FileLists {
     Llist header_file_list;
     Llist dir_metrics_list; // NodeData: the directories of a -F list with their sums
     Llist macro_list;       // NameData: words that the recognisers treat as noise
+    struct stat report;     // the file that the report goes to; zeros when it goes elsewhere
     int lines_only;         // the report holds nothing but lines
     FILE *file_list_stream; // the open list of -F
     int progress_count;     // files a walk has listed since its latest progress line

@@ -4,25 +4,8 @@
 #include <algorithm>
 
 #include "run/globals.h"
-#include "run/mode.h"
 
 namespace {
-
-// Null, with a message, when memory is out or there is no record.
-LlistNode *NewNode(void *record, Globals *G) {
-    if (!record) {
-        return nullptr;
-    }
-    LlistNode *node = static_cast<LlistNode *>(malloc(sizeof *node)); // for lists of notices a good deal quicker than calloc
-    if (!node) {
-        G->baseline_failed = 1;
-        Message(G, "\n  Error: memory allocation failure\n");
-        return nullptr;
-    }
-    *node = {};
-    node->data = record;
-    return node;
-}
 
 // Puts node in front of successor; a null successor puts it behind the tail.
 void Link(Llist *list, LlistNode *node, LlistNode *successor) {
@@ -40,6 +23,13 @@ void Unlink(Llist *list, LlistNode *node) {
     --list->count;
 }
 
+void FreeNode(LlistNode *node, LlistFree free_owned) {
+    if (free_owned) {
+        free_owned(Record<void>(node));
+    }
+    free(node);
+}
+
 // The first node that record may not stand behind: sorted insertion goes in front of it. Null for the end of the list.
 LlistNode *FirstNotAhead(const Llist *list, const void *record, LlistCompare compare, int descending) {
     LlistNode *node = list->head;
@@ -51,12 +41,31 @@ LlistNode *FirstNotAhead(const Llist *list, const void *record, LlistCompare com
 
 } // namespace
 
-LlistNode *LlistAdd(Llist *list, void *record, LlistCompare compare, Globals *G) {
-    LlistNode *node = list ? NewNode(record, G) : nullptr;
-    if (node) {
-        Link(list, node, compare ? FirstNotAhead(list, record, compare, G->sort_descending) : nullptr);
+void *AllocateRecord(size_t bytes) {
+    LlistNode *node = static_cast<LlistNode *>(malloc(sizeof *node + bytes)); // unfilled: a good deal quicker than calloc
+    return node ? node + 1 : nullptr;
+}
+
+void FreeRecord(void *record) {
+    if (record) {
+        free(NodeOf(record));
     }
+}
+
+LlistNode *LlistAdd(Llist *list, void *record, LlistCompare compare, const Globals *G) {
+    if (!list || !record) {
+        return nullptr;
+    }
+    LlistNode *node = NodeOf(record);
+    Link(list, node, compare ? FirstNotAhead(list, record, compare, G->sort_descending) : nullptr);
     return node;
+}
+
+void LlistReplace(Llist *list, void *record, void *by) {
+    LlistNode *node = NodeOf(record);
+    LlistNode *successor = node->next;
+    Unlink(list, node);
+    Link(list, NodeOf(by), successor);
 }
 
 void LlistConcatenate(Llist *a, Llist *b) {
@@ -80,34 +89,25 @@ LlistNode *LlistSearch(const Llist *list, const void *key, LlistCompare compare)
 
 void LlistShow(const Llist *list, void (*show)(void *record, Globals *G), Globals *G) {
     for (LlistNode *node = list->head; node; node = node->next) {
-        show(node->data, G);
+        show(Record<void>(node), G);
     }
 }
 
 void LlistDetachNode(Llist *list, LlistNode *node) {
     Unlink(list, node);
-    free(node);
 }
 
-void LlistRemoveNodeInList(Llist *list, LlistNode *node, LlistFree free_record) {
+void LlistRemoveNodeInList(Llist *list, LlistNode *node, LlistFree free_owned) {
     Unlink(list, node);
-    LlistFreeNode(node, free_record);
+    FreeNode(node, free_owned);
 }
 
-void LlistFreeNode(LlistNode *node, LlistFree free_record) {
-    if (free_record) {
-        free_record(node->data);
-        free(node->data);
-    }
-    free(node);
-}
-
-void LlistDestroy(Llist *list, LlistFree free_record) {
+void LlistDestroy(Llist *list, LlistFree free_owned) {
     LlistNode *node = list->tail;
     *list = Llist{};
     while (node) {
         LlistNode *const ahead = node->prev;
-        LlistFreeNode(node, free_record);
+        FreeNode(node, free_owned);
         node = ahead;
     }
 }
@@ -126,8 +126,9 @@ int LlistSort(Llist *list, LlistCompare compare, int descending) {
     for (LlistNode *node = list->tail; node; node = node->prev) {
         *end++ = node;
     }
-    std::stable_sort(
-        nodes, end, [compare, descending](const LlistNode *a, const LlistNode *b) { return compare(b->data, a, descending) >= 1; });
+    std::stable_sort(nodes, end, [compare, descending](const LlistNode *a, const LlistNode *b) {
+        return compare(Record<void>(b), a, descending) >= 1;
+    });
     *list = Llist{};
     for (LlistNode **next = nodes; next != end; ++next) {
         Link(list, *next, nullptr);

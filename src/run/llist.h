@@ -1,16 +1,17 @@
 // The list: a doubly linked list of untyped records with an optional sorted insertion, the only container of records.
 //
-// A list owns its nodes and the records in them; a record's own texts are released by a free function that the caller passes in,
-// after which the list frees the record itself. Only llist.cpp touches prev and next; a report walks a list with Records<T>().
+// A record and its links are one piece of memory, the links ahead: NewRecord makes both, FreeRecord frees both. A list owns the
+// records in it; what a record owns beside itself is released by a free function that the caller passes in, null for records that
+// own nothing. Only llist.cpp touches prev and next; a report walks a list with Records<T>().
 #pragma once
 
-#include <cstdlib>
+#include <cstddef>
+#include <new>
 
 struct Globals;
 
-struct LlistNode {
+struct alignas(std::max_align_t) LlistNode {
     LlistNode *prev; // toward the head; null at the head
-    void *data;      // the record, never null
     LlistNode *next; // toward the tail; null at the tail
 };
 
@@ -22,33 +23,46 @@ struct Llist {
 
 // compare(record or key, node, descending): below 1 puts the record in front of the node, 0 is a match for searches.
 using LlistCompare = int (*)(const void *record, const LlistNode *node, int descending);
-// Releases a record's own texts, not the record.
+// Releases what a record owns, not the record.
 using LlistFree = void (*)(void *record);
 
+// Memory for a record that is in no list yet, not filled; null when memory is out.
+void *AllocateRecord(size_t bytes);
+// A record of zeros that is in no list yet; null when memory is out.
+template <class T> T *NewRecord() {
+    void *const record = AllocateRecord(sizeof(T));
+    return record ? new (record) T{} : nullptr;
+}
+// Frees a record that is in no list; null is none.
+void FreeRecord(void *record);
+// The links of a record.
+inline LlistNode *NodeOf(void *record) {
+    return static_cast<LlistNode *>(record) - 1;
+}
+
 // Adds record behind the tail, or, with a comparator, in front of the first node for which the comparator is below 1: among equals
-// the record added last stands first. The direction is G's sort_descending. Returns the new node; null, with a message where memory
-// is out, when the record is null or couldn't be added: the caller then still owns the record.
-LlistNode *LlistAdd(Llist *list, void *record, LlistCompare compare, Globals *G);
+// the record added last stands first. The direction is G's sort_descending. Returns its node; null when there is no record or list.
+LlistNode *LlistAdd(Llist *list, void *record, LlistCompare compare, const Globals *G);
+// Puts a record of no list into the place of another, which then is in no list.
+void LlistReplace(Llist *list, void *record, void *by);
 // Moves all nodes of b behind a; b ends up empty.
 void LlistConcatenate(Llist *a, Llist *b);
 // The first node for which compare(key, node, 0) is 0, else null.
 LlistNode *LlistSearch(const Llist *list, const void *key, LlistCompare compare);
 // Calls show(record, G) for every record from the head.
 void LlistShow(const Llist *list, void (*show)(void *record, Globals *G), Globals *G);
-// Unlinks and frees the node; the record stays alive and is the caller's.
+// Unlinks a node; the record stays alive and is the caller's.
 void LlistDetachNode(Llist *list, LlistNode *node);
-// Unlinks and frees a node of the list; its record is freed only when a free function is given.
-void LlistRemoveNodeInList(Llist *list, LlistNode *node, LlistFree free_record);
-// Frees an unlinked node; its record is freed only when a free function is given.
-void LlistFreeNode(LlistNode *node, LlistFree free_record);
-// Empties the list from tail to head; records are freed only when a free function is given.
-void LlistDestroy(Llist *list, LlistFree free_record);
+// Unlinks a node of the list and frees its record.
+void LlistRemoveNodeInList(Llist *list, LlistNode *node, LlistFree free_owned);
+// Empties the list from tail to head and frees its records.
+void LlistDestroy(Llist *list, LlistFree free_owned);
 // Puts the list into the order that sorted insertion of its records, one after the other from the head, would give, in n log n.
-// Nodes and records stay alive and keep their addresses. Returns 0, with the list as it was, when memory is out.
+// Records keep their addresses. Returns 0, with the list as it was, when memory is out.
 int LlistSort(Llist *list, LlistCompare compare, int descending);
 
 template <class T> T *Record(const LlistNode *node) {
-    return static_cast<T *>(node->data);
+    return static_cast<T *>(static_cast<void *>(const_cast<LlistNode *>(node) + 1));
 }
 
 // for (FileData *file : Records<FileData>(G->file_list)): the records from head to tail. The body must not add or remove.

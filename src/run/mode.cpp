@@ -99,14 +99,12 @@ void Message(Globals *G, const char *fmt, ...) {
         va_end(args);
         return;
     }
-    // When memory is out, the list has a message of its own: that one must not wait too.
-    if (!G->head_written && !G->keeping_message) {
-        G->keeping_message = 1;
-        const LlistNode *kept = LlistAdd(&G->early_messages, text, nullptr, G);
-        G->keeping_message = 0;
-        if (kept) {
-            return;
-        }
+    char *kept = G->head_written ? nullptr : static_cast<char *>(AllocateRecord(static_cast<size_t>(length) + 1));
+    if (kept) {
+        memcpy(kept, text, static_cast<size_t>(length) + 1);
+        LlistAdd(&G->early_messages, kept, nullptr, G);
+        free(text);
+        return;
     }
     if (G->unnamed_file) {
         Put("\n  File: %s\n", G->unnamed_file);
@@ -116,24 +114,25 @@ void Message(Globals *G, const char *fmt, ...) {
     free(text);
 }
 
-static void NoOwnTexts(void *) {}
-
 void FlushEarlyMessages(Globals *G) {
     G->head_written = 1;
     for (const char *text : Records<char>(G->early_messages)) {
         WriteMessage(text, true, G);
     }
-    LlistDestroy(&G->early_messages, NoOwnTexts);
+    LlistDestroy(&G->early_messages, nullptr);
 }
 
-bool IsReport(const struct stat &file, const Globals *G) {
-    struct stat report;
-    return fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), &report) == 0 && S_ISREG(report.st_mode) && IsSameFile(file, report);
+bool StatReport(struct stat *report, const Globals *G) {
+    const bool is_file = fstat(fileno(G->csv_rows ? G->csv_rows : gTLYOUT), report) == 0 && S_ISREG(report->st_mode);
+    if (!is_file) {
+        *report = {};
+    }
+    return is_file;
 }
 
 bool IsReport(const char *path, const Globals *G) {
-    struct stat file;
-    return stat(path, &file) == 0 && IsReport(file, G);
+    struct stat file, report;
+    return stat(path, &file) == 0 && StatReport(&report, G) && IsSameFile(file, report);
 }
 
 int FinishOutput(int status) {

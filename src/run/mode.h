@@ -39,6 +39,7 @@ void FlushEarlyMessages(Globals *G);
 [[noreturn]] void EndProcess(Globals *G, int status);
 // True for the file that the report is written to, whatever its path is called.
 bool IsReport(const char *path, const Globals *G);
-bool IsReport(const struct stat &file, const Globals *G);
+// The status of that file. False, with zeros, when the report goes elsewhere.
+bool StatReport(struct stat *report, const Globals *G);
 // Flushes gTLYOUT. Returns status, or 1 with a message on stderr when the report couldn't be written whole and status is 0.
 int FinishOutput(int status);

@@ -8,9 +8,9 @@
 #include <cstdint>
 
 struct NameIndex {
-    void **slots;     // open addressing; null is free
-    uint32_t *hashes; // of the slots' names
-    size_t capacity;  // a power of two, or 0
+    void **slots;     // open addressing
+    uint32_t *hashes; // of the slots' names; 0 is free
+    size_t capacity;
     size_t count;
 };
 

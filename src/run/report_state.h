@@ -32,7 +32,6 @@ struct ReportState {
     int root_open;                           // the root element of an XML report is open
     int document_closed;                     // the close of the document has been written
     int heading_open;                        // CSV: the line of the project heading has no end yet
-    int keeping_message;                     // a message is on its way into early_messages
     Llist early_messages;                    // char*: messages that wait for the document to begin
     Summary csv_files;                       // the lines of the CSV table of files
     Summary csv_functions;                   // those of the table of functions, since the last totals

@@ -3,11 +3,11 @@
 
 #include "run/llist.h"
 #include "run/name_index.h"
+#include "run/records.h"
 
 // One class under one of its parents. A class with two parents has two nodes; a node is known by its name and its parent's.
-struct TreeData {
-    char *name;       // owned; the first field, for NameIndex
-    char *parent;     // the name it hangs under; owned, null for a root
+struct TreeData : Named {
+    char *parent;     // the name it hangs under; null for a root
     const char *file; // of the class, or of the first child of a class that no file holds; shared with FileData
     int depth;        // 0 for a root; set once the tree is complete
     int line;         // of the class; 0 for a class that no file holds
@@ -15,7 +15,6 @@ struct TreeData {
     Llist children;   // TreeData, owned; sorted once the tree is complete
 
     TreeData *above;   // the node it hangs under, null at the top
-    LlistNode *link;   // its place in above->children, tree_list or lost_child_list
     TreeData *same[2]; // nodes of the same name, ahead and behind
     TreeData *jump;    // while the tree grows: a node far above; while roots are removed: the root
     int level;         // while the tree grows: nodes above

@@ -71,8 +71,8 @@ void MergeChildren(const Merge &merge, std::vector<Merge> &open, Globals *G) {
         TreeData *known = ChildOfName(merge.to, child->name, G);
         if (known) {
             open.push_back({child, known});
-        } else if (!HangNode(child, merge.to, nullptr, G)) {
-            DropNode(&G->tree_names, child);
+        } else {
+            HangNode(child, merge.to, nullptr, G);
         }
     }
 }

@@ -33,11 +33,11 @@ const char *NextParent(const char *text, LineText &parent) {
     return *end ? end + 1 : nullptr;
 }
 
-bool HasParents(const NodeData *record) {
+bool HasParents(const ClassData *record) {
     return record->inherit_line && *record->inherit_line > ' ';
 }
 
-bool IsClass(const NodeData *record) {
+bool IsClass(const ClassData *record) {
     return record->name && *record->name > ' ';
 }
 
@@ -77,14 +77,14 @@ ParentParts AddParentParts(PartNames &parts, const char *child, const char *pare
 
 // The tree needs no look at this stage: it holds no name yet that class_list hasn't.
 const char *ResolvedParent(const PartNames &parts, const ParentParts &found, const char *parent) {
-    const NodeData *named = ClassWithPart(parts, found.in_scope);
+    const ClassData *named = ClassWithPart(parts, found.in_scope);
     if (!named) {
         named = ClassWithPart(parts, found.in_any);
     }
     return named ? named->name : parent;
 }
 
-void AddBaseClass(const NodeData *record, Globals *G) {
+void AddBaseClass(const ClassData *record, Globals *G) {
     const char *inherit = record->inherit_line ? record->inherit_line : "";
     if (NodeOfName(&G->tree_names, record->name)) {
         Message(G, "  Error: Duplicate Root Node: %s - Inheritance %s\n", record->name, inherit);
@@ -111,10 +111,7 @@ int AddTreeNodeByName(const char *name, const char *parent, const char *file, in
         return 0;
     }
     const bool lost = !is_root && !above;
-    if (!HangNode(node, above, lost ? &G->lost_child_list : &G->tree_list, G)) {
-        FreeTreeNode(node);
-        return 0;
-    }
+    HangNode(node, above, lost ? &G->lost_child_list : &G->tree_list, G);
     if (lost) {
         EnterName(&G->lost_names, node, 0);
         return 1;
@@ -130,7 +127,7 @@ void AddClasses2Tree(Globals *G) {
     PartNames parts;
     std::vector<ParentParts> sought;
     LineText parent;
-    for (const NodeData *record : Records<NodeData>(G->class_list)) {
+    for (const ClassData *record : Records<ClassData>(G->class_list)) {
         for (const char *rest = IsClass(record) && HasParents(record) ? record->inherit_line : nullptr; rest;) {
             rest = NextParent(rest, parent);
             sought.push_back(AddParentParts(parts, record->name, parent));
@@ -139,7 +136,7 @@ void AddClasses2Tree(Globals *G) {
     FindParts(parts, G->class_list);
 
     const ParentParts *next = sought.data();
-    for (const NodeData *record : Records<NodeData>(G->class_list)) {
+    for (const ClassData *record : Records<ClassData>(G->class_list)) {
         if (!IsClass(record)) {
             continue;
         }

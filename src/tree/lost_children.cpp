@@ -57,10 +57,7 @@ void CopyBelow(TreeData *parent, TreeData *node, Globals *G) {
     if (!copy) {
         return;
     }
-    if (!HangNode(copy, parent, nullptr, G)) {
-        FreeTreeNode(copy);
-        return;
-    }
+    HangNode(copy, parent, nullptr, G);
     HandOverChildren(node, copy);
     EnterName(&G->lost_names, copy, 0);
 }
@@ -79,10 +76,7 @@ int AddLostChildToTree(TreeData *node, int copies, Globals *G) {
         return 0;
     }
     UnhangNode(node, &G->lost_child_list);
-    if (!HangNode(node, above, nullptr, G)) {
-        DropNode(&G->lost_names, node);
-        return 0;
-    }
+    HangNode(node, above, nullptr, G);
     RemoveName(&G->lost_names, node);
     EnterTree(node, G);
     if (copies) {

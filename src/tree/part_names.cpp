@@ -64,7 +64,7 @@ int AddPart(PartNames &parts, const char *text) {
 
 void FindParts(PartNames &parts, const Llist &classes) {
     LinkStates(parts);
-    for (const NodeData *record : Records<NodeData>(classes)) {
+    for (const ClassData *record : Records<ClassData>(classes)) {
         int state = 0;
         for (const char *c = record->name ? record->name : ""; *c; ++c) {
             state = Step(parts, state, *c);

@@ -8,13 +8,13 @@
 
 #include "run/llist.h"
 
-struct NodeData;
+struct ClassData;
 
 struct PartNames {
     struct State {
-        const NodeData *first; // the first class whose name contains the text up to here
-        int child, sibling;    // 0 for none
-        int fail;              // the state of the longest end of this text
+        const ClassData *first; // the first class whose name contains the text up to here
+        int child, sibling;     // 0 for none
+        int fail;               // the state of the longest end of this text
         char c;
     };
     std::vector<State> states{State{}};
@@ -23,9 +23,9 @@ struct PartNames {
 
 // Enters a text that isn't empty; returns its number. All texts come before FindParts.
 int AddPart(PartNames &parts, const char *text);
-// Runs the names of NodeData records through all texts.
+// Runs the names of ClassData records through all texts.
 void FindParts(PartNames &parts, const Llist &classes);
 // The first class whose name contains the text, or null. No text has the number 0.
-inline const NodeData *ClassWithPart(const PartNames &parts, int text) {
+inline const ClassData *ClassWithPart(const PartNames &parts, int text) {
     return text ? parts.states[static_cast<size_t>(text)].first : nullptr;
 }

@@ -6,65 +6,46 @@
 #include "run/globals.h"
 #include "run/memory.h"
 #include "run/mode.h"
-#include "run/text.h"
 #include "tree/class_tree.h"
 
 TreeData *NewTreeNode(const char *name, const char *parent, const char *file, int line, int parents, Globals *G) {
-    TreeData *node = static_cast<TreeData *>(calloc(1, sizeof(TreeData)));
-    if (node) {
-        const bool has_parent = parent && *parent;
-        node->name = CopyOnHeap(name);
-        node->parent = has_parent ? CopyOnHeap(parent) : nullptr;
-        node->file = file;
-        node->line = line;
-        node->parents = parents;
-        node->order = ++G->tree_order;
-        if (node->name && (node->parent || !has_parent)) {
-            return node;
-        }
-        FreeTreeNode(node);
+    TreeData like{};
+    like.name = const_cast<char *>(name); // texts are copied
+    like.parent = parent && *parent ? const_cast<char *>(parent) : nullptr;
+    like.file = file;
+    like.line = line;
+    like.parents = parents;
+    like.order = ++G->tree_order;
+    static constexpr char *TreeData::*kTexts[] = {&TreeData::name, &TreeData::parent};
+    TreeData *node = CopyRecord(like, kTexts);
+    if (!node) {
+        MemoryError(G);
     }
-    MemoryError(G);
-    return nullptr;
-}
-
-static void FreeTexts(TreeData *node) {
-    free(node->name);
-    free(node->parent);
-    node->name = node->parent = nullptr;
+    return node;
 }
 
 void TreeDataFree(void *record) {
-    TreeData *node = static_cast<TreeData *>(record);
     Llist pending{};
-    LlistConcatenate(&pending, &node->children);
+    LlistConcatenate(&pending, &static_cast<TreeData *>(record)->children);
     while (pending.head) {
-        TreeData *child = Record<TreeData>(pending.head);
-        LlistConcatenate(&pending, &child->children);
-        LlistDetachNode(&pending, pending.head);
-        FreeTexts(child);
-        free(child);
+        LlistConcatenate(&pending, &Record<TreeData>(pending.head)->children);
+        LlistRemoveNodeInList(&pending, pending.head, nullptr);
     }
-    FreeTexts(node);
 }
 
 void FreeTreeNode(TreeData *node) {
-    if (node) {
-        TreeDataFree(node);
-        free(node);
-    }
+    TreeDataFree(node);
+    FreeRecord(node);
 }
 
-int HangNode(TreeData *node, TreeData *above, Llist *top, Globals *G) {
+void HangNode(TreeData *node, TreeData *above, Llist *top, const Globals *G) {
     node->above = above;
-    node->link = LlistAdd(above ? &above->children : top, node, nullptr, G);
-    return node->link != nullptr;
+    LlistAdd(above ? &above->children : top, node, nullptr, G);
 }
 
 void UnhangNode(TreeData *node, Llist *top) {
-    LlistDetachNode(node->above ? &node->above->children : top, node->link);
+    LlistDetachNode(node->above ? &node->above->children : top, NodeOf(node));
     node->above = nullptr;
-    node->link = nullptr;
 }
 
 void HandOverChildren(TreeData *from, TreeData *to) {
@@ -141,8 +122,8 @@ TreeData *NextNode(TreeData *node, const TreeData *top) {
 
 TreeData *NextBeside(TreeData *node, const TreeData *top) {
     for (; node && node != top; node = node->above) {
-        if (node->link->next) {
-            return Record<TreeData>(node->link->next);
+        if (const LlistNode *next = NodeOf(node)->next) {
+            return Record<TreeData>(next);
         }
     }
     return nullptr;

@@ -13,8 +13,8 @@ struct TreeData;
 TreeData *NewTreeNode(const char *name, const char *parent, const char *file, int line, int parents, Globals *G);
 // Frees a node without a place and everything below it.
 void FreeTreeNode(TreeData *node);
-// Puts a node below another of the same forest, or with a null one into the top list. Returns 0 when memory is out.
-int HangNode(TreeData *node, TreeData *above, struct Llist *top, Globals *G);
+// Puts a node below another of the same forest, or with a null one into the top list.
+void HangNode(TreeData *node, TreeData *above, struct Llist *top, const Globals *G);
 // Takes a node out of its list. It keeps its children.
 void UnhangNode(TreeData *node, Llist *top);
 // All children of one node become those of another, which has none.

@@ -18,14 +18,14 @@ struct CompareBench : StateBench {
     void File(Llist *list, const std::string &name, int64_t loc) const {
         WorkMetrics metrics{};
         metrics.of[kWorkLoc] = metrics.of[kWorkEloc] = loc;
-        REQUIRE(AddWorkNode(name.c_str(), 1000, metrics, kStateUnprocessed, 0, 0, nullptr, list, G) == 1);
+        REQUIRE(AddWorkNode(name.c_str(), 1000, metrics, kStateUnprocessed, 0, false, nullptr, list, G) == 1);
     }
     // "Mod name 5, ..." of every result.
     std::string Results() const {
         DiffWorkLists(&G->old_work_list, &G->new_work_list, &G->work_result_list, G);
         static constexpr const char *kLabels[] = {"Unp", "Equ", "Mod", "Dif", "Rem", "New", "Prc"};
         std::string text;
-        for (const NodeData *file : Records<NodeData>(G->work_result_list)) {
+        for (const WorkData *file : Records<WorkData>(G->work_result_list)) {
             text +=
                 std::string(text.empty() ? "" : ", ") + kLabels[file->returns] + " " + file->name + " " + std::to_string(file->loc);
         }
@@ -100,7 +100,7 @@ TEST_CASE("files match by name and then without case, in a list as insertions wo
                 bench.File(list, {"aAbB"[random(4)], "cC["[random(3)]}, random(3));
             }
             REQUIRE(LlistSort(list, CompName_NodeData, 0) == 1);
-            for (const NodeData *file : Records<NodeData>(*list)) {
+            for (const WorkData *file : Records<WorkData>(*list)) {
                 lists[side].emplace_back(file->name, file->loc);
             }
         }
@@ -144,10 +144,10 @@ TEST_CASE("sums and differences of the largest numbers") {
     CHECK(G->older_totals.of[kWorkEloc] == 4LL * INT_MIN);
     CHECK(G->older_totals.files == 4);
     CHECK(G->newer_totals.files == 3);
-    const NodeData *gone = Record<NodeData>(G->work_result_list.tail);
-    CHECK(gone->nesting == kHidden); // and yet it counts
+    const WorkData *gone = Record<WorkData>(G->work_result_list.tail);
+    CHECK(gone->hidden); // and yet it counts
     CHECK(gone->percent == 100.0f);
-    CHECK(Record<NodeData>(G->work_result_list.head)->percent == 100.0f); // no part of less than no line
+    CHECK(Record<WorkData>(G->work_result_list.head)->percent == 100.0f); // no part of less than no line
 }
 
 TEST_CASE("times between baselines") {

@@ -129,7 +129,7 @@ struct SourceBench : StateBench {
     // One line per function: "f(int a) template<T> l3".
     std::string Functions() const {
         std::string dump;
-        for (const NodeData *f : Records<NodeData>(G->function_list)) {
+        for (const FunctionData *f : Records<FunctionData>(G->function_list)) {
             dump += f->name + std::string(f->parameters ? f->parameters : "") +
                     (f->template_line ? std::string(" ") + f->template_line : "") + " l" + std::to_string(f->loc) + "\n";
         }
@@ -141,7 +141,7 @@ struct SourceBench : StateBench {
     std::string Classes() const {
         std::string dump;
         for (const Llist *list : {&G->class_list, &G->interface_list}) {
-            for (const NodeData *node : Records<NodeData>(*list)) {
+            for (const ClassData *node : Records<ClassData>(*list)) {
                 const auto behind = [](const char *lead, const char *text) { return text ? lead + std::string(text) : ""; };
                 char figures[128];
                 snprintf(figures, sizeof figures, "%.0d d%d%d%d m%d%d%d l%d\n", node->parents, node->public_data,

@@ -118,12 +118,14 @@ TEST_CASE("namespaces and packages") {
 
 TEST_CASE_FIXTURE(Bench, "a name seen again is the same record, in whichever file") {
     G->totals_only = 1;
-    Feed("// its own comment\nclass A {\n};\n#define M 1\n");
+    Feed("// its own comment\ntemplate <class T> class A {\n};\nclass Z {\n};\n#define M 1\n");
     Begin(kCpp);
     G->file_name = "second";
     Feed("\nclass M A : public B {\n};\nstruct { int a; } A;\n");
-    CHECK(Names(G->class_list) == "A instance"); // the second name is taken: its figures go to the first record
-    const NodeData *record = FindClass("A", G);
+    CHECK(Names(G->class_list) == "A Z instance"); // the second name is taken: its figures go to the first record
+    const ClassData *record = FindClass("A", G);
+    CHECK(record == Record<ClassData>(G->class_list.head));
+    CHECK(std::string(record->template_line) + " : " + record->inherit_line == "template<T> : B");
     CHECK(std::string(record->file) == "second");
     CHECK(record->line == 2);
     CHECK(record->parents == 1);

@@ -22,16 +22,16 @@ struct TableBench : StateBench {
             G->report_cfg[kKeys[i]] = {.on = (columns >> i & 1) != 0, .plus = 0};
         }
     }
-    NodeData Record(int state, int value, float percent) const {
-        NodeData record = {};
+    WorkData Record(int state, int value, float percent) const {
+        WorkData record = {};
         record.name = const_cast<char *>("a.c");
         record.returns = state;
         record.percent = percent;
         record.loc = record.eloc = record.lloc = record.comments = record.blanks = record.lines = record.cyclo = value;
-        record.public_methods = record.protected_methods = record.private_methods = record.public_data = value;
+        record.notices = record.interface = record.complexity = record.functions = value;
         return record;
     }
-    std::string Show(NodeData record) const {
+    std::string Show(WorkData record) const {
         return Written([&] { DiffDataShow(&record, G); });
     }
 };
@@ -108,7 +108,7 @@ TEST_CASE("a made configuration turns on the columns of the report; what can't b
 
 TEST_CASE("whatever columns are chosen, a figure ends under its head and the CSV fields are as many") {
     const TableBench bench;
-    const NodeData record = bench.Record(kStateModified, 1234567, 12345.25F);
+    const WorkData record = bench.Record(kStateModified, 1234567, 12345.25F);
     for (unsigned columns = 1; columns < 1U << std::size(kKeys); columns += 14) { // LOC always: its cell is wider than its head
         CAPTURE(columns);
         bench.Choose(columns);
@@ -139,8 +139,8 @@ TEST_CASE("whatever columns are chosen, a figure ends under its head and the CSV
 TEST_CASE("hidden records and -Tw print nothing and count in the profile; a state of its own per line") {
     const TableBench bench;
     bench.Choose(0x801);
-    NodeData hidden = bench.Record(kStateNew, 2000000000, 100);
-    hidden.nesting = kHidden;
+    WorkData hidden = bench.Record(kStateNew, 2000000000, 100);
+    hidden.hidden = true;
     CHECK(bench.Show(hidden).empty());
     bench.G->totals_work = 1;
     CHECK(bench.Show(bench.Record(kStateNew, 2000000000, 100)).empty());

@@ -58,7 +58,7 @@ struct FilesBench : StateBench {
     }
     // The names in list order, with ":" between them.
     std::string Build() {
-        LlistDestroy(&G->file_list, FileDataFree);
+        LlistDestroy(&G->file_list, nullptr);
         const int count = BuildFileList(0, G);
         std::string names;
         for (const FileData *file : Records<FileData>(G->file_list)) {

@@ -134,7 +134,7 @@ TEST_CASE_FIXTURE(Bench, "the class, the enclosing classes or the namespace take
     G->class_index = 1000000000; // levels that no stack holds cost nothing
     Run("A::C", "()", line);
     for (const char *name : {"n::g", "n::A::g", "n:g", "g", "m::g"}) {
-        NodeData function{};
+        FunctionData function{};
         function.name = const_cast<char *>(name);
         function.loc = 100;
         Add_Func2namespace(function, G);

@@ -30,15 +30,15 @@ struct Bench : StateBench {
     // "name:line of its }", with "=complexity" where it isn't 1, joined by blanks.
     std::string Functions() const {
         std::string found;
-        for (const NodeData *node : Records<NodeData>(G->function_list)) {
+        for (const FunctionData *node : Records<FunctionData>(G->function_list)) {
             found += (found.empty() ? "" : " ") + std::string(node->name) + ":" + std::to_string(node->line);
             found += node->cyclo > 1 ? "=" + std::to_string(node->cyclo) : "";
         }
         return found;
     }
-    const NodeData &Only(const Llist &list) const {
+    template <class T> const T &Only(const Llist &list) const {
         REQUIRE(list.count == 1);
-        return *Record<NodeData>(list.head);
+        return *Record<T>(list.head);
     }
 };
 
@@ -50,7 +50,7 @@ std::string Functions(const std::string &language, const std::string &text, unsi
 }
 
 // "data 1 2 3 methods 4 5 6": of the public, protected and private section.
-std::string Sections(const NodeData &n) {
+std::string Sections(const ClassData &n) {
     std::string text = "data";
     for (const int count : {n.public_data, n.protected_data, n.private_data}) {
         text += " " + std::to_string(count);
@@ -151,11 +151,11 @@ TEST_CASE("classes and their members by the modern reading") {
     cpp.Scan("class A : public B<int, C(int)>, private D {\n friend class F;\n void f(std::function<void(int, int)> a, int b);\n"
              "public:\n int a, *b, c[2];\n using E = int;\n int (*p)(int);\n A(std::string a, void (*g)(int, int)) { int local; "
              "}\n};\n");
-    const NodeData &a = cpp.Only(cpp.G->class_list);
+    const auto &a = cpp.Only<ClassData>(cpp.G->class_list);
     CHECK(a.parents == 2);
     CHECK(Sections(a) == "data 4 0 0 methods 1 0 1");
-    CHECK(cpp.Only(cpp.G->function_list).params == 2);
-    CHECK(std::string(cpp.Only(cpp.G->function_list).parameters) == "(std::string a, void (*g)(int, int))");
+    CHECK(cpp.Only<FunctionData>(cpp.G->function_list).params == 2);
+    CHECK(std::string(cpp.Only<FunctionData>(cpp.G->function_list).parameters) == "(std::string a, void (*g)(int, int))");
 
     struct {
         const char *language, *text, *sections;
@@ -187,20 +187,21 @@ TEST_CASE("classes and their members by the modern reading") {
     names.Scan("namespace n {\ntemplate <> struct A<b::c> { struct D { void f() { } }; operator b::c() { } };\nstruct A::B { };\n"
                "void i<b::c>() { }\nnamespace { class P { }; }\nstruct H<long double> { };\n}\nvoid Y<T>::Z<T>::x() { }\n");
     std::string classes_of;
-    for (const NodeData *node : Records<NodeData>(names.G->class_list)) {
+    for (const ClassData *node : Records<ClassData>(names.G->class_list)) {
         classes_of += std::string(node->name) + " " + std::to_string(node->functions) + " ";
     }
     CHECK(classes_of == "n::A<b::c> 2 n::A<b::c>::D 1 n::A::B 0 n::P 0 n::H<longdouble> 0 Y::Z 1 ");
     const Bench other("C#", kAllRules);
     other.Scan("class A : I {\n void I.F() { }\n}\n");
-    CHECK(other.Only(other.G->class_list).functions == 1);
+    CHECK(other.Only<ClassData>(other.G->class_list).functions == 1);
     const Bench interface("C#", kAllRules);
     interface.Scan("interface I {\n void F();\n int G();\n}\n");
-    CHECK(Sections(interface.Only(interface.G->interface_list)) == "data 0 0 0 methods 2 0 0");
+    CHECK(Sections(interface.Only<ClassData>(interface.G->interface_list)) == "data 0 0 0 methods 2 0 0");
 
     const Bench branch("C", kAllRules);
     branch.Scan("int f( int a\n#if X\n , int b\n#endif\n )\n{\n}\n");
-    CHECK(std::string(branch.Only(branch.G->function_list).parameters) == "(int a , int b) Defined By Compiler Directive");
+    CHECK(std::string(branch.Only<FunctionData>(branch.G->function_list).parameters) ==
+          "(int a , int b) Defined By Compiler Directive");
 
     const Bench stray("C++", kAllRules);
     stray.Scan("}\nint f() { return 1; }\n");

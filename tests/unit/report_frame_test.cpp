@@ -128,6 +128,19 @@ TEST_CASE("a form prints what the library's printf prints") {
     CHECK(got.substr(at, 60) == wanted.substr(at, 60));
 }
 
+TEST_CASE("a date is the library's, whatever its year") {
+    std::mt19937_64 random(3);
+    for (int bits = 1; bits < 64; ++bits) {
+        for (int round = 0; round < 40; ++round) {
+            const auto when = static_cast<time_t>(random()) >> (64 - bits);
+            struct tm parts;
+            char date[64] = "\n";
+            CAPTURE(when);
+            CHECK(get_date(&when) + "\n" == (localtime_r(&when, &parts) && asctime_r(&parts, date) ? date : "\n"));
+        }
+    }
+}
+
 TEST_CASE("a message waits for the document and is encoded where it lands") {
     const char *const bodies[] = {"early <--> -\ntext head late <-->\n", "early &lt;--&gt; -\n", "early <--> -\nTallyline\n",
                                   "<!--early &lt;-&#45;&gt; -\n-->\n<program>Tallyline</program>\n"};

@@ -47,14 +47,14 @@ struct WorkBench : StateBench {
         return LoadFrom(dir / "work.dat");
     }
     int LoadFrom(const std::string &path) {
-        LlistDestroy(list, NodeDataFree);
+        LlistDestroy(list, nullptr);
         int loaded = -1;
         told = Written([&] { loaded = LoadWorkFile(path.c_str(), &time, list, &blank, &white, G); });
         return loaded;
     }
     std::string Names() const {
         std::string names;
-        for (const NodeData *file : Records<NodeData>(*list)) {
+        for (const WorkData *file : Records<WorkData>(*list)) {
             names += std::string(file->name) + "|" + file->diff_file + " ";
         }
         return names;
@@ -173,7 +173,7 @@ TEST_CASE("numbers of a record that is written come back") {
     CHECK(bench.Names() == "a  b|.c|d .dif ");
     metrics.of[kWorkSize] = INT_MAX;
     metrics.of[kWorkTotalComplexity] = metrics.of[kWorkCyclo] + metrics.of[kWorkInterface];
-    const WorkMetrics read = MetricsOf(Record<NodeData>(bench.list->head));
+    const WorkMetrics read = MetricsOf(Record<WorkData>(bench.list->head));
     CHECK(std::memcmp(&read, &metrics, sizeof read) == 0);
 }
 

@@ -108,7 +108,8 @@ static void CloseBlock(const Head &head, const Globals *G) {
     }
 }
 
-void FunctionDataShow(NodeData *record, Globals *G) {
+void FunctionDataShow(void *entity, Globals *G) {
+    auto *record = static_cast<FunctionData *>(entity);
     if (!HasBlock(record)) {
         return;
     }
@@ -116,7 +117,7 @@ void FunctionDataShow(NodeData *record, Globals *G) {
     if (mode == Mode::kCsv) {
         ReplaceCommas(record->name, ' ');
         ReplaceCommas(record->parameters, ';');
-        ShowCsvRow(kFunctionColumns, record->name, record->parameters, FiguresOf(*record, 1), 0);
+        ShowCsvRow(kFunctionColumns, record->name, record->parameters, FiguresOf(*record), 0);
         return;
     }
     LineText room;
@@ -133,21 +134,22 @@ void FunctionDataShow(NodeData *record, Globals *G) {
 }
 
 // The rows and lines that classes and interfaces have in common.
-static void ShowMembers(const Head &head, const NodeData *record, const Globals *G) {
+static void ShowMembers(const Head &head, const ClassData *record, const Globals *G) {
     DataLine(record->public_data, record->protected_data, record->private_data, G);
     MethodLine(record->public_methods, record->protected_methods, record->private_methods, G);
     ShowComplexityAndLines(record, G);
     CloseBlock(head, G);
 }
 
-static void ShowClassRow(NodeData *record, const Globals *G) {
+static void ShowClassRow(ClassData *record, const Globals *G) {
     if (OutputMode(G) == Mode::kCsv) {
         ReplaceCommas(record->name, ' ');
         ShowCsvRow(kClassColumns, record->name, nullptr, FiguresOf(*record, MethodSum(*record)), 0);
     }
 }
 
-void ClassDataShow(NodeData *record, Globals *G) {
+void ClassDataShow(void *entity, Globals *G) {
+    auto *record = static_cast<ClassData *>(entity);
     if (!HasBlock(record)) {
         return;
     }
@@ -168,7 +170,8 @@ void ClassDataShow(NodeData *record, Globals *G) {
     ShowMembers(head, record, G);
 }
 
-void InterDataShow(NodeData *record, Globals *G) {
+void InterDataShow(void *entity, Globals *G) {
+    auto *record = static_cast<ClassData *>(entity);
     if (!HasBlock(record)) {
         return;
     }
@@ -178,7 +181,8 @@ void InterDataShow(NodeData *record, Globals *G) {
     ShowMembers(head, record, G);
 }
 
-void NamespaceDataShow(NodeData *record, Globals *G) {
+void NamespaceDataShow(void *entity, Globals *G) {
+    auto *record = static_cast<ClassData *>(entity);
     if (!HasBlock(record)) {
         return;
     }

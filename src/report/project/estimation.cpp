@@ -52,7 +52,7 @@ constexpr Factor kFactors[] = {
 
 Sums Gather(const Globals *G) {
     Sums s{};
-    for (const NodeData *function : Records<NodeData>(G->function_list)) {
+    for (const FunctionData *function : Records<FunctionData>(G->function_list)) {
         ++s.functions;
         s.lines[0] += function->loc;
         s.lines[1] += function->eloc;

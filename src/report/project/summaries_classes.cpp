@@ -123,7 +123,7 @@ static void ShowClassXml(const Kind &kind, const Summary &summary, const Globals
 
 static void TShowClassInterSummary(const Llist &list, const Kind &kind, Globals *G) {
     Summary summary{};
-    for (const NodeData *record : Records<NodeData>(list)) {
+    for (const ClassData *record : Records<ClassData>(list)) {
         const bool nested = record->nesting != 0;
         Figures figures = FiguresOf(*record, MethodsOrFunctions(*record));
         AddPoints(figures, *record, G);
@@ -174,7 +174,7 @@ static void ShowNamespaceXml(const Summary &summary, const Globals *G) {
 
 static void TShowNamespaceSummary(Globals *G) {
     Summary summary{};
-    for (const NodeData *record : Records<NodeData>(G->namespace_list)) {
+    for (const ClassData *record : Records<ClassData>(G->namespace_list)) {
         Figures figures = FiguresOf(*record, NamespaceFunctions(*record, G));
         AddPoints(figures, *record, G);
         AddFigures(summary, figures, false);

@@ -53,8 +53,8 @@ static constexpr Forms<int, int, int, int, int> kTotalLine{
 
 static Summary GatherFunctions(Globals *G) {
     Summary summary{};
-    for (const NodeData *record : Records<NodeData>(G->function_list)) {
-        Figures figures = FiguresOf(*record, 1);
+    for (const FunctionData *record : Records<FunctionData>(G->function_list)) {
+        Figures figures = FiguresOf(*record);
         AddPoints(figures, *record, G);
         AddFigures(summary, figures, false);
         Add_Func2namespace(*record, G);

@@ -41,9 +41,7 @@ void OpenSummary(const SummaryFrame &frame, Llist *list, Globals *G) {
     if (G->totals_summaries_only) {
         return;
     }
-    for (NodeData *record : Records<NodeData>(*list)) {
-        frame.show(record, G);
-    }
+    LlistShow(list, frame.show, G);
 }
 
 void CloseSummary(const Globals *G) {

@@ -4,14 +4,13 @@
 
 struct Globals;
 struct Llist;
-struct NodeData;
 
 struct SummaryFrame {
     const char *title;    // on a page
     const char *xml_name; // in XML
     const char *csv_name, *csv_count, *csv_columns;
     const char *note[3]; // on a page, in CSV, in XML; null for none
-    void (*show)(NodeData *record, Globals *G);
+    void (*show)(void *record, Globals *G);
 };
 
 // Sorts the list by the sort key, writes the head of the report and, unless only summaries are wanted, the block of every record.

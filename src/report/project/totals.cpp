@@ -88,7 +88,7 @@ void ShowTotalDirSummary(Globals *G) {
         LOCLine(directory->loc, directory->eloc, directory->lloc, directory->comments, directory->lines, G);
         if (xml) {
             Put("</directory>\n");
-        } else if (directory != last->data) {
+        } else if (directory != Record<NodeData>(last)) {
             Put("\n");
         }
     }
