@@ -14,6 +14,7 @@
 #include "analysis/keyword_actions.h"
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
+#include "files/word_sieve.h"
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/text.h"
@@ -32,8 +33,7 @@ constexpr Ahead kAhead[] = {
 // What closes a word.
 enum Closing : unsigned char {
     kSet,    // at once a character of the row's closers; "#" among them stands for a comment that opens
-    kTermin, // KeywordTermin with the row's closer: if (a), if at the line's end
-    kNoTest, // anything
+    kTermin, // behind blanks and tabs the row's closer, a line end or a comment: if (a), if at the line's end
     kName,   // the word begins a longer one too, but for one that goes on with "_": static, not static_cast
     kOpName, // a blank, a line end or what follows operator directly: operator+, and "operatornew"
 };
@@ -115,7 +115,7 @@ constexpr Keyword kKeywords[] = {
     {"foreach",          kTermin, "(",            kAll,           &File::for_count,      &Fn::local_for,     OnForeach},
     {"free",             kTermin, "(",            kAll,           &File::free_count,     nullptr,            nullptr},
     {"friend",           kSet,    " \t\n\r#",     kAnsi|kNotC,    &File::friend_count,   nullptr,            Set<&Scope::friend_flag>},
-    {"get",              kNoTest, "",             kAll,           nullptr,               nullptr,            OnGet},
+    {"get",              kSet,    " \t{#",        kAll,           nullptr,               nullptr,            OnGet},
     {"goto",             kSet,    " \n\t\r#",     kAll,           &File::goto_count,     &Fn::local_goto,    OnGoto},
     {"if",               kTermin, "(",            kAll,           &File::if_count,       nullptr,            OnIf},
     {"import",           kSet,    " \n\t\r#",     kJava,          &File::import_count,   nullptr,            nullptr},
@@ -137,7 +137,7 @@ constexpr Keyword kKeywords[] = {
     {"reinterpret_cast", kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
     {"return",           kSet,    " \t;#",        kAll,           nullptr,               nullptr,            OnReturn},
     {"return",           kTermin, "(",            kAll,           &File::return_count,   &Fn::local_return,  nullptr},
-    {"set",              kNoTest, "",             kCs,            nullptr,               nullptr,            OnSet},
+    {"set",              kSet,    " \t{#",        kCs,            nullptr,               nullptr,            OnSet},
     {"static",           kName,   "",             kAll,           nullptr,               nullptr,            OnStatic},
     {"static_cast",      kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
     {"struct",           kSet,    "{ \n\t\r#",    kAll,           nullptr,               nullptr,            OnStruct},
@@ -164,9 +164,62 @@ constexpr Keyword kKeywords[] = {
 constexpr int kKeywordCount = sizeof kKeywords / sizeof *kKeywords;
 static_assert(kKeywordCount < 256);
 
-constexpr bool IsPrefix(const Keyword &keyword) {
-    return keyword.closing == kName || keyword.closing == kOpName;
+// How a row's word is closed, made of its closing and its closers.
+struct End {
+    std::array<uint64_t, 4> closers; // a bit per byte
+    bool comment;                    // one that opens closes it too
+    bool behind_blanks;
+
+    constexpr void Add(char c) { closers[static_cast<unsigned char>(c) / 64] |= uint64_t{1} << (c & 63); }
+    constexpr bool Has(char c) const { return closers[static_cast<unsigned char>(c) / 64] >> (c & 63) & 1; }
+};
+constexpr End EndOf(const Keyword &keyword) {
+    End end{};
+    for (const char *c = keyword.closers; *c; ++c) {
+        if (*c != '#') {
+            end.Add(*c);
+        }
+    }
+    const bool termin = keyword.closing == kTermin;
+    end.behind_blanks = termin;
+    end.comment = termin || std::string_view(keyword.closers).find('#') != std::string_view::npos;
+    for (int i = 0; i < 256; ++i) {
+        const char c = static_cast<char>(i);
+        if ((termin && IsLineEnd(c)) || (keyword.closing == kName && c != '_') ||
+            (keyword.closing == kOpName && (IsSpace(c) || is_operator(c)))) {
+            end.Add(c);
+        }
+    }
+    return end;
 }
+constexpr std::array<End, kKeywordCount> kEnds = [] {
+    std::array<End, kKeywordCount> ends{};
+    for (int row = 0; row < kKeywordCount; ++row) {
+        ends[row] = EndOf(kKeywords[row]);
+    }
+    return ends;
+}();
+
+// The masks of a block leave out words that the sieve holds back: no keyword may be among them, whatever closes it.
+constexpr bool PassesSieve(const Keyword &keyword, const End &end) {
+    for (int c = 0; c < 128; ++c) {
+        const char closer = static_cast<char>(c);
+        if (!end.Has(closer) && !(end.comment && closer == '/') && !(end.behind_blanks && IsBlankOrTab(closer))) {
+            continue;
+        }
+        for (char behind = ' '; behind < ' ' + 16; ++behind) {
+            std::array<char, 32> text{};
+            char *p = std::copy(keyword.word.begin(), keyword.word.end(), text.begin());
+            *p++ = closer;
+            *p = behind;
+            if (!MayBeKeyword(text.data())) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(std::equal(std::begin(kKeywords), std::end(kKeywords), kEnds.begin(), PassesSieve));
 
 // Bit of a letter: the small letters have 1 to 26, "_" has 31.
 constexpr int LetterBit(char letter) {
@@ -174,7 +227,7 @@ constexpr int LetterBit(char letter) {
 }
 
 // The first bytes of a word as one number, the first byte lowest on any machine.
-constexpr int kHeadBytes = 8;
+constexpr size_t kHeadBytes = 8;
 constexpr uint64_t HeadOf(const char *word, size_t bytes) {
     uint64_t head = 0;
     for (size_t i = 0; i < bytes; ++i) {
@@ -191,12 +244,14 @@ uint64_t HeadOf(const char *word) {
 // The first bytes of a row's word, and which they are: one comparison tells most other words apart.
 struct WordHead {
     uint64_t bytes, mask;
+
+    bool IsIn(uint64_t head) const { return ((head ^ bytes) & mask) == 0; }
 };
 constexpr std::array<WordHead, kKeywordCount> kHeads = [] {
     std::array<WordHead, kKeywordCount> heads{};
     for (int row = 0; row < kKeywordCount; ++row) {
         const std::string_view word = kKeywords[row].word;
-        const size_t size = std::min<size_t>(word.size(), kHeadBytes);
+        const size_t size = std::min(word.size(), kHeadBytes);
         heads[row] = {HeadOf(word.data(), size), ~uint64_t{0} >> 8 * (kHeadBytes - size)};
     }
     return heads;
@@ -243,70 +298,74 @@ unsigned LanguageOf(const Globals *G) {
     return G->is_c ? kC : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
 }
 
-bool IsInSet(const char *closers, const char *p) {
-    const char c = *p == '/' && OpensComment(p) && strchr(closers, '#') ? '#' : *p;
-    return c != '\0' && (c != '#' || *p == '/') && strchr(closers, c) != nullptr;
-}
-
-// Whether the word is closed at index; then counts it.
-bool IsClosed(const Keyword &keyword, const char *line, int index, int *counter) {
-    const char *p = line + index;
-    int closed = 1;
-    switch (keyword.closing) {
-    case kTermin: return KeywordTermin(line, index, counter, keyword.closers[0], '\n');
-    case kSet: closed = IsInSet(keyword.closers, p); break;
-    case kName: closed = *p != '_'; break;
-    case kOpName: closed = IsSpace(*p) || is_operator(*p); break;
-    case kNoTest: break;
+// Whether the row's word, which ends at p, is closed there.
+bool IsClosed(int row, const char *p) {
+    const End &end = kEnds[row];
+    if (end.behind_blanks) {
+        p = Ltrim(p);
     }
-    *counter += closed;
-    return closed;
+    return end.Has(*p) || (end.comment && OpensComment(p));
 }
 
-// if constexpr (a), if IF_CONSTEXPR (a): the index behind what stands between the word and its condition.
-int BehindConstexpr(const Keyword &keyword, const char *line, int end, const Globals *G) {
+// if constexpr (a), if IF_CONSTEXPR (a): behind what stands between the word, which ends at p, and its condition.
+const char *BehindConstexpr(const Keyword &keyword, const char *p, const Globals *G) {
     if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
-        return end;
+        return p;
     }
-    const char *p = Ltrim(line + end);
-    while (IsWordChar(*p)) {
-        ++p;
+    const char *macro = Ltrim(p);
+    while (IsWordChar(*macro)) {
+        ++macro;
     }
-    return *Ltrim(p) == '(' ? static_cast<int>(p - line) : end;
+    return *Ltrim(macro) == '(' ? macro : p;
 }
 
-// True if the row was the word's.
-bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
-    const unsigned language = LanguageOf(G);
-    const int complains = (keyword.languages & kAnsi) && language == kC;
-    const int acts = (keyword.languages & language) != 0;
-    const int end = scan.index + static_cast<int>(keyword.word.size());
-    int uncounted = 0;
-    int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
-    if (!(complains | acts) || !IsClosed(keyword, scan.line, BehindConstexpr(keyword, scan.line, end, G), counter)) {
-        return false;
-    }
-    if (complains) {
+// Whether a word with the head of a row is the row's as far as its letters go; what closes it tells where it ends.
+bool HasTail(const Keyword &keyword, const char *word) {
+    const size_t size = keyword.word.size();
+    return size <= kHeadBytes || memcmp(word + kHeadBytes, keyword.word.data() + kHeadBytes, size - kHeadBytes) == 0;
+}
+
+// What the row's word, which ends at end, does in a file of the language.
+void TakeKeyword(const Keyword &keyword, unsigned language, int end, Scan &scan, Globals *G) {
+    if ((keyword.languages & kAnsi) && language == kC) {
         CPP_Symbol(scan.number, keyword.word.data(), G);
     }
-    if (acts && keyword.function_counter) {
+    if (!(keyword.languages & language)) {
+        return;
+    }
+    if (keyword.file_counter) {
+        ++(G->*keyword.file_counter);
+    }
+    if (keyword.function_counter) {
         ++(G->*keyword.function_counter);
     }
-    if (acts && keyword.action) {
+    if (keyword.action) {
         keyword.action(scan, end, G);
     }
-    return true;
 }
 
-// A word whose head is that of a row is the row's: nothing else follows.
-bool IsWordOf(const Keyword &keyword, const char *text) {
-    const size_t size = keyword.word.size();
-    return (size <= kHeadBytes || memcmp(text + kHeadBytes, keyword.word.data() + kHeadBytes, size - kHeadBytes) == 0) &&
-           (IsPrefix(keyword) || !IsWordChar(text[size]));
+void TryRow(int row, int last, Scan &scan, Globals *G);
+
+// The word in hand is that of the first of some rows that it fits: the first one that has its head is tried, then those behind it.
+void TryRows(int row, int last, Scan &scan, Globals *G) {
+    const uint64_t head = HeadOf(scan.line + scan.index);
+    for (; row < last; ++row) {
+        if (kHeads[row].IsIn(head)) {
+            return TryRow(row, last, scan, G);
+        }
+    }
 }
 
-bool HasHead(uint64_t head, int row) {
-    return ((head ^ kHeads[row].bytes) & kHeads[row].mask) == 0;
+[[gnu::noinline]] void TryRow(int row, int last, Scan &scan, Globals *G) {
+    const Keyword &keyword = kKeywords[row];
+    const char *word = scan.line + scan.index;
+    const char *end = word + keyword.word.size();
+    const unsigned language = LanguageOf(G);
+    const unsigned acting = language | (language == kC ? kAnsi : 0);
+    if ((keyword.languages & acting) && HasTail(keyword, word) && IsClosed(row, BehindConstexpr(keyword, end, G))) {
+        return TakeKeyword(keyword, language, static_cast<int>(end - scan.line), scan, G);
+    }
+    return TryRows(row + 1, last, scan, G);
 }
 
 const Rows &RowsOf(const char *word) {
@@ -319,15 +378,6 @@ bool MayFollow(const char *word) {
 
 } // namespace
 
-bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
-    const char *p = Ltrim(line + index);
-    if (*p == '\0' || (*p != term1 && *p != term2 && !IsLineEnd(*p) && !OpensComment(p))) {
-        return false;
-    }
-    ++*counter;
-    return true;
-}
-
 void CountLoop(const char *line, int index, Globals *G) {
     const char *word = line + index;
     if (!MayFollow(word)) {
@@ -337,19 +387,8 @@ void CountLoop(const char *line, int index, Globals *G) {
     const uint64_t head = HeadOf(word);
     for (int row = begin; row < end; ++row) {
         const Keyword &keyword = kKeywords[row];
-        if (keyword.file_counter == &File::for_count && HasHead(head, row) && IsWordOf(keyword, word)) {
-            IsClosed(keyword, line, index + static_cast<int>(keyword.word.size()), &G->for_count);
-            return;
-        }
-    }
-}
-
-// A word with the head of a row; the others of its first two letters stand behind it.
-[[gnu::noinline]] static void OnLikelyKeyword(int row, int end, Scan &scan, Globals *G) {
-    const char *word = scan.line + scan.index;
-    const uint64_t head = HeadOf(word);
-    for (; row < end; ++row) {
-        if (HasHead(head, row) && IsWordOf(kKeywords[row], word) && TakeKeyword(kKeywords[row], scan, G)) {
+        if (keyword.file_counter == &File::for_count && kHeads[row].IsIn(head) && IsClosed(row, word + keyword.word.size())) {
+            ++G->for_count;
             return;
         }
     }
@@ -357,15 +396,8 @@ void CountLoop(const char *line, int index, Globals *G) {
 
 void OnWord(Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const auto [begin, end] = RowsOf(word);
-    if (begin == end || !MayFollow(word)) {
-        return;
-    }
-    const uint64_t head = HeadOf(word);
-    for (int row = begin; row < end; ++row) {
-        if (HasHead(head, row)) {
-            OnLikelyKeyword(row, end, scan, G);
-            return;
-        }
+    if (MayFollow(word)) {
+        const auto [begin, end] = RowsOf(word);
+        TryRows(begin, end, scan, G);
     }
 }

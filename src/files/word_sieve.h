@@ -1,0 +1,64 @@
+// Which words may be keywords, told from their first four letters by four looks into tables.
+//
+// The keywords stand in eight groups, a bit each. At every place a table tells by the lower half of a byte in which groups it may
+// stand there; where no group is left behind the last place, the word is no keyword. Letters with the same lower half are taken for
+// one another, and those of a group's words mix: what passes is looked at again.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace sieve {
+
+// Which words share a group decides only how many others pass: these let few of those pass that are frequent in code.
+inline constexpr std::string_view kGroups[] = {
+    "alloc calloc class exit false malloc switch",
+    "catch event interface reinterpret_cast return using",
+    "_exit delegate delete dynamic_cast import inline operator throw typedef typeid",
+    "abort do free friend goto if or overload this true try void where while",
+    "case else extends final namespace package private",
+    "and asm get mutable new set wchar_t",
+    "const const_cast continue enum for foreach static static_cast struct union",
+    "bool break default protected public realloc template virtual",
+};
+// What may stand behind a keyword of less than four letters.
+inline constexpr std::string_view kBehindShort = " \t\n\r(/{";
+
+inline constexpr size_t kPlaces = 4;
+using Table = std::array<uint8_t, 16>; // groups by the lower half of a byte
+
+// Of the byte at the first place, what it is above this counts: only small letters and "_" are not negative then.
+inline constexpr char kFirst = '_';
+
+inline constexpr std::array<Table, kPlaces> kTables = [] {
+    std::array<Table, kPlaces> tables{};
+    for (size_t group = 0; group < std::size(kGroups); ++group) {
+        const std::string_view words = kGroups[group];
+        for (size_t begin = 0; begin < words.size();) {
+            const std::string_view word = words.substr(begin, words.find(' ', begin) - begin);
+            for (size_t place = 0; place < kPlaces; ++place) {
+                const bool behind = place == word.size();
+                for (const char c : place < word.size() ? word.substr(place, 1) : behind ? kBehindShort : "0123456789:;<=>?") {
+                    tables[place][(place == 0 ? c - kFirst : c) & 15] |= 1 << group;
+                }
+            }
+            begin += word.size() + 1;
+        }
+    }
+    return tables;
+}();
+
+constexpr unsigned GroupsOf(const Table &table, char c) {
+    return c < 0 ? 0 : table[c & 15];
+}
+
+} // namespace sieve
+
+// Whether a keyword may begin here. Looks at four bytes.
+constexpr bool MayBeKeyword(const char *word) {
+    return (sieve::GroupsOf(sieve::kTables[0], static_cast<char>(word[0] - sieve::kFirst)) &
+            sieve::GroupsOf(sieve::kTables[1], word[1]) & sieve::GroupsOf(sieve::kTables[2], word[2]) &
+            sieve::GroupsOf(sieve::kTables[3], word[3])) != 0;
+}
