@@ -241,21 +241,25 @@ uint64_t HeadOf(const char *word) {
     return std::endian::native == std::endian::little ? head : __builtin_bswap64(head);
 }
 
-// The first bytes of a row's word, and which they are: one comparison tells most other words apart.
-struct WordHead {
+// Eight bytes of a row's word, and which of them there are: one comparison tells most other words apart.
+struct WordPart {
     uint64_t bytes, mask;
 
     bool IsIn(uint64_t head) const { return ((head ^ bytes) & mask) == 0; }
 };
-constexpr std::array<WordHead, kKeywordCount> kHeads = [] {
-    std::array<WordHead, kKeywordCount> heads{};
+using WordParts = std::array<WordPart, kKeywordCount>;
+constexpr WordParts PartsFrom(size_t begin) {
+    WordParts parts{};
     for (int row = 0; row < kKeywordCount; ++row) {
         const std::string_view word = kKeywords[row].word;
-        const size_t size = std::min(word.size(), kHeadBytes);
-        heads[row] = {HeadOf(word.data(), size), ~uint64_t{0} >> 8 * (kHeadBytes - size)};
+        const std::string_view part = word.substr(std::min(begin, word.size()), kHeadBytes);
+        parts[row] = {HeadOf(part.data(), part.size()), part.empty() ? 0 : ~uint64_t{0} >> 8 * (kHeadBytes - part.size())};
     }
-    return heads;
-}();
+    return parts;
+}
+constexpr WordParts kHeads = PartsFrom(0);
+constexpr WordParts kTails = PartsFrom(kHeadBytes); // nothing of most words
+static_assert(std::ranges::all_of(kKeywords, [](const Keyword &keyword) { return keyword.word.size() <= 2 * kHeadBytes; }));
 
 // The rows of a first letter, by its bit, and of a second letter. Where both are those of a keyword, a word is looked at.
 struct Rows {
@@ -294,8 +298,9 @@ constexpr std::array<uint32_t, 256> kMayFollow = [] {
     return letters;
 }();
 
+// The bits of a row that acts or complains in the file in hand.
 unsigned LanguageOf(const Globals *G) {
-    return G->is_c ? kC : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
+    return G->is_c ? kC | kAnsi : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
 }
 
 // Whether the row's word, which ends at p, is closed there.
@@ -307,32 +312,20 @@ bool IsClosed(int row, const char *p) {
     return end.Has(*p) || (end.comment && OpensComment(p));
 }
 
-// if constexpr (a), if IF_CONSTEXPR (a): behind what stands between the word, which ends at p, and its condition.
-const char *BehindConstexpr(const Keyword &keyword, const char *p, const Globals *G) {
+// if constexpr (a), if IF_CONSTEXPR (a): what stands between the word, which ends at p, and its condition, doesn't matter.
+bool IsClosedBehindMacro(const Keyword &keyword, const char *p, const Globals *G) {
     if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
-        return p;
+        return false;
     }
-    const char *macro = Ltrim(p);
-    while (IsWordChar(*macro)) {
-        ++macro;
+    p = Ltrim(p);
+    while (IsWordChar(*p)) {
+        ++p;
     }
-    return *Ltrim(macro) == '(' ? macro : p;
+    return *Ltrim(p) == '(';
 }
 
-// Whether a word with the head of a row is the row's as far as its letters go; what closes it tells where it ends.
-bool HasTail(const Keyword &keyword, const char *word) {
-    const size_t size = keyword.word.size();
-    return size <= kHeadBytes || memcmp(word + kHeadBytes, keyword.word.data() + kHeadBytes, size - kHeadBytes) == 0;
-}
-
-// What the row's word, which ends at end, does in a file of the language.
-void TakeKeyword(const Keyword &keyword, unsigned language, int end, Scan &scan, Globals *G) {
-    if ((keyword.languages & kAnsi) && language == kC) {
-        CPP_Symbol(scan.number, keyword.word.data(), G);
-    }
-    if (!(keyword.languages & language)) {
-        return;
-    }
+// What the row's word, which ends at end, counts and does.
+void TakeKeyword(const Keyword &keyword, const char *end, Scan &scan, Globals *G) {
     if (keyword.file_counter) {
         ++(G->*keyword.file_counter);
     }
@@ -340,7 +333,14 @@ void TakeKeyword(const Keyword &keyword, unsigned language, int end, Scan &scan,
         ++(G->*keyword.function_counter);
     }
     if (keyword.action) {
-        keyword.action(scan, end, G);
+        keyword.action(scan, static_cast<int>(end - scan.line), G);
+    }
+}
+
+[[gnu::noinline]] void ComplainOf(const Keyword &keyword, const char *end, Scan &scan, Globals *G) {
+    CPP_Symbol(scan.number, keyword.word.data(), G);
+    if (keyword.languages & kC) {
+        TakeKeyword(keyword, end, scan, G);
     }
 }
 
@@ -356,16 +356,29 @@ void TryRows(int row, int last, Scan &scan, Globals *G) {
     }
 }
 
+// A row's word that isn't closed as it is mostly.
+[[gnu::noinline]] void TryOtherwise(int row, int last, Scan &scan, Globals *G) {
+    const Keyword &keyword = kKeywords[row];
+    const char *end = scan.line + scan.index + keyword.word.size();
+    if (IsClosedBehindMacro(keyword, end, G)) {
+        return TakeKeyword(keyword, end, scan, G);
+    }
+    return TryRows(row + 1, last, scan, G);
+}
+
+// Whatever ends in a call has nothing to keep for later: so this saves no register.
 [[gnu::noinline]] void TryRow(int row, int last, Scan &scan, Globals *G) {
     const Keyword &keyword = kKeywords[row];
     const char *word = scan.line + scan.index;
     const char *end = word + keyword.word.size();
-    const unsigned language = LanguageOf(G);
-    const unsigned acting = language | (language == kC ? kAnsi : 0);
-    if ((keyword.languages & acting) && HasTail(keyword, word) && IsClosed(row, BehindConstexpr(keyword, end, G))) {
-        return TakeKeyword(keyword, language, static_cast<int>(end - scan.line), scan, G);
+    const unsigned acting = LanguageOf(G);
+    if (!(keyword.languages & acting) || !kTails[row].IsIn(HeadOf(word + kHeadBytes)) || !IsClosed(row, end)) {
+        return TryOtherwise(row, last, scan, G);
     }
-    return TryRows(row + 1, last, scan, G);
+    if (keyword.languages & acting & kAnsi) {
+        return ComplainOf(keyword, end, scan, G);
+    }
+    return TakeKeyword(keyword, end, scan, G);
 }
 
 const Rows &RowsOf(const char *word) {

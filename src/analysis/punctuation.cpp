@@ -288,8 +288,8 @@ void OnDot(Scan &scan, Globals *G) {
         return;
     }
     const char before = dot[-2];
-    if ((IsBlankOrTab(before) || before == ',' || before == '(') && (IsBlankOrTab(dot[2]) || dot[2] == ')') &&
-        G->quality_notices && !G->catch_flag) {
+    if ((IsBlankOrTab(before) || before == ',' || before == '(') && (IsBlankOrTab(dot[2]) || dot[2] == ')') && G->quality_notices &&
+        !G->catch_flag) {
         NoticeAtLine(kNoticeEllipsis, G);
     }
 }

@@ -5,6 +5,7 @@
 // one another, and those of a group's words mix: what passes is looked at again.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -23,32 +24,36 @@ inline constexpr std::string_view kGroups[] = {
     "const const_cast continue enum for foreach static static_cast struct union",
     "bool break default protected public realloc template virtual",
 };
-// What may stand behind a keyword of less than four letters.
-inline constexpr std::string_view kBehindShort = " \t\n\r(/{";
-
 inline constexpr size_t kPlaces = 4;
 using Table = std::array<uint8_t, 16>; // groups by the lower half of a byte
 
-// Of the byte at the first place, what it is above this counts: only small letters and "_" are not negative then.
+// The byte at the first place is taken for what it is above this one: only small letters and "_" are not negative then.
 inline constexpr char kFirst = '_';
 
-inline constexpr std::array<Table, kPlaces> kTables = [] {
+// What may stand at a place of a keyword, or behind a short one: right behind it what may close it, then anything.
+constexpr std::string_view AtPlace(std::string_view word, size_t place) {
+    constexpr std::string_view kClosers = " \t\n\r(/{";
+    constexpr std::string_view kEveryLowerHalf = "0123456789:;<=>?";
+    return place < word.size() ? word.substr(place, 1) : place == word.size() ? kClosers : kEveryLowerHalf;
+}
+
+constexpr std::array<Table, kPlaces> MakeTables() {
     std::array<Table, kPlaces> tables{};
     for (size_t group = 0; group < std::size(kGroups); ++group) {
         const std::string_view words = kGroups[group];
-        for (size_t begin = 0; begin < words.size();) {
+        for (size_t begin = 0; begin < words.size(); begin = std::min(words.find(' ', begin), words.size() - 1) + 1) {
             const std::string_view word = words.substr(begin, words.find(' ', begin) - begin);
             for (size_t place = 0; place < kPlaces; ++place) {
-                const bool behind = place == word.size();
-                for (const char c : place < word.size() ? word.substr(place, 1) : behind ? kBehindShort : "0123456789:;<=>?") {
-                    tables[place][(place == 0 ? c - kFirst : c) & 15] |= 1 << group;
+                for (const char c : AtPlace(word, place)) {
+                    uint8_t &groups = tables[place][(place == 0 ? c - kFirst : c) & 15];
+                    groups = static_cast<uint8_t>(groups | 1 << group);
                 }
             }
-            begin += word.size() + 1;
         }
     }
     return tables;
-}();
+}
+inline constexpr std::array<Table, kPlaces> kTables = MakeTables();
 
 constexpr unsigned GroupsOf(const Table &table, char c) {
     return c < 0 ? 0 : table[c & 15];

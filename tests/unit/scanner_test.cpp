@@ -83,6 +83,11 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     Bench others; // what is no line, or no longer one, has no white space
     CHECK(others.Feed("a b" + std::string("\0 c \t\n", 6) + std::string(2500, ' ') + "x\n \n\x01  ") == "L!LB");
     CHECK(others.G->file_white == 1 + (2500 - kMaxPiece) + 1);
+    for (const int blanks : {62, 63, 64, 127, 128}) { // up to the border of 64 bytes, and over it
+        Bench border;
+        border.Feed("\t" + std::string(blanks - 1, ' ') + "\n");
+        CHECK(border.G->file_white == 2 + blanks - 1);
+    }
 }
 
 TEST_CASE("lines across the borders of blocks") {
