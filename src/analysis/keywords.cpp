@@ -64,7 +64,7 @@ template <int is_public, int is_protected, int is_private> void Access(Scan &, i
     G->access_private = is_private;
 }
 
-struct Keyword {
+struct Row {
     std::string_view word;
     Closing closing;
     const char *closers;
@@ -81,7 +81,7 @@ using Scope = ScopeState;
 
 // Rows of one first letter stand together. The first row whose closing and languages fit is the word's.
 // clang-format off
-constexpr Keyword kKeywords[] = {
+constexpr Row kTable[] = {
     // word              closing  closers         languages       file counter           function counter    action
     {"_exit",            kTermin, "(",            kAll,           &File::_exit_count,    &Fn::local_return,  nullptr},
     {"abort",            kTermin, "(",            kAll,           &File::abort_count,    &Fn::local_return,  nullptr},
@@ -161,76 +161,11 @@ constexpr Keyword kKeywords[] = {
 };
 // clang-format on
 
-constexpr int kKeywordCount = sizeof kKeywords / sizeof *kKeywords;
-static_assert(kKeywordCount < 256);
-
-// How a row's word is closed, made of its closing and its closers.
-struct End {
-    std::array<uint64_t, 4> closers; // a bit per byte
-    bool comment;                    // one that opens closes it too
-    bool behind_blanks;
-
-    constexpr void Add(char c) { closers[static_cast<unsigned char>(c) / 64] |= uint64_t{1} << (c & 63); }
-    constexpr bool Has(char c) const { return closers[static_cast<unsigned char>(c) / 64] >> (c & 63) & 1; }
-};
-constexpr End EndOf(const Keyword &keyword) {
-    End end{};
-    for (const char *c = keyword.closers; *c; ++c) {
-        if (*c != '#') {
-            end.Add(*c);
-        }
-    }
-    const bool termin = keyword.closing == kTermin;
-    end.behind_blanks = termin;
-    end.comment = termin || std::string_view(keyword.closers).find('#') != std::string_view::npos;
-    for (int i = 0; i < 256; ++i) {
-        const char c = static_cast<char>(i);
-        if ((termin && IsLineEnd(c)) || (keyword.closing == kName && c != '_') ||
-            (keyword.closing == kOpName && (IsSpace(c) || is_operator(c)))) {
-            end.Add(c);
-        }
-    }
-    return end;
-}
-constexpr std::array<End, kKeywordCount> kEnds = [] {
-    std::array<End, kKeywordCount> ends{};
-    for (int row = 0; row < kKeywordCount; ++row) {
-        ends[row] = EndOf(kKeywords[row]);
-    }
-    return ends;
-}();
-
-// The masks of a block leave out words that the sieve holds back: no keyword may be among them, whatever closes it.
-constexpr bool PassesSieve(const Keyword &keyword, const End &end) {
-    for (int c = 0; c < 128; ++c) {
-        const char closer = static_cast<char>(c);
-        if (!end.Has(closer) && !(end.comment && closer == '/') && !(end.behind_blanks && IsBlankOrTab(closer))) {
-            continue;
-        }
-        for (char behind = ' '; behind < ' ' + 16; ++behind) {
-            std::array<char, 32> text{};
-            char *p = std::copy(keyword.word.begin(), keyword.word.end(), text.begin());
-            *p++ = closer;
-            *p = behind;
-            if (!MayBeKeyword(text.data())) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-static_assert(std::equal(std::begin(kKeywords), std::end(kKeywords), kEnds.begin(), PassesSieve));
-
-// Bit of a letter: the small letters have 1 to 26, "_" has 31.
-constexpr int LetterBit(char letter) {
-    return letter & 31;
-}
-
 // The first bytes of a word as one number, the first byte lowest on any machine.
 constexpr size_t kHeadBytes = 8;
-constexpr uint64_t HeadOf(const char *word, size_t bytes) {
+constexpr uint64_t HeadOf(std::string_view word) {
     uint64_t head = 0;
-    for (size_t i = 0; i < bytes; ++i) {
+    for (size_t i = 0; i < word.size(); ++i) {
         head |= uint64_t{static_cast<unsigned char>(word[i])} << 8 * i;
     }
     return head;
@@ -241,27 +176,93 @@ uint64_t HeadOf(const char *word) {
     return std::endian::native == std::endian::little ? head : __builtin_bswap64(head);
 }
 
-// Eight bytes of a row's word, and which of them there are: one comparison tells most other words apart.
+// Up to eight bytes of a word, and which of the eight there are: one comparison tells most other words apart.
 struct WordPart {
     uint64_t bytes, mask;
 
+    constexpr explicit WordPart(std::string_view part)
+        : bytes(HeadOf(part)),
+          mask(part.empty() ? 0 : ~uint64_t{0} >> 8 * (kHeadBytes - part.size())) {}
     bool IsIn(uint64_t head) const { return ((head ^ bytes) & mask) == 0; }
 };
-using WordParts = std::array<WordPart, kKeywordCount>;
-constexpr WordParts PartsFrom(size_t begin) {
-    WordParts parts{};
-    for (int row = 0; row < kKeywordCount; ++row) {
-        const std::string_view word = kKeywords[row].word;
-        const std::string_view part = word.substr(std::min(begin, word.size()), kHeadBytes);
-        parts[row] = {HeadOf(part.data(), part.size()), part.empty() ? 0 : ~uint64_t{0} >> 8 * (kHeadBytes - part.size())};
-    }
-    return parts;
-}
-constexpr WordParts kHeads = PartsFrom(0);
-constexpr WordParts kTails = PartsFrom(kHeadBytes); // nothing of most words
-static_assert(std::ranges::all_of(kKeywords, [](const Keyword &keyword) { return keyword.word.size() <= 2 * kHeadBytes; }));
 
-// The rows of a first letter, by its bit, and of a second letter. Where both are those of a keyword, a word is looked at.
+// A row, made ready for the scanner.
+struct alignas(128) Keyword {
+    WordPart head, tail;      // its first eight letters, and those behind them: mostly none
+    uint64_t closers[4] = {}; // a bit per byte that closes it
+    bool comment;             // one that opens closes it too
+    bool behind_blanks;       // blanks and tabs may stand ahead of what closes it
+    unsigned char languages;
+    unsigned char size;
+    int FileCounters::*file_counter;
+    int FunctionCounters::*function_counter;
+    Action action;
+    const char *word;
+
+    constexpr explicit Keyword(const Row &row)
+        : head(row.word.substr(0, kHeadBytes)),
+          tail(row.word.substr(std::min(kHeadBytes, row.word.size()))),
+          comment(row.closing == kTermin || std::string_view(row.closers).find('#') != std::string_view::npos),
+          behind_blanks(row.closing == kTermin),
+          languages(row.languages),
+          size(static_cast<unsigned char>(row.word.size())),
+          file_counter(row.file_counter),
+          function_counter(row.function_counter),
+          action(row.action),
+          word(row.word.data()) {
+        for (int i = 0; i < 256; ++i) {
+            const char c = static_cast<char>(i);
+            const bool listed = c != '#' && c != '\0' && std::string_view(row.closers).find(c) != std::string_view::npos;
+            if (listed || (row.closing == kTermin && IsLineEnd(c)) || (row.closing == kName && c != '_') ||
+                (row.closing == kOpName && (IsSpace(c) || is_operator(c)))) {
+                closers[i / 64] |= uint64_t{1} << i % 64;
+            }
+        }
+    }
+    constexpr bool HasCloser(char c) const { return closers[static_cast<unsigned char>(c) / 64] >> (c & 63) & 1; }
+    // Whether the word, which ends at p, is closed there.
+    bool IsClosed(const char *p) const {
+        if (behind_blanks) {
+            p = Ltrim(p);
+        }
+        return HasCloser(*p) || (comment && OpensComment(p));
+    }
+};
+
+constexpr size_t kKeywordCount = std::size(kTable);
+static_assert(kKeywordCount < 256);
+constexpr std::array<Keyword, kKeywordCount> kKeywords = []<size_t... rows>(std::index_sequence<rows...>) {
+    return std::array{Keyword(kTable[rows])...};
+}
+(std::make_index_sequence<kKeywordCount>());
+static_assert(std::ranges::all_of(kKeywords, [](const Keyword &keyword) { return keyword.size <= 2 * kHeadBytes; }));
+
+// The masks of a block leave out words that the sieve holds back: no keyword may be among them, whatever closes it.
+constexpr bool PassesSieve(const Keyword &keyword) {
+    for (int i = 0; i < 128; ++i) {
+        const char closer = static_cast<char>(i);
+        const bool closes =
+            keyword.HasCloser(closer) || (keyword.comment && closer == '/') || (keyword.behind_blanks && IsBlankOrTab(closer));
+        for (char behind = ' '; closes && behind < ' ' + 16; ++behind) {
+            std::array<char, 2 * kHeadBytes + 2> text{};
+            char *p = std::copy_n(keyword.word, keyword.size, text.begin());
+            *p++ = closer;
+            *p = behind;
+            if (!MayBeKeyword(text.data())) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(std::ranges::all_of(kKeywords, PassesSieve));
+
+// Bit of a letter: the small letters have 1 to 26, "_" has 31.
+constexpr int LetterBit(char letter) {
+    return letter & 31;
+}
+
+// The keywords of a first letter, by its bit, and of a second letter. Where both are those of one, a word is looked at.
 struct Rows {
     unsigned char begin, end;
 };
@@ -271,8 +272,8 @@ void RowsOfTwoLettersStandTogether() {} // not constexpr: reached only by a wron
 
 constexpr std::array<RowsOfSecond, 32> kRows = [] {
     std::array<RowsOfSecond, 32> all{};
-    for (int row = 0; row < kKeywordCount; ++row) {
-        const std::string_view word = kKeywords[row].word;
+    for (size_t row = 0; row < kKeywordCount; ++row) {
+        const std::string_view word = kTable[row].word;
         Rows &rows = all[LetterBit(word[0])][LetterBit(word[1])];
         if (rows.end == 0) {
             rows.begin = static_cast<unsigned char>(row);
@@ -303,18 +304,9 @@ unsigned LanguageOf(const Globals *G) {
     return G->is_c ? kC | kAnsi : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
 }
 
-// Whether the row's word, which ends at p, is closed there.
-bool IsClosed(int row, const char *p) {
-    const End &end = kEnds[row];
-    if (end.behind_blanks) {
-        p = Ltrim(p);
-    }
-    return end.Has(*p) || (end.comment && OpensComment(p));
-}
-
 // if constexpr (a), if IF_CONSTEXPR (a): what stands between the word, which ends at p, and its condition, doesn't matter.
 bool IsClosedBehindMacro(const Keyword &keyword, const char *p, const Globals *G) {
-    if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
+    if (!(G->reading & kConditions) || !G->is_cpp || keyword.head.bytes != HeadOf(std::string_view("if"))) {
         return false;
     }
     p = Ltrim(p);
@@ -324,7 +316,7 @@ bool IsClosedBehindMacro(const Keyword &keyword, const char *p, const Globals *G
     return *Ltrim(p) == '(';
 }
 
-// What the row's word, which ends at end, counts and does.
+// What the keyword, which ends at end, counts and does.
 void TakeKeyword(const Keyword &keyword, const char *end, Scan &scan, Globals *G) {
     if (keyword.file_counter) {
         ++(G->*keyword.file_counter);
@@ -338,51 +330,53 @@ void TakeKeyword(const Keyword &keyword, const char *end, Scan &scan, Globals *G
 }
 
 [[gnu::noinline]] void ComplainOf(const Keyword &keyword, const char *end, Scan &scan, Globals *G) {
-    CPP_Symbol(scan.number, keyword.word.data(), G);
+    CPP_Symbol(scan.number, keyword.word, G);
     if (keyword.languages & kC) {
         TakeKeyword(keyword, end, scan, G);
     }
 }
 
-void TryRow(int row, int last, Scan &scan, Globals *G);
+void TryKeyword(const Keyword &keyword, const Keyword *last, Scan &scan, Globals *G);
 
-// The word in hand is that of the first of some rows that it fits: the first one that has its head is tried, then those behind it.
-void TryRows(int row, int last, Scan &scan, Globals *G) {
+// The word in hand is the first of some keywords that it fits: the first one that has its head is tried, then those behind it.
+void TryKeywords(const Keyword *keyword, const Keyword *last, Scan &scan, Globals *G) {
     const uint64_t head = HeadOf(scan.line + scan.index);
-    for (; row < last; ++row) {
-        if (kHeads[row].IsIn(head)) {
-            return TryRow(row, last, scan, G);
+    for (; keyword < last; ++keyword) {
+        if (keyword->head.IsIn(head)) {
+            return TryKeyword(*keyword, last, scan, G);
         }
     }
 }
 
-// A row's word that isn't closed as it is mostly.
-[[gnu::noinline]] void TryOtherwise(int row, int last, Scan &scan, Globals *G) {
-    const Keyword &keyword = kKeywords[row];
-    const char *end = scan.line + scan.index + keyword.word.size();
+// A keyword that isn't closed as it is mostly.
+[[gnu::noinline]] void TryOtherwise(const Keyword &keyword, const Keyword *last, Scan &scan, Globals *G) {
+    const char *end = scan.line + scan.index + keyword.size;
     if (IsClosedBehindMacro(keyword, end, G)) {
         return TakeKeyword(keyword, end, scan, G);
     }
-    return TryRows(row + 1, last, scan, G);
+    return TryKeywords(&keyword + 1, last, scan, G);
 }
 
-// Whatever ends in a call has nothing to keep for later: so this saves no register.
-[[gnu::noinline]] void TryRow(int row, int last, Scan &scan, Globals *G) {
-    const Keyword &keyword = kKeywords[row];
+// Whatever it calls is the last that it does, so that it has nothing to save.
+[[gnu::noinline]] void TryKeyword(const Keyword &keyword, const Keyword *last, Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const char *end = word + keyword.word.size();
-    const unsigned acting = LanguageOf(G);
-    if (!(keyword.languages & acting) || !kTails[row].IsIn(HeadOf(word + kHeadBytes)) || !IsClosed(row, end)) {
-        return TryOtherwise(row, last, scan, G);
+    const char *end = word + keyword.size;
+    const unsigned acting = LanguageOf(G) & keyword.languages;
+    if (!acting || !keyword.tail.IsIn(HeadOf(word + kHeadBytes)) || !keyword.IsClosed(end)) {
+        return TryOtherwise(keyword, last, scan, G);
     }
-    if (keyword.languages & acting & kAnsi) {
+    if (acting & kAnsi) {
         return ComplainOf(keyword, end, scan, G);
     }
     return TakeKeyword(keyword, end, scan, G);
 }
 
-const Rows &RowsOf(const char *word) {
-    return kRows[LetterBit(word[0])][LetterBit(word[1])];
+struct Range {
+    const Keyword *begin, *end;
+};
+Range KeywordsOf(const char *word) {
+    const Rows &rows = kRows[LetterBit(word[0])][LetterBit(word[1])];
+    return {kKeywords.data() + rows.begin, kKeywords.data() + rows.end};
 }
 
 bool MayFollow(const char *word) {
@@ -396,11 +390,10 @@ void CountLoop(const char *line, int index, Globals *G) {
     if (!MayFollow(word)) {
         return;
     }
-    const auto [begin, end] = RowsOf(word);
     const uint64_t head = HeadOf(word);
-    for (int row = begin; row < end; ++row) {
-        const Keyword &keyword = kKeywords[row];
-        if (keyword.file_counter == &File::for_count && kHeads[row].IsIn(head) && IsClosed(row, word + keyword.word.size())) {
+    const auto [begin, end] = KeywordsOf(word);
+    for (const Keyword *keyword = begin; keyword < end; ++keyword) {
+        if (keyword->file_counter == &File::for_count && keyword->head.IsIn(head) && keyword->IsClosed(word + keyword->size)) {
             ++G->for_count;
             return;
         }
@@ -410,7 +403,7 @@ void CountLoop(const char *line, int index, Globals *G) {
 void OnWord(Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
     if (MayFollow(word)) {
-        const auto [begin, end] = RowsOf(word);
-        TryRows(begin, end, scan, G);
+        const auto [begin, end] = KeywordsOf(word);
+        TryKeywords(begin, end, scan, G);
     }
 }
