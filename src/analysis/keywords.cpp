@@ -239,15 +239,18 @@ static_assert(std::ranges::all_of(kKeywords, [](const Keyword &keyword) { return
 
 // The masks of a block leave out words that the sieve holds back: no keyword may be among them, whatever closes it.
 constexpr bool PassesSieve(const Keyword &keyword) {
-    for (int i = 0; i < 128; ++i) {
+    if (keyword.size >= sieve::kPlaces) {
+        return MayBeKeyword(keyword.word);
+    }
+    for (int i = 0; i < 256; ++i) {
         const char closer = static_cast<char>(i);
         const bool closes =
             keyword.HasCloser(closer) || (keyword.comment && closer == '/') || (keyword.behind_blanks && IsBlankOrTab(closer));
-        for (char behind = ' '; closes && behind < ' ' + 16; ++behind) {
-            std::array<char, 2 * kHeadBytes + 2> text{};
+        for (int behind = 0; closes && behind < 256; ++behind) {
+            std::array<char, sieve::kPlaces + 1> text{};
             char *p = std::copy_n(keyword.word, keyword.size, text.begin());
             *p++ = closer;
-            *p = behind;
+            *p = static_cast<char>(behind);
             if (!MayBeKeyword(text.data())) {
                 return false;
             }
@@ -306,7 +309,7 @@ unsigned LanguageOf(const Globals *G) {
 
 // if constexpr (a), if IF_CONSTEXPR (a): what stands between the word, which ends at p, and its condition, doesn't matter.
 bool IsClosedBehindMacro(const Keyword &keyword, const char *p, const Globals *G) {
-    if (!(G->reading & kConditions) || !G->is_cpp || keyword.head.bytes != HeadOf(std::string_view("if"))) {
+    if (!(G->reading & kConditions) || !G->is_cpp || keyword.head.bytes != HeadOf(std::string_view("if")) || !IsBlankOrTab(*p)) {
         return false;
     }
     p = Ltrim(p);

@@ -214,7 +214,8 @@ LANES_TARGET inline uint64_t Likely(uint64_t words, const char *bytes) {
         const char *p = bytes + i;
         const Vector first = _mm256_sub_epi8(Load(p), _mm256_set1_epi8(sieve::kFirst));
         const Vector groups = Look(sieve::kTables[0], first) & Look(sieve::kTables[1], Load(p + 1)) &
-                              Look(sieve::kTables[2], Load(p + 2)) & Look(sieve::kTables[3], Load(p + 3));
+                              Look(sieve::kTables[2], Load(p + 2)) &
+                              Look(sieve::kTables[3], Load(p + 3) & _mm256_set1_epi8(sieve::kLowerHalf));
         none |= static_cast<uint64_t>(Bits(Is(groups, 0))) << i;
     }
     return words & ~none;

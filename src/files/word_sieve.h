@@ -26,6 +26,7 @@ inline constexpr std::string_view kGroups[] = {
 };
 inline constexpr size_t kPlaces = 4;
 using Table = std::array<uint8_t, 16>; // groups by the lower half of a byte
+inline constexpr char kLowerHalf = 15;
 
 // The byte at the first place is taken for what it is above this one: only small letters and "_" are not negative then.
 inline constexpr char kFirst = '_';
@@ -45,7 +46,7 @@ constexpr std::array<Table, kPlaces> MakeTables() {
             const std::string_view word = words.substr(begin, words.find(' ', begin) - begin);
             for (size_t place = 0; place < kPlaces; ++place) {
                 for (const char c : AtPlace(word, place)) {
-                    uint8_t &groups = tables[place][(place == 0 ? c - kFirst : c) & 15];
+                    uint8_t &groups = tables[place][(place == 0 ? c - kFirst : c) & kLowerHalf];
                     groups = static_cast<uint8_t>(groups | 1 << group);
                 }
             }
@@ -56,14 +57,15 @@ constexpr std::array<Table, kPlaces> MakeTables() {
 inline constexpr std::array<Table, kPlaces> kTables = MakeTables();
 
 constexpr unsigned GroupsOf(const Table &table, char c) {
-    return c < 0 ? 0 : table[c & 15];
+    return c < 0 ? 0 : table[c & kLowerHalf];
 }
 
 } // namespace sieve
 
-// Whether a keyword may begin here. Looks at four bytes.
+// Whether a keyword may begin here. Looks at four bytes. No byte with the high bit set stands in a keyword, or closes a short one;
+// but two places behind the letters of "if" there may be one.
 constexpr bool MayBeKeyword(const char *word) {
-    return (sieve::GroupsOf(sieve::kTables[0], static_cast<char>(word[0] - sieve::kFirst)) &
-            sieve::GroupsOf(sieve::kTables[1], word[1]) & sieve::GroupsOf(sieve::kTables[2], word[2]) &
-            sieve::GroupsOf(sieve::kTables[3], word[3])) != 0;
+    using namespace sieve;
+    return (GroupsOf(kTables[0], static_cast<char>(word[0] - kFirst)) & GroupsOf(kTables[1], word[1]) &
+            GroupsOf(kTables[2], word[2]) & GroupsOf(kTables[3], word[3] & kLowerHalf)) != 0;
 }

@@ -88,6 +88,9 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
         border.Feed("\t" + std::string(blanks - 1, ' ') + "\n");
         CHECK(border.G->file_white == 2 + blanks - 1);
     }
+    const Bench last; // a class asks for the white ahead of the last blank, which no line feed follows
+    last.Feed("struct f ");
+    CHECK(last.G->file_white == 2);
 }
 
 TEST_CASE("lines across the borders of blocks") {
