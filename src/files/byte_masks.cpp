@@ -25,13 +25,17 @@ struct Kind {
 };
 constexpr int8_t kOnce = -128; // only something when it is doubled, or nothing to the scanner at all
 constexpr int8_t kAhead = 3;
+// clang-format off
 constexpr Kind kKinds[] = {
-    {kOnce, "2", "1456bde"},                                      // ! $ % & + - .
-    {0x40, "3", "0123456789"},   {0x20, "46", "123456789abcdef"}, // letters
-    {0x10, "57", "0123456789a"}, {0x08, "5", "f"},                // _
-    {0x02, "23", "89"},                                           // ( )
-    {0x01, "37", "abcd"},                                         // : ; < = { | }
+    {kOnce, "2",  "1456bde"}, // ! $ % & + - .
+    {0x40,  "3",  "0123456789"},
+    {0x20,  "46", "123456789abcdef"}, // letters
+    {0x10,  "57", "0123456789a"},
+    {0x08,  "5",  "f"},    // _
+    {0x02,  "23", "89"},   // ( )
+    {0x01,  "37", "abcd"}, // : ; < = { | }
 };
+// clang-format on
 
 using HalfTable = std::array<int8_t, 16>;
 constexpr HalfTable TableOf(const char *Kind::*half) {
@@ -67,7 +71,7 @@ struct Carry {
     uint64_t word, ahead;
 };
 
-// Fills token, visible and code; for the last with the words that may be keywords by what stands ahead of them.
+// Fills visible, token and, but for the words, code. Returns the words that may be keywords by what stands ahead of them.
 inline uint64_t FindTokens(ByteMasks &found, const CodeBytes &code, Carry &carry) {
     const uint64_t ahead = ~code.visible | code.ahead;
     const uint64_t begins = code.word & ~(code.word << 1 | carry.word);
@@ -163,12 +167,17 @@ inline Vector Above(Vector v, char c) {
 inline uint32_t Bits(Vector v) {
     return static_cast<uint32_t>(_mm_movemask_epi8(v));
 }
+inline Vector IsIn(Vector v, char first, char last) {
+    const Vector moved = _mm_add_epi8(v, _mm_set1_epi8(static_cast<char>(-128 - first))); // first is the least byte then
+    return _mm_cmplt_epi8(moved, _mm_set1_epi8(static_cast<char>(-128 + last - first + 1)));
+}
+// As in kKinds, without its tables.
 inline Vector KindsOf(const char *p) {
-    int8_t kinds[sizeof(Vector)];
-    for (size_t i = 0; i < sizeof kinds; ++i) {
-        kinds[i] = kKindsOf[static_cast<unsigned char>(p[i])];
-    }
-    return std::bit_cast<Vector>(kinds);
+    const Vector v = Load(p);
+    const Vector word = IsIn(v | _mm_set1_epi8('a' - 'A'), 'a', 'z') | IsIn(v, '0', '9') | Is(v, '_');
+    const Vector ahead = IsIn(v, '(', ')') | IsIn(v, ':', '=') | IsIn(v, '{', '}');
+    const Vector once = Is(v, '!') | IsIn(v, '$', '&') | Is(v, '+') | IsIn(v, '-', '.');
+    return (word & _mm_set1_epi8(kAhead + 1)) | (ahead & _mm_set1_epi8(kAhead)) | (once & _mm_set1_epi8(kOnce));
 }
 inline uint64_t Likely(uint64_t words, const char *bytes) {
     return Sieve(words, bytes);

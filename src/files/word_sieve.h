@@ -66,6 +66,6 @@ constexpr unsigned GroupsOf(const Table &table, char c) {
 // but two places behind the letters of "if" there may be one.
 constexpr bool MayBeKeyword(const char *word) {
     using namespace sieve;
-    return (GroupsOf(kTables[0], static_cast<char>(word[0] - kFirst)) & GroupsOf(kTables[1], word[1]) &
-            GroupsOf(kTables[2], word[2]) & GroupsOf(kTables[3], word[3] & kLowerHalf)) != 0;
+    const unsigned begin = GroupsOf(kTables[0], static_cast<char>(word[0] - kFirst)) & GroupsOf(kTables[1], word[1]);
+    return begin != 0 && (begin & GroupsOf(kTables[2], word[2]) & GroupsOf(kTables[3], word[3] & kLowerHalf)) != 0;
 }
