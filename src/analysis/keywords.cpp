@@ -67,7 +67,7 @@ template <int is_public, int is_protected, int is_private> void Access(Scan &, i
 struct Row {
     std::string_view word;
     Closing closing;
-    const char *closers;
+    std::string_view closers;
     unsigned char languages;
     int FileCounters::*file_counter;
     int FunctionCounters::*function_counter;
@@ -202,7 +202,7 @@ struct alignas(128) Keyword {
     constexpr explicit Keyword(const Row &row)
         : head(row.word.substr(0, kHeadBytes)),
           tail(row.word.substr(std::min(kHeadBytes, row.word.size()))),
-          comment(row.closing == kTermin || std::string_view(row.closers).find('#') != std::string_view::npos),
+          comment(row.closing == kTermin || row.closers.find('#') != std::string_view::npos),
           behind_blanks(row.closing == kTermin),
           languages(row.languages),
           size(static_cast<unsigned char>(row.word.size())),
@@ -210,14 +210,19 @@ struct alignas(128) Keyword {
           function_counter(row.function_counter),
           action(row.action),
           word(row.word.data()) {
-        for (int i = 0; i < 256; ++i) {
-            const char c = static_cast<char>(i);
-            const bool listed = c != '#' && c != '\0' && std::string_view(row.closers).find(c) != std::string_view::npos;
-            if (listed || (row.closing == kTermin && IsLineEnd(c)) || (row.closing == kName && c != '_') ||
-                (row.closing == kOpName && (IsSpace(c) || is_operator(c)))) {
-                closers[i / 64] |= uint64_t{1} << i % 64;
-            }
+        for (const char c : row.closers) {
+            AddCloser(c, c != '#');
         }
+        for (const char c : {'\n', '\r'}) {
+            AddCloser(c, row.closing == kTermin);
+        }
+        for (int i = 0; i < 256 && (row.closing == kName || row.closing == kOpName); ++i) {
+            const char c = static_cast<char>(i);
+            AddCloser(c, row.closing == kName ? c != '_' : IsSpace(c) || is_operator(c));
+        }
+    }
+    constexpr void AddCloser(char c, bool closes) {
+        closers[static_cast<unsigned char>(c) / 64] |= static_cast<uint64_t>(closes) << (c & 63);
     }
     constexpr bool HasCloser(char c) const { return closers[static_cast<unsigned char>(c) / 64] >> (c & 63) & 1; }
     // Whether the word, which ends at p, is closed there.
@@ -231,10 +236,10 @@ struct alignas(128) Keyword {
 
 constexpr size_t kKeywordCount = std::size(kTable);
 static_assert(kKeywordCount < 256);
-constexpr std::array<Keyword, kKeywordCount> kKeywords = []<size_t... rows>(std::index_sequence<rows...>) {
-    return std::array{Keyword(kTable[rows])...};
+template <size_t... rows> constexpr std::array<Keyword, sizeof...(rows)> MakeKeywords(std::index_sequence<rows...>) {
+    return {Keyword(kTable[rows])...};
 }
-(std::make_index_sequence<kKeywordCount>());
+constexpr auto kKeywords = MakeKeywords(std::make_index_sequence<kKeywordCount>());
 static_assert(std::ranges::all_of(kKeywords, [](const Keyword &keyword) { return keyword.size <= 2 * kHeadBytes; }));
 
 // The masks of a block leave out words that the sieve holds back: no keyword may be among them, whatever closes it.
@@ -246,11 +251,11 @@ constexpr bool PassesSieve(const Keyword &keyword) {
         const char closer = static_cast<char>(i);
         const bool closes =
             keyword.HasCloser(closer) || (keyword.comment && closer == '/') || (keyword.behind_blanks && IsBlankOrTab(closer));
-        for (int behind = 0; closes && behind < 256; ++behind) {
+        for (int behind = 0; closes && behind < 32; ++behind) { // every lower half, with the high bit too
             std::array<char, sieve::kPlaces + 1> text{};
             char *p = std::copy_n(keyword.word, keyword.size, text.begin());
             *p++ = closer;
-            *p = static_cast<char>(behind);
+            *p = static_cast<char>(behind < 16 ? behind : behind | 128);
             if (!MayBeKeyword(text.data())) {
                 return false;
             }
