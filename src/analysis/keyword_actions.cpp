@@ -45,9 +45,14 @@ bool Declares(const Scan &scan, int begin, Globals *G) {
     return declares;
 }
 
-// Where the word class or struct may begin a definition.
+// Where the word class or struct begins no definition, even without typedef.
+bool DefinesNothing(const Globals *G) {
+    return G->define_flag || G->enum_flag || G->template_beg_flag || G->funcname_flag;
+}
+
+// Where it may begin one.
 bool MayDefine(Globals *G) {
-    if (G->define_flag || G->enum_flag || G->typedef_flag || G->template_beg_flag || G->funcname_flag) {
+    if (G->typedef_flag || DefinesNothing(G)) {
         return false;
     }
     G->friend_class |= G->friend_flag;
@@ -268,6 +273,9 @@ void NameStruct(const Scan &scan, int end, Globals *G) {
 void OnStruct(Scan &scan, int end, Globals *G) {
     if (!G->is_java) {
         FindLocalDefinition(1, scan.line + end, G);
+    }
+    if (DefinesNothing(G) && !G->typedef_flag) { // most of them: tag *p; in a function
+        return;
     }
     if (G->local_paren != 0 || strchr(scan.line, '=')) { // f(struct tag *p), struct tag name = {1};
         return;

@@ -14,6 +14,7 @@
 #include "analysis/keyword_actions.h"
 #include "analysis/namespaces.h"
 #include "analysis/scan.h"
+#include "files/word_sieve.h"
 #include "notices/raise.h"
 #include "run/globals.h"
 #include "run/text.h"
@@ -32,8 +33,7 @@ constexpr Ahead kAhead[] = {
 // What closes a word.
 enum Closing : unsigned char {
     kSet,    // at once a character of the row's closers; "#" among them stands for a comment that opens
-    kTermin, // KeywordTermin with the row's closer: if (a), if at the line's end
-    kNoTest, // anything
+    kTermin, // behind blanks and tabs the row's closer, a line end or a comment: if (a), if at the line's end
     kName,   // the word begins a longer one too, but for one that goes on with "_": static, not static_cast
     kOpName, // a blank, a line end or what follows operator directly: operator+, and "operatornew"
 };
@@ -64,10 +64,10 @@ template <int is_public, int is_protected, int is_private> void Access(Scan &, i
     G->access_private = is_private;
 }
 
-struct Keyword {
+struct Row {
     std::string_view word;
     Closing closing;
-    const char *closers;
+    std::string_view closers;
     unsigned char languages;
     int FileCounters::*file_counter;
     int FunctionCounters::*function_counter;
@@ -81,7 +81,7 @@ using Scope = ScopeState;
 
 // Rows of one first letter stand together. The first row whose closing and languages fit is the word's.
 // clang-format off
-constexpr Keyword kKeywords[] = {
+constexpr Row kTable[] = {
     // word              closing  closers         languages       file counter           function counter    action
     {"_exit",            kTermin, "(",            kAll,           &File::_exit_count,    &Fn::local_return,  nullptr},
     {"abort",            kTermin, "(",            kAll,           &File::abort_count,    &Fn::local_return,  nullptr},
@@ -115,7 +115,7 @@ constexpr Keyword kKeywords[] = {
     {"foreach",          kTermin, "(",            kAll,           &File::for_count,      &Fn::local_for,     OnForeach},
     {"free",             kTermin, "(",            kAll,           &File::free_count,     nullptr,            nullptr},
     {"friend",           kSet,    " \t\n\r#",     kAnsi|kNotC,    &File::friend_count,   nullptr,            Set<&Scope::friend_flag>},
-    {"get",              kNoTest, "",             kAll,           nullptr,               nullptr,            OnGet},
+    {"get",              kSet,    " \t{#",        kAll,           nullptr,               nullptr,            OnGet},
     {"goto",             kSet,    " \n\t\r#",     kAll,           &File::goto_count,     &Fn::local_goto,    OnGoto},
     {"if",               kTermin, "(",            kAll,           &File::if_count,       nullptr,            OnIf},
     {"import",           kSet,    " \n\t\r#",     kJava,          &File::import_count,   nullptr,            nullptr},
@@ -137,7 +137,7 @@ constexpr Keyword kKeywords[] = {
     {"reinterpret_cast", kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
     {"return",           kSet,    " \t;#",        kAll,           nullptr,               nullptr,            OnReturn},
     {"return",           kTermin, "(",            kAll,           &File::return_count,   &Fn::local_return,  nullptr},
-    {"set",              kNoTest, "",             kCs,            nullptr,               nullptr,            OnSet},
+    {"set",              kSet,    " \t{#",        kCs,            nullptr,               nullptr,            OnSet},
     {"static",           kName,   "",             kAll,           nullptr,               nullptr,            OnStatic},
     {"static_cast",      kSet,    " <\n\t\r#",    kAnsi,          nullptr,               nullptr,            nullptr},
     {"struct",           kSet,    "{ \n\t\r#",    kAll,           nullptr,               nullptr,            OnStruct},
@@ -161,23 +161,11 @@ constexpr Keyword kKeywords[] = {
 };
 // clang-format on
 
-constexpr int kKeywordCount = sizeof kKeywords / sizeof *kKeywords;
-static_assert(kKeywordCount < 256);
-
-constexpr bool IsPrefix(const Keyword &keyword) {
-    return keyword.closing == kName || keyword.closing == kOpName;
-}
-
-// Bit of a letter: the small letters have 1 to 26, "_" has 31.
-constexpr int LetterBit(char letter) {
-    return letter & 31;
-}
-
 // The first bytes of a word as one number, the first byte lowest on any machine.
-constexpr int kHeadBytes = 8;
-constexpr uint64_t HeadOf(const char *word, size_t bytes) {
+constexpr size_t kHeadBytes = 8;
+constexpr uint64_t HeadOf(std::string_view word) {
     uint64_t head = 0;
-    for (size_t i = 0; i < bytes; ++i) {
+    for (size_t i = 0; i < word.size(); ++i) {
         head |= uint64_t{static_cast<unsigned char>(word[i])} << 8 * i;
     }
     return head;
@@ -188,21 +176,101 @@ uint64_t HeadOf(const char *word) {
     return std::endian::native == std::endian::little ? head : __builtin_bswap64(head);
 }
 
-// The first bytes of a row's word, and which they are: one comparison tells most other words apart.
-struct WordHead {
+// Up to eight bytes of a word, and which of the eight there are: one comparison tells most other words apart.
+struct WordPart {
     uint64_t bytes, mask;
-};
-constexpr std::array<WordHead, kKeywordCount> kHeads = [] {
-    std::array<WordHead, kKeywordCount> heads{};
-    for (int row = 0; row < kKeywordCount; ++row) {
-        const std::string_view word = kKeywords[row].word;
-        const size_t size = std::min<size_t>(word.size(), kHeadBytes);
-        heads[row] = {HeadOf(word.data(), size), ~uint64_t{0} >> 8 * (kHeadBytes - size)};
-    }
-    return heads;
-}();
 
-// The rows of a first letter, by its bit, and of a second letter. Where both are those of a keyword, a word is looked at.
+    constexpr explicit WordPart(std::string_view part)
+        : bytes(HeadOf(part)),
+          mask(part.empty() ? 0 : ~uint64_t{0} >> 8 * (kHeadBytes - part.size())) {}
+    bool IsIn(uint64_t head) const { return ((head ^ bytes) & mask) == 0; }
+};
+
+// A row, made ready for the scanner.
+struct alignas(128) Keyword {
+    WordPart head, tail;      // its first eight letters, and those behind them: mostly none
+    uint64_t closers[4] = {}; // a bit per byte that closes it
+    bool comment;             // one that opens closes it too
+    bool behind_blanks;       // blanks and tabs may stand ahead of what closes it
+    unsigned char languages;
+    unsigned char size;
+    int FileCounters::*file_counter;
+    int FunctionCounters::*function_counter;
+    Action action;
+    const char *word;
+
+    constexpr explicit Keyword(const Row &row)
+        : head(row.word.substr(0, kHeadBytes)),
+          tail(row.word.substr(std::min(kHeadBytes, row.word.size()))),
+          comment(row.closing == kTermin || row.closers.find('#') != std::string_view::npos),
+          behind_blanks(row.closing == kTermin),
+          languages(row.languages),
+          size(static_cast<unsigned char>(row.word.size())),
+          file_counter(row.file_counter),
+          function_counter(row.function_counter),
+          action(row.action),
+          word(row.word.data()) {
+        for (const char c : row.closers) {
+            AddCloser(c, c != '#');
+        }
+        for (const char c : {'\n', '\r'}) {
+            AddCloser(c, row.closing == kTermin);
+        }
+        for (int i = 0; i < 256 && (row.closing == kName || row.closing == kOpName); ++i) {
+            const char c = static_cast<char>(i);
+            AddCloser(c, row.closing == kName ? c != '_' : IsSpace(c) || is_operator(c));
+        }
+    }
+    constexpr void AddCloser(char c, bool closes) {
+        closers[static_cast<unsigned char>(c) / 64] |= static_cast<uint64_t>(closes) << (c & 63);
+    }
+    constexpr bool HasCloser(char c) const { return closers[static_cast<unsigned char>(c) / 64] >> (c & 63) & 1; }
+    // Whether the word, which ends at p, is closed there.
+    bool IsClosed(const char *p) const {
+        if (behind_blanks) {
+            p = Ltrim(p);
+        }
+        return HasCloser(*p) || (comment && OpensComment(p));
+    }
+};
+
+constexpr size_t kKeywordCount = std::size(kTable);
+static_assert(kKeywordCount < 256);
+template <size_t... rows> constexpr std::array<Keyword, sizeof...(rows)> MakeKeywords(std::index_sequence<rows...>) {
+    return {Keyword(kTable[rows])...};
+}
+constexpr auto kKeywords = MakeKeywords(std::make_index_sequence<kKeywordCount>());
+static_assert(std::ranges::all_of(kKeywords, [](const Keyword &keyword) { return keyword.size <= 2 * kHeadBytes; }));
+
+// The masks of a block leave out words that the sieve holds back: no keyword may be among them, whatever closes it.
+constexpr bool PassesSieve(const Keyword &keyword) {
+    if (keyword.size >= sieve::kPlaces) {
+        return MayBeKeyword(keyword.word);
+    }
+    for (int i = 0; i < 256; ++i) {
+        const char closer = static_cast<char>(i);
+        const bool closes =
+            keyword.HasCloser(closer) || (keyword.comment && closer == '/') || (keyword.behind_blanks && IsBlankOrTab(closer));
+        for (int behind = 0; closes && behind < 32; ++behind) { // every lower half, with the high bit too
+            std::array<char, sieve::kPlaces + 1> text{};
+            char *p = std::copy_n(keyword.word, keyword.size, text.begin());
+            *p++ = closer;
+            *p = static_cast<char>(behind < 16 ? behind : behind | 128);
+            if (!MayBeKeyword(text.data())) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(std::ranges::all_of(kKeywords, PassesSieve));
+
+// Bit of a letter: the small letters have 1 to 26, "_" has 31.
+constexpr int LetterBit(char letter) {
+    return letter & 31;
+}
+
+// The keywords of a first letter, by its bit, and of a second letter. Where both are those of one, a word is looked at.
 struct Rows {
     unsigned char begin, end;
 };
@@ -212,8 +280,8 @@ void RowsOfTwoLettersStandTogether() {} // not constexpr: reached only by a wron
 
 constexpr std::array<RowsOfSecond, 32> kRows = [] {
     std::array<RowsOfSecond, 32> all{};
-    for (int row = 0; row < kKeywordCount; ++row) {
-        const std::string_view word = kKeywords[row].word;
+    for (size_t row = 0; row < kKeywordCount; ++row) {
+        const std::string_view word = kTable[row].word;
         Rows &rows = all[LetterBit(word[0])][LetterBit(word[1])];
         if (rows.end == 0) {
             rows.begin = static_cast<unsigned char>(row);
@@ -239,78 +307,84 @@ constexpr std::array<uint32_t, 256> kMayFollow = [] {
     return letters;
 }();
 
+// The bits of a row that acts or complains in the file in hand.
 unsigned LanguageOf(const Globals *G) {
-    return G->is_c ? kC : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
+    return G->is_c ? kC | kAnsi : G->is_cpp ? kCpp : G->is_java ? kJava : G->is_cs ? kCs : kUnknown;
 }
 
-bool IsInSet(const char *closers, const char *p) {
-    const char c = *p == '/' && OpensComment(p) && strchr(closers, '#') ? '#' : *p;
-    return c != '\0' && (c != '#' || *p == '/') && strchr(closers, c) != nullptr;
-}
-
-// Whether the word is closed at index; then counts it.
-bool IsClosed(const Keyword &keyword, const char *line, int index, int *counter) {
-    const char *p = line + index;
-    int closed = 1;
-    switch (keyword.closing) {
-    case kTermin: return KeywordTermin(line, index, counter, keyword.closers[0], '\n');
-    case kSet: closed = IsInSet(keyword.closers, p); break;
-    case kName: closed = *p != '_'; break;
-    case kOpName: closed = IsSpace(*p) || is_operator(*p); break;
-    case kNoTest: break;
+// if constexpr (a), if IF_CONSTEXPR (a): what stands between the word, which ends at p, and its condition, doesn't matter.
+bool IsClosedBehindMacro(const Keyword &keyword, const char *p, const Globals *G) {
+    if (!(G->reading & kConditions) || !G->is_cpp || keyword.head.bytes != HeadOf(std::string_view("if")) || !IsBlankOrTab(*p)) {
+        return false;
     }
-    *counter += closed;
-    return closed;
-}
-
-// if constexpr (a), if IF_CONSTEXPR (a): the index behind what stands between the word and its condition.
-int BehindConstexpr(const Keyword &keyword, const char *line, int end, const Globals *G) {
-    if (!(G->reading & kConditions) || !G->is_cpp || keyword.word != "if") {
-        return end;
-    }
-    const char *p = Ltrim(line + end);
+    p = Ltrim(p);
     while (IsWordChar(*p)) {
         ++p;
     }
-    return *Ltrim(p) == '(' ? static_cast<int>(p - line) : end;
+    return *Ltrim(p) == '(';
 }
 
-// True if the row was the word's.
-bool TakeKeyword(const Keyword &keyword, Scan &scan, Globals *G) {
-    const unsigned language = LanguageOf(G);
-    const int complains = (keyword.languages & kAnsi) && language == kC;
-    const int acts = (keyword.languages & language) != 0;
-    const int end = scan.index + static_cast<int>(keyword.word.size());
-    int uncounted = 0;
-    int *counter = acts && keyword.file_counter ? &(G->*keyword.file_counter) : &uncounted;
-    if (!(complains | acts) || !IsClosed(keyword, scan.line, BehindConstexpr(keyword, scan.line, end, G), counter)) {
-        return false;
+// What the keyword, which ends at end, counts and does.
+void TakeKeyword(const Keyword &keyword, const char *end, Scan &scan, Globals *G) {
+    if (keyword.file_counter) {
+        ++(G->*keyword.file_counter);
     }
-    if (complains) {
-        CPP_Symbol(scan.number, keyword.word.data(), G);
-    }
-    if (acts && keyword.function_counter) {
+    if (keyword.function_counter) {
         ++(G->*keyword.function_counter);
     }
-    if (acts && keyword.action) {
-        keyword.action(scan, end, G);
+    if (keyword.action) {
+        keyword.action(scan, static_cast<int>(end - scan.line), G);
     }
-    return true;
 }
 
-// A word whose head is that of a row is the row's: nothing else follows.
-bool IsWordOf(const Keyword &keyword, const char *text) {
-    const size_t size = keyword.word.size();
-    return (size <= kHeadBytes || memcmp(text + kHeadBytes, keyword.word.data() + kHeadBytes, size - kHeadBytes) == 0) &&
-           (IsPrefix(keyword) || !IsWordChar(text[size]));
+[[gnu::noinline]] void ComplainOf(const Keyword &keyword, const char *end, Scan &scan, Globals *G) {
+    CPP_Symbol(scan.number, keyword.word, G);
+    if (keyword.languages & kC) {
+        TakeKeyword(keyword, end, scan, G);
+    }
 }
 
-bool HasHead(uint64_t head, int row) {
-    return ((head ^ kHeads[row].bytes) & kHeads[row].mask) == 0;
+void TryKeyword(const Keyword &keyword, const Keyword *last, Scan &scan, Globals *G);
+
+// The word in hand is the first of some keywords that it fits: the first one that has its head is tried, then those behind it.
+void TryKeywords(const Keyword *keyword, const Keyword *last, Scan &scan, Globals *G) {
+    const uint64_t head = HeadOf(scan.line + scan.index);
+    for (; keyword < last; ++keyword) {
+        if (keyword->head.IsIn(head)) {
+            return TryKeyword(*keyword, last, scan, G);
+        }
+    }
 }
 
-const Rows &RowsOf(const char *word) {
-    return kRows[LetterBit(word[0])][LetterBit(word[1])];
+// A keyword that isn't closed as it is mostly.
+[[gnu::noinline]] void TryOtherwise(const Keyword &keyword, const Keyword *last, Scan &scan, Globals *G) {
+    const char *end = scan.line + scan.index + keyword.size;
+    if (IsClosedBehindMacro(keyword, end, G)) {
+        return TakeKeyword(keyword, end, scan, G);
+    }
+    return TryKeywords(&keyword + 1, last, scan, G);
+}
+
+// Whatever it calls is the last that it does, so that it has nothing to save.
+[[gnu::noinline]] void TryKeyword(const Keyword &keyword, const Keyword *last, Scan &scan, Globals *G) {
+    const char *word = scan.line + scan.index;
+    const char *end = word + keyword.size;
+    const unsigned acting = LanguageOf(G) & keyword.languages;
+    if (!acting || !keyword.tail.IsIn(HeadOf(word + kHeadBytes)) || !keyword.IsClosed(end)) {
+        return TryOtherwise(keyword, last, scan, G);
+    }
+    if (acting & kAnsi) {
+        return ComplainOf(keyword, end, scan, G);
+    }
+    return TakeKeyword(keyword, end, scan, G);
+}
+
+struct Range {
+    const Keyword *begin, *end;
+};
+Range KeywordsOf(const char *word) {
+    const Rows &rows = kRows[LetterBit(word[0])][LetterBit(word[1])];
+    return {kKeywords.data() + rows.begin, kKeywords.data() + rows.end};
 }
 
 bool MayFollow(const char *word) {
@@ -319,37 +393,16 @@ bool MayFollow(const char *word) {
 
 } // namespace
 
-bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2) {
-    const char *p = Ltrim(line + index);
-    if (*p == '\0' || (*p != term1 && *p != term2 && !IsLineEnd(*p) && !OpensComment(p))) {
-        return false;
-    }
-    ++*counter;
-    return true;
-}
-
 void CountLoop(const char *line, int index, Globals *G) {
     const char *word = line + index;
     if (!MayFollow(word)) {
         return;
     }
-    const auto [begin, end] = RowsOf(word);
     const uint64_t head = HeadOf(word);
-    for (int row = begin; row < end; ++row) {
-        const Keyword &keyword = kKeywords[row];
-        if (keyword.file_counter == &File::for_count && HasHead(head, row) && IsWordOf(keyword, word)) {
-            IsClosed(keyword, line, index + static_cast<int>(keyword.word.size()), &G->for_count);
-            return;
-        }
-    }
-}
-
-// A word with the head of a row; the others of its first two letters stand behind it.
-[[gnu::noinline]] static void OnLikelyKeyword(int row, int end, Scan &scan, Globals *G) {
-    const char *word = scan.line + scan.index;
-    const uint64_t head = HeadOf(word);
-    for (; row < end; ++row) {
-        if (HasHead(head, row) && IsWordOf(kKeywords[row], word) && TakeKeyword(kKeywords[row], scan, G)) {
+    const auto [begin, end] = KeywordsOf(word);
+    for (const Keyword *keyword = begin; keyword < end; ++keyword) {
+        if (keyword->file_counter == &File::for_count && keyword->head.IsIn(head) && keyword->IsClosed(word + keyword->size)) {
+            ++G->for_count;
             return;
         }
     }
@@ -357,15 +410,8 @@ void CountLoop(const char *line, int index, Globals *G) {
 
 void OnWord(Scan &scan, Globals *G) {
     const char *word = scan.line + scan.index;
-    const auto [begin, end] = RowsOf(word);
-    if (begin == end || !MayFollow(word)) {
-        return;
-    }
-    const uint64_t head = HeadOf(word);
-    for (int row = begin; row < end; ++row) {
-        if (HasHead(head, row)) {
-            OnLikelyKeyword(row, end, scan, G);
-            return;
-        }
+    if (MayFollow(word)) {
+        const auto [begin, end] = KeywordsOf(word);
+        TryKeywords(begin, end, scan, G);
     }
 }

@@ -8,5 +8,3 @@ struct Scan;
 void OnWord(Scan &scan, Globals *G);
 // Counts the word that begins at index of the line if it is a keyword that counts as a loop with a head: for, foreach.
 void CountLoop(const char *line, int index, Globals *G);
-// True if a word is closed at index of the line: blanks may stand ahead of the terminator, a line end or a comment; then counts it.
-bool KeywordTermin(const char *line, int index, int *counter, char term1, char term2);

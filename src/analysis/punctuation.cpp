@@ -209,6 +209,9 @@ void OnLess(Scan &scan, Globals *G) {
 
 void OnGreater(Scan &scan, Globals *G) {
     const char before = scan.line[scan.index - 1];
+    if (before == '-' && !G->template_beg_flag) { // most of them
+        return;
+    }
     const char next = scan.line[scan.index + 1];
     if (next != '=' && before != '>' && before != '-' && next != '>') {
         --G->angle_depth;
@@ -306,12 +309,15 @@ void OnQuestion(Scan &scan, Globals *G) {
     NoticeAtLine(kNoticeTernary, G);
 }
 
-// "..." as a parameter; catch (...) isn't meant
+// "..." as a parameter, told at its second dot; catch (...) isn't meant
 void OnDot(Scan &scan, Globals *G) {
     const char *dot = scan.line + scan.index;
-    const char before = dot[-1];
-    if (dot[1] == '.' && dot[2] == '.' && (IsBlankOrTab(before) || before == ',' || before == '(') &&
-        (IsBlankOrTab(dot[3]) || dot[3] == ')') && G->quality_notices && !G->catch_flag) {
+    if (dot[-1] != '.' || dot[1] != '.') {
+        return;
+    }
+    const char before = dot[-2];
+    if ((IsBlankOrTab(before) || before == ',' || before == '(') && (IsBlankOrTab(dot[2]) || dot[2] == ')') && G->quality_notices &&
+        !G->catch_flag) {
         NoticeAtLine(kNoticeEllipsis, G);
     }
 }

@@ -19,11 +19,25 @@ namespace {
 constexpr LongText<Shown> kFriendClass{"friend class '`%s`' identified.\n"
                                        "           This is a problematic construct as it breaks encapsulation.\n"};
 
-// Notice 50: text behind the "=".
-void EmitNumericAssignment(const char *text, Globals *G) {
+// The number that stands in text is 0.
+bool IsZero(const char *text) {
+    const char *number = Ltrim(text);
+    const char *end = number;
+    bool zero = true;
+    for (; IsDigit(*end); ++end) {
+        zero = zero && *end == '0';
+    }
+    if (end > number && !IsWordChar(*end) && *end != '.') { // most of them: digits alone
+        return zero;
+    }
     LineText token;
     GetNextCodeToken(text, 0, token);
-    if (strtod(token, nullptr) == 0.0 && G->zero_is_literal != 1) {
+    return strtod(token, nullptr) == 0.0;
+}
+
+// Notice 50: text behind the "=".
+void EmitNumericAssignment(const char *text, Globals *G) {
+    if (G->zero_is_literal != 1 && IsZero(text)) {
         return;
     }
     if (Raise(kNoticeLiteral, G)) {

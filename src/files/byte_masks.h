@@ -15,7 +15,9 @@ struct alignas(64) ByteMasks {
     uint64_t visible; // 33 to 127: what isn't white
     uint64_t event;   // what the count of lines looks at in code: " ' / # ; { } and the "f" of "for"
     uint64_t token;   // the first byte of every word, and what is visible and in no word
-    uint64_t code;    // of the tokens those that the scanner may react to: keywords, and all others but single operators
+    uint64_t code;  // of the tokens those that the scanner may react to: what may be keywords, and all others but single operators
+    uint64_t blank; // blanks
+    uint32_t blanks_ahead, tabs_ahead; // in the masks ahead of this one
 };
 
 inline constexpr size_t kMaskBytes = 64;

@@ -24,7 +24,6 @@ void Begin(SourceReader *reader, MaskUse use) {
     reader->got = 0;
     reader->use = use;
     reader->white = {};
-    reader->white_to = 0;
     reader->kept = {};
     *reader->kept_text = '\0';
     reader->classify = use == MaskUse::kLines ? lines : code;
@@ -80,21 +79,24 @@ ssize_t ReadSome(int fd, char *bytes, size_t most) {
     return got;
 }
 
-void CountWhiteUpTo(SourceReader *reader, size_t end) {
-    const size_t begin = reader->white_to;
-    const White more = begin < end ? CountWhite(reader->Block() + begin, end - begin) : White{};
-    const White less = end < begin ? CountWhite(reader->Block() + end, begin - end) : White{};
-    reader->white.blanks += more.blanks - less.blanks;
-    reader->white.tabs += more.tabs - less.tabs;
-    reader->white_to = end;
+// Blanks and tabs of the first bytes of the block.
+White WhiteOfBlock(const SourceReader *reader, size_t count) {
+    if (count == 0) {
+        return {0, 0};
+    }
+    const ByteMasks &last = reader->masks[(count - 1) / kMaskBytes];
+    const size_t above = -count % kMaskBytes; // bytes of the last masks that don't count
+    return {int64_t{last.blanks_ahead} + std::popcount(last.blank << above),
+            int64_t{last.tabs_ahead} + std::popcount(last.tab << above)};
 }
 
 // What is asked for of the bytes that leave the block.
 void SettleBlock(SourceReader *reader) {
     KeptText(reader);
     if (reader->use == MaskUse::kCode) {
-        CountWhiteUpTo(reader, reader->begin);
-        reader->white_to = 0;
+        const White white = WhiteOfBlock(reader, reader->begin);
+        reader->white.blanks += white.blanks;
+        reader->white.tabs += white.tabs;
     }
 }
 
@@ -177,8 +179,8 @@ const char *KeptText(SourceReader *reader) {
 }
 
 White WhiteUpTo(SourceReader *reader, const char *text) {
-    CountWhiteUpTo(reader, text - reader->Block());
-    return reader->white;
+    const White white = WhiteOfBlock(reader, text - reader->Block());
+    return {reader->white.blanks + white.blanks, reader->white.tabs + white.tabs};
 }
 
 void LeaveOutWhite(SourceReader *reader, const char *text, size_t count) {
@@ -219,7 +221,6 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     if (reader->use == MaskUse::kCode) { // only the text of a line counts
         const size_t counted = piece == Piece::kLine ? length : 0;
         LeaveOutWhite(reader, text + counted, bytes - counted);
-        CountWhiteUpTo(reader, reader->begin); // no line feed may end it, and its last byte makes room for the next line's NUL
     }
     return piece;
 }

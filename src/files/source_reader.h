@@ -35,8 +35,7 @@ struct SourceReader {
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
     char behind_cut;
     MaskUse use;                              // what the masks are for
-    White white;                              // of the bytes ahead of white_to
-    size_t white_to;                          // those of the block up to here are counted
+    White white;                              // of the bytes ahead of the block, but for those left out
     KeptLine kept;                            // the line asked for with KeepLine
     Classifier classify;                      // fills the masks; what for is the caller's choice at OpenSource and RewindSource
     ByteMasks masks[kBlock / kMaskBytes + 2]; // of the block, for the bytes up to end
@@ -71,8 +70,7 @@ inline void KeepLine(SourceReader *reader, const SourceLine &line) {
 // The line kept last, as it stands in the file; empty where none was kept. It stays until another one is kept.
 const char *KeptText(SourceReader *reader);
 
-// Blanks and tabs of the source up to a byte of the line in hand, without those left out. They are counted when they are asked for.
-// For a source that is read for its code.
+// Blanks and tabs of the source up to a byte of the line in hand, without those left out. For a source that is read for its code.
 White WhiteUpTo(SourceReader *reader, const char *text);
 // The white of a piece of the line in hand counts for nothing.
 void LeaveOutWhite(SourceReader *reader, const char *text, size_t count);

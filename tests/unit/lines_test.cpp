@@ -10,14 +10,17 @@
 namespace {
 
 // Bytes at which something begins or ends, each as likely as the others, so that short texts hold every neighbourhood.
-constexpr std::string_view kBytes = "\n\n\r\t  aforz09_/*\"'\\#;{}()[]<>=:?.,&|+-!%~@\x01\x7f\x80\xff";
+constexpr std::string_view kBytes = "\n\n\r\t  aforz09_/*\"'\\#;{}()[]<>=:?.,&|+-!%~@$^`\x01\x7f\x80\xff";
+// Words that may be keywords and some that can't.
+constexpr std::string_view kWords[] = {"if",  "do ",    "for(", "static_cast", "_exit", "return", "reset", "int",
+                                       "If(", "RETURN", "get{", "d\xef",       "iff",   "x",      "case",  "9else"};
 
-std::string RandomBytes(std::mt19937 &random, size_t count) {
-    std::string text(count, '\0');
-    for (char &c : text) {
-        c = kBytes[random() % kBytes.size()];
+std::string RandomText(std::mt19937 &random, size_t count) {
+    std::string text;
+    while (text.size() < count) {
+        text += random() % 8 ? std::string(1, kBytes[random() % kBytes.size()]) : kWords[random() % std::size(kWords)];
     }
-    return text;
+    return text.substr(0, count);
 }
 
 std::vector<ByteMasks> Masks(Classifier classify, const std::string &block, size_t count) {
@@ -28,7 +31,7 @@ std::vector<ByteMasks> Masks(Classifier classify, const std::string &block, size
 
 bool IsSame(const ByteMasks &a, const ByteMasks &b) {
     return a.feed == b.feed && a.tab == b.tab && a.visible == b.visible && a.event == b.event && a.token == b.token &&
-           a.code == b.code;
+           a.code == b.code && a.blank == b.blank && a.blanks_ahead == b.blanks_ahead && a.tabs_ahead == b.tabs_ahead;
 }
 
 } // namespace
@@ -37,7 +40,7 @@ TEST_CASE("every classifier finds the same bytes") {
     std::mt19937 random(7);
     for (int round = 0; round < 200; ++round) {
         const size_t count = random() % 300;
-        std::string block = '\0' + RandomBytes(random, count) + std::string(kMaskBytes + kBytesBehind, '\0');
+        std::string block = '\0' + RandomText(random, count) + std::string(kMaskBytes + kBytesBehind, '\0');
         for (const MaskUse use : {MaskUse::kLines, MaskUse::kCode}) {
             const Classifiers all = AllClassifiers(use);
             const std::vector<ByteMasks> plain = Masks(all.plain, block, count);
@@ -52,8 +55,9 @@ TEST_CASE("every classifier finds the same bytes") {
 }
 
 TEST_CASE("the bytes that the scanner looks at") {
-    // no keyword behind ">", "-" or ".", and none in capitals; "--" is looked at where it is doubled, ".." where another follows
-    const std::string text = "x->if(Do, a--b) ...if FOR for1\n";
+    // no keyword behind ">", "-" or ".", none in capitals, and no word whose letters no keyword begins with; "--" and "..." are
+    // looked at where they are doubled
+    const std::string text = "x->if(Do, a--b) ...if FOR for1 int do( i\xc6 !$%x\n";
     const TextLine source(text);
     std::string looked_at;
     for (int i = 0; i < static_cast<int>(text.size()); ++i) {
@@ -63,7 +67,7 @@ TEST_CASE("the bytes that the scanner looks at") {
     }
     const TextLine wide(std::string(60, ' ') + "over_the_border;");
     CHECK(std::popcount(wide.masks[0].token) + std::popcount(wide.masks[1].token) == 2);
-    CHECK(looked_at == "x >  (  , a - ) ..        f    ");
+    CHECK(looked_at == "  >  (  ,   - )  ..       f        d (         ");
 }
 
 TEST_CASE("both ways to the lines of a source agree") {

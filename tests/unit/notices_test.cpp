@@ -68,7 +68,8 @@ TEST_CASE("assigned literals, on the line of the sign and behind it") {
         int raised;
     } cases[] = {
         // clang-format off
-        {kC, "x = 5;\n", 1}, {kC, "x = 0;\n", 0}, {kC, "x = 0.0;\n", 0}, {kC, "x = a + 5;\n", 0}, {kC, "const int x = 5;\n", 0},
+        {kC, "x = 5;\n", 1}, {kC, "x = 0;\n", 0}, {kC, "x = 0.0;\n", 0}, {kC, "x = 100;\n", 1}, {kC, "x = 00;\n", 0},
+        {kC, "x = 0x1;\n", 1}, {kC, "x = 0.5;\n", 1}, {kC, "x = 0x0;\n", 0}, {kC, "x = 1e-999;\n", 0}, {kC, "x = a + 5;\n", 0}, {kC, "const int x = 5;\n", 0},
         {kC, "enum E { x = 5, y };\n", 0}, {kC, "x = /* five */5;\n", 1}, {kC, "x = (int) 5;\n", 1}, {kC, "x = (int) y;\n", 0},
         {kC, "const int x = (int) 5;\n", 1}, {kCpp, "class A { virtual int f() = 5; };\n", 0}, {kC, "x = y(5;\n", 0},
         {kCpp, "class A { virtual int f() = (int) 5; };\n", 0}, {kCpp, "x = static_cast<int>(5);\n", 1},

@@ -114,6 +114,8 @@ TEST_CASE("statements outside of functions are judged as a whole") {
          " int G() { return x?1:2; }\n int H() { return x ? 1 : y ?.5 : 2; }\n int K() { return x switch { 1 => 2, _ => 3 }; "
          "}\n}\n",
          "A.F:5 A.G:6=2 A.H:7=3 A.K:8"},
+        {"C++", "int f() {\n if IF_CONSTEXPR (a) { }\n ifi (b);\n iff(c);\n if\xc6(d);\n}\n",
+         "f:6=2"}, // of four words one is an if
         {"Java", "class A {\n void f(Map<?, ? extends T> a) { Class<?> c = x ? y : z; }\n}\n", "A.f:2=2"},
         {"C",
          "struct s f(int a) attr {\n}\nint (g)(int a) {\n}\n[[x]] __extension__ int h(void) {\n}\n"

@@ -84,6 +84,14 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     const std::string odd = "a b" + std::string("\0 c \t\n", 6) + std::string(2500, ' ') + "x\n \n\x01  ";
     CHECK(Has(Written([&] { CHECK(others.Feed(odd) == "LLB"); }), "Text line 1 length greater than 2048 characters"));
     CHECK(others.G->file_white == 1 + (2500 - kMaxPiece) + 1);
+    for (const int blanks : {62, 63, 64, 127, 128}) { // up to the border of 64 bytes, and over it
+        Bench border;
+        border.Feed("\t" + std::string(blanks - 1, ' ') + "\n");
+        CHECK(border.G->file_white == 2 + blanks - 1);
+    }
+    const Bench last; // a class asks for the white ahead of the last blank, which no line feed follows
+    last.Feed("struct f ");
+    CHECK(last.G->file_white == 2);
 }
 
 TEST_CASE("lines across the borders of blocks") {
