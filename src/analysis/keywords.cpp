@@ -293,10 +293,11 @@ constexpr std::array<RowsOfSecond, 32> kRows = [] {
     return all;
 }();
 
-// For every character the first letters that it may stand in front of; NUL stands in front of the line.
+// For every character the first letters that it may stand in front of; NUL or a line feed stands in front of the line.
 constexpr std::array<uint32_t, 256> kMayFollow = [] {
     std::array<uint32_t, 256> letters{};
     letters[0] = ~0U;
+    letters['\n'] = ~0U;
     for (const Ahead &ahead : kAhead) {
         for (const char *letter = ahead.letters; *letter; ++letter) {
             for (const char *c = ahead.allowed; *c; ++c) {

@@ -17,7 +17,7 @@ struct Scan {
     int notices_print;        // a tab's notice prints in its place; otherwise it only counts
     // of the line
     int origin;         // of its first byte in the masks
-    const char *line;   // NUL terminated, with its line end; line[-1] is NUL, so nothing is special at index 0
+    const char *line;   // NUL terminated, with its line end; line[-1] is NUL or a line feed, so nothing is special at index 0
     int number;         // line number in the file
     int length;         // characters without the line end
     int first_nonblank; // index of the first byte above 32; the length when there is none

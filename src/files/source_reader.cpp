@@ -124,7 +124,6 @@ void Refill(SourceReader *reader) {
     reader->classify(block, reader->end, reader->masks);
     EndFeeds(reader);
     reader->has_nul = memchr(block, '\0', reader->end) != nullptr;
-    reader->plain = reader->has_nul ? 0 : reader->end;
 }
 
 struct RawPiece {
@@ -168,10 +167,9 @@ int LeadingHighBytes(const char *text) {
 } // namespace
 
 const char *KeptText(SourceReader *reader) {
-    const auto [text, length, last] = reader->kept;
+    const auto [text, length] = reader->kept;
     if (text) {
         memcpy(reader->kept_text, text, length);
-        reader->kept_text[length > 0 ? length - 1 : 0] = last;
         reader->kept_text[length] = '\0';
         reader->kept.text = nullptr;
     }
@@ -211,6 +209,7 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
         bytes -= skipped;
         text += skipped;
     }
+    KeptText(reader); // its last byte may be the one ahead
     text[-1] = '\0';
     const size_t length = reader->has_nul ? strlen(text) : bytes;
     const int origin = static_cast<int>(text - reader->Block());
@@ -222,5 +221,6 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
         const size_t counted = piece == Piece::kLine ? length : 0;
         LeaveOutWhite(reader, text + counted, bytes - counted);
     }
+    reader->plain = feed && !reader->has_nul ? reader->end : 0; // no line feed stands ahead of what follows
     return piece;
 }

@@ -16,7 +16,6 @@ inline constexpr int kMaxPiece = 2047;
 struct KeptLine {
     const char *text; // null where none is kept, or where it stands in kept_text
     int length;
-    char last; // its last character, in whose place a NUL may stand
 };
 
 struct SourceReader {
@@ -31,7 +30,7 @@ struct SourceReader {
     size_t got;   // bytes read
     size_t begin; // unread bytes of the block: from here
     size_t end;   // up to here
-    size_t plain; // a line feed ahead of here ends a line without a NUL
+    size_t plain; // a line feed ahead of here ends a line that is a view as it stands; 0 where the next one isn't
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
     char behind_cut;
     MaskUse use;                              // what the masks are for
@@ -45,7 +44,7 @@ struct SourceReader {
     char *Block() { return room + kFront; }
 };
 
-// A line in hand, until the next one is asked for. The bytes ahead of it and behind it are NUL.
+// A line in hand, until the next one is asked for. The byte behind it is NUL, the one ahead of it NUL or a line feed.
 struct SourceLine {
     const char *text;       // with its line end, NUL terminated
     int bytes;              // of the text
@@ -65,7 +64,7 @@ int RewindSource(SourceReader *reader, MaskUse use);
 
 // Keeps the line in hand until another one is kept.
 inline void KeepLine(SourceReader *reader, const SourceLine &line) {
-    reader->kept = {line.text, line.bytes, line.text[line.bytes - 1]}; // an empty one begins behind a NUL
+    reader->kept = {line.text, line.bytes};
 }
 // The line kept last, as it stands in the file; empty where none was kept. It stays until another one is kept.
 const char *KeptText(SourceReader *reader);
@@ -113,7 +112,6 @@ inline Piece NextPiece(SourceReader *reader, SourceLine *line) {
     reader->cut = behind;
     reader->behind_cut = block[behind];
     block[behind] = '\0';
-    text[-1] = '\0';
     const int length = static_cast<int>(feed - begin);
     *line = {text, length + 1, length - (text[length - 1] == '\r'), static_cast<int>(begin), reader->masks};
     return Piece::kLine;
