@@ -138,7 +138,7 @@ bool IsProper(char c) {
 // Of 64 bytes, those that are looked at in code. Where something is waited for that is every token.
 uint64_t BitsAt(int place, const Scan &scan, bool waiting) {
     const ByteMasks &masks = scan.masks[static_cast<unsigned>(place) / kMaskBytes];
-    return (waiting ? masks.token : masks.code) | (scan.notices_print ? masks.tab : 0);
+    return waiting ? masks.token : masks.code;
 }
 
 // Calls the handlers of what is looked at from begin on, until a comment or a literal opens or the line ends. With waiting it ends

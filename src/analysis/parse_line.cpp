@@ -222,6 +222,7 @@ void BeginSource(SourceReader *reader, Scan *scan, Globals *G) {
     scan->handlers = HandlersFor(G);
     scan->kinds = split ? G->line_kinds : nullptr;
     scan->notices_print = tabs;
+    reader->tabs_are_tokens = tabs;
 }
 
 // Settles the file's white space and its tabs. text is what stands behind the last line.

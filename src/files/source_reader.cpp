@@ -23,6 +23,7 @@ void Begin(SourceReader *reader, MaskUse use) {
     static const Classifier code = BestClassifier(MaskUse::kCode);
     reader->got = 0;
     reader->use = use;
+    reader->tabs_are_tokens = 0;
     reader->white = {};
     reader->kept = {};
     *reader->kept_text = '\0';
@@ -100,6 +101,14 @@ void SettleBlock(SourceReader *reader) {
     }
 }
 
+void MakeTabsTokens(SourceReader *reader) {
+    for (size_t i = 0; i <= reader->end / kMaskBytes; ++i) {
+        ByteMasks &masks = reader->masks[i];
+        masks.token |= masks.tab;
+        masks.code |= masks.tab;
+    }
+}
+
 // Moves what is unread to the front of the block and fills the rest.
 void Refill(SourceReader *reader) {
     SettleBlock(reader);
@@ -123,6 +132,9 @@ void Refill(SourceReader *reader) {
     reader->behind_cut = '\0';
     reader->classify(block, reader->end, reader->masks);
     EndFeeds(reader);
+    if (reader->tabs_are_tokens) {
+        MakeTabsTokens(reader);
+    }
     reader->has_nul = memchr(block, '\0', reader->end) != nullptr;
 }
 

@@ -34,6 +34,7 @@ struct SourceReader {
     size_t cut;   // where a NUL stands for behind_cut, the byte behind the line in hand
     char behind_cut;
     MaskUse use;                              // what the masks are for
+    int tabs_are_tokens;                      // the masks token and code hold the tabs too; set behind OpenSource, if at all
     White white;                              // of the bytes ahead of the block, but for those left out
     KeptLine kept;                            // the line asked for with KeepLine
     Classifier classify;                      // fills the masks; what for is the caller's choice at OpenSource and RewindSource
