@@ -375,7 +375,7 @@ bool ClosesNoComment(const SourceLine &line) {
 // The line is blank, or comment from end to end.
 bool IsWithoutCode(const SourceLine &line, int first_visible, const Globals *G) {
     if (!IsInCode(*G)) {
-        return IsJustBlockComment(*G) && first_visible < line.length && ClosesNoComment(line);
+        return IsJustBlockComment(*G) && ClosesNoComment(line);
     }
     const char *begin = line.text + first_visible;
     return first_visible == line.length || (begin[0] == '/' && begin[1] == '/' && !(G->reading & kBraces));
@@ -395,7 +395,6 @@ bool CountWithoutCode(const SourceLine &line, int first_visible, Globals *G) {
     }
     AddClamped(G->file_chars, line.length);
     EndStatesOfLine(G);
-    G->at_flag = 0;
     return true;
 }
 

@@ -84,6 +84,8 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     const std::string odd = "a b" + std::string("\0 c \t\n", 6) + std::string(2500, ' ') + "x\n \n\x01  ";
     CHECK(Has(Written([&] { CHECK(others.Feed(odd) == "LLB"); }), "Text line 1 length greater than 2048 characters"));
     CHECK(others.G->file_white == 1 + (2500 - kMaxPiece) + 1);
+    Written([&] { others.Feed(std::string(kMaxPiece - 1, 'x') + "\\\"a\";\n"); }); // a piece is no part of the next one
+    CHECK(others.G->string_count == 1);
     for (const int blanks : {62, 63, 64, 127, 128}) { // up to the border of 64 bytes, and over it
         Bench border;
         border.Feed("\t" + std::string(blanks - 1, ' ') + "\n");
@@ -92,6 +94,19 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     const Bench last; // a class asks for the white ahead of the last blank, which no line feed follows
     last.Feed("struct f ");
     CHECK(last.G->file_white == 2);
+}
+
+TEST_CASE_FIXTURE(Bench, "blank lines and comments end what a line of code ends, and raise its notices") {
+    Feed("#define A \\\n\nvoid f(int a)\n{\n}\n#define B \\\n// c\nvoid g(int a)\n{\n}\n#define C /* \\\n\n */ void h(int "
+         "a)\n{\n}\n");
+    CHECK(Functions() == "f(int a) l2\ng(int a) l2\nh(int a) l2\n");
+    CHECK(G->continuation_count == 3);
+    Feed("/* a\nb \\\n c */\n// d \\\nx\n");
+    CHECK(G->continuation_count == 3 + 2);
+    G->notice_enabled[1] = 1;
+    G->max_line_length = 20;
+    Feed("/*\n" + std::string(30, 'x') + "\n*/\n// " + std::string(30, 'x') + "\n" + std::string(30, ' ') + "\n");
+    CHECK(G->notice_cnt[1] == 3);
 }
 
 TEST_CASE("lines across the borders of blocks") {
