@@ -22,9 +22,11 @@ TreeData *RootOf(const TreeData *node) {
 
 void EnterRoots(const Globals *G) {
     for (TreeData *root : Records<TreeData>(G->tree_list)) {
-        for (TreeData *node = root; node; node = NextNode(node, root)) {
+        TreeData *node = root;
+        do {
             node->jump = root;
-        }
+            node = NextNode(node, root);
+        } while (node);
     }
 }
 

@@ -99,6 +99,7 @@ struct SourceBench : StateBench {
         G->head_written = G->totals_only = 1;
         G->function_metrics = G->object_metrics = 1;
         G->cyclo_function_call = G->cyclo_if = G->cyclo_case = 1;
+        G->max_line_length = kMaxPiece;
         G->max_cyclo = G->max_interface = G->max_return_points = G->max_scope_depth = 100;
         Begin(language);
     }
