@@ -163,9 +163,9 @@ RawPiece FindPiece(SourceReader *reader) {
     }
 }
 
-int WithoutLineEnd(const char *text, size_t bytes) {
-    const size_t length = bytes - (text[bytes - 1] == '\n'); // an empty line begins behind a NUL
-    return static_cast<int>(length - (text[length - 1] == '\r'));
+int WithoutLineEnd(const char *text, int bytes) {
+    const int length = bytes - (text[bytes - 1] == '\n'); // an empty line begins behind a NUL
+    return length - (text[length - 1] == '\r');
 }
 
 int LeadingHighBytes(const char *text) {
@@ -225,7 +225,8 @@ Piece NextOddPiece(SourceReader *reader, SourceLine *line) {
     text[-1] = '\0';
     const size_t length = reader->has_nul ? strlen(text) : bytes;
     const int origin = static_cast<int>(text - reader->Block());
-    *line = {text, static_cast<int>(length), WithoutLineEnd(text, length), origin, reader->masks};
+    const int with_end = static_cast<int>(length);
+    *line = {text, with_end, WithoutLineEnd(text, with_end), origin, reader->masks};
     const Piece piece = filled                                ? (length < bytes ? Piece::kLine : Piece::kTooLong)
                         : feed || *text == '\t' || *text > 11 ? Piece::kLine
                                                               : Piece::kEnd;
