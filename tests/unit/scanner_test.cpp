@@ -80,12 +80,17 @@ TEST_CASE_FIXTURE(Bench, "white space and characters, in every state, without li
     CHECK(tabs.G->notice_cnt[30] == 1);
     tabs.Feed("\"a\tb\"\tc\n");
     CHECK(tabs.G->notice_cnt[30] == 2);
+    tabs.G->notices_by_file = 1; // they print, each in its place
+    Written([&] { tabs.Feed("x;\ty;\nz =\n\ta;\n"); });
+    CHECK(tabs.G->notice_cnt[30] == 4);
     Bench others; // what is no line, or no longer one, has no white space
     const std::string odd = "a b" + std::string("\0 c \t\n", 6) + std::string(2500, ' ') + "x\n \n\x01  ";
     CHECK(Has(Written([&] { CHECK(others.Feed(odd) == "LLB"); }), "Text line 1 length greater than 2048 characters"));
     CHECK(others.G->file_white == 1 + (2500 - kMaxPiece) + 1);
     Written([&] { others.Feed(std::string(kMaxPiece - 1, 'x') + "\\\"a\";\n"); }); // a piece is no part of the next one
     CHECK(others.G->string_count == 1);
+    others.Feed("int fun\n(int a)\n{\n}\n" + std::string(1, '\0') + "\n"); // among them a line that is still asked for
+    CHECK(others.Functions() == "fun(int a) l2\n");
     for (const int blanks : {62, 63, 64, 127, 128}) { // up to the border of 64 bytes, and over it
         Bench border;
         border.Feed("\t" + std::string(blanks - 1, ' ') + "\n");
