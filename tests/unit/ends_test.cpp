@@ -48,7 +48,7 @@ constexpr Row kSemicolon[] = {
     {kC, "int f(a, b)\n int a;\n{\n}\n", "f(a, b) Non-ANSI Parameter Construct l2\n#10"},
     // nothing is gathered behind it
     {kC, "int f(int n; int a[n],\n int b)\n{\n}\n", "f(int n; int a[n],) Non-ANSI Parameter Construct l2\n#10"},
-    {kC, "void f(int a = ({ x; }),\n int b)\n{\n}\n", "f(int a = ({ x; }) Non-ANSI Parameter Construct l2\n#10"},
+    {kC, "void f(int a({ x; }),\n int b)\n{\n}\n", "f(int a({ x; }) l2\n"},
     {kCpp, "class A {\n void f() const;\n struct B { int c; };\n};\n", "A d001 m001 l4\nstruct nested A::B d100 m000 l1\n"},
     // a member: method or data, with its commas
     {kCpp, "class A {\n bool operator<(A);\n int a, b;\n int c;\n};\n", "A d003 m001 l5\n"},
