@@ -1,7 +1,11 @@
 // Helpers on source text, as the recognisers need them: bytes in, bytes out, no state.
 //
-// Not here: what is told of a whole line (SingleChar in parse_line.cpp), and the marks in front of a keyword (keywords.cpp).
+// Not here: the marks in front of a keyword (keywords.cpp).
 #include "analysis/code_text.h"
+
+#include <array>
+#include <bit>
+#include <cstdint>
 
 namespace {
 
@@ -101,6 +105,66 @@ int OverBlanks(const char *line, int i) {
         --i;
     }
     return i;
+}
+
+namespace {
+
+// What stands behind a line's first character, from its first "/" on: of comments, or no comment.
+bool IsOverWithComments(const char *p, const char *line) {
+    const char *end = strstr(line, "//");
+    if (!end) {
+        end = line + strlen(line);
+    }
+    for (; p < end && !IsLineEnd(*p); ++p) {
+        if (*p == '/' && p + 1 < end && p[1] == '*') {
+            const char *close = strstr(p + 2, "*/");
+            if (!close || close + 2 > end) {
+                return true;
+            }
+            p = close + 1;
+        } else if (*p != ' ' && *p != '\t' && *p != ';' && *p != '/') {
+            return false;
+        }
+    }
+    return true;
+}
+
+using Bytes = unsigned char __attribute__((vector_size(16)));
+
+// Whether one of the 17 bytes at text is an "h" in front of an "r", which few words have.
+bool HoldsHr(const char *text) {
+    Bytes bytes, next;
+    memcpy(&bytes, text, sizeof bytes);
+    memcpy(&next, text + 1, sizeof next);
+    const auto found = std::bit_cast<std::array<uint64_t, 2>>((bytes == 'h') & (next == 'r'));
+    return (found[0] | found[1]) != 0;
+}
+
+} // namespace
+
+bool SingleChar(const char *line, char ch) {
+    const char *p = Ltrim(line);
+    if (*p != ch) {
+        return false;
+    }
+    do {
+        ++p;
+    } while (*p == ' ' || *p == '\t' || *p == ';');
+    return *p == '\0' || IsLineEnd(*p) || (*p == '/' && IsOverWithComments(p, line));
+}
+
+bool SpeaksOfFallingThrough(const char *line, int length) {
+    int i = 0;
+    while (i < length && !HoldsHr(line + i)) {
+        i += static_cast<int>(sizeof(Bytes));
+    }
+    for (const char *p = i < length ? line : ""; (p = strstr(p, " thr")) != nullptr; p += 4) {
+        const int verb = p - line >= 4 && (strncmp(p - 4, "fall", 4) == 0 || strncmp(p - 4, "drop", 4) == 0);
+        if (verb && (p[4] == 'u' || strncmp(p + 4, "ough", 4) == 0)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool IsUpperCase(const char *text) {

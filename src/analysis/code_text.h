@@ -13,14 +13,18 @@ char NextChar(const char *p);
 const char *NextCharAt(const char *p);
 // True if ch stands in code from p on, ahead of the line's end, comments stepped over; false too when a comment doesn't close.
 bool FindCodeChar(const char *p, char ch);
+// True if ch is the only significant character of a line, blanks, ";" and comments behind it aside.
+bool SingleChar(const char *line, char ch);
+// True for a comment that says that a case falls through on purpose: "fall through", "drop thru", ... length is that of the line;
+// the 17 bytes behind it must be readable.
+bool SpeaksOfFallingThrough(const char *line, int length);
 // True if the text, up to NUL or LF, holds no lower case letter; an empty text counts.
 bool IsUpperCase(const char *text);
 // The index in front of the blanks and tabs that end at i; -1 at the line's begin.
 int OverBlanks(const char *line, int i);
 // The next token from index on, ended by a blank, "{", ":", "(", ";", ")", "/" or a line end, after one comment. Null if it doesn't
 // begin with a letter, "_" or "~", or at a line end or a //; out is then not to be read as a name. GetNextCodeToken also skips "{"
-// and
-// "(" ahead of it and returns it whatever it begins with; GetNextRawToken ends it only at white space.
+// and "(" ahead of it and returns it whatever it begins with; GetNextRawToken ends it only at white space.
 const char *GetNextToken(const char *line, int index, std::span<char> out);
 const char *GetNextCodeToken(const char *line, int index, std::span<char> out);
 const char *GetNextRawToken(const char *line, int index, std::span<char> out);

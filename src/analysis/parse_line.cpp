@@ -1,13 +1,13 @@
-// The spine of the program: one physical line, walked once.
+// The spine of the program: a source line by line, each walked once.
 //
-// It goes from state to state: code is walked by ScanCode in dispatch.cpp, comments and literals by spans.cpp.
+// The walk goes from state to state: code is walked by ScanCode in dispatch.cpp, comments and literals by spans.cpp.
 #include "analysis/parse_line.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <climits>
 
+#include "analysis/code_text.h"
 #include "analysis/entities.h"
 #include "analysis/extraction.h"
 #include "analysis/keyword_actions.h"
@@ -19,37 +19,6 @@
 #include "notices/udqn.h"
 #include "run/globals.h"
 #include "run/mode.h"
-
-// What stands behind a line's first character, from its first "/" on: of comments, or no comment.
-static bool IsOverWithComments(const char *p, const char *line) {
-    const char *end = strstr(line, "//");
-    if (!end) {
-        end = line + strlen(line);
-    }
-    for (; p < end && !IsLineEnd(*p); ++p) {
-        if (*p == '/' && p + 1 < end && p[1] == '*') {
-            const char *close = strstr(p + 2, "*/");
-            if (!close || close + 2 > end) {
-                return true;
-            }
-            p = close + 1;
-        } else if (*p != ' ' && *p != '\t' && *p != ';' && *p != '/') {
-            return false;
-        }
-    }
-    return true;
-}
-
-bool SingleChar(const char *line, char ch) {
-    const char *p = Ltrim(line);
-    if (*p != ch) {
-        return false;
-    }
-    do {
-        ++p;
-    } while (*p == ' ' || *p == '\t' || *p == ';');
-    return *p == '\0' || IsLineEnd(*p) || (*p == '/' && IsOverWithComments(p, line));
-}
 
 namespace {
 
@@ -120,32 +89,6 @@ void AddClamped(int &sum, int more) {
     if (__builtin_add_overflow(sum, more, &sum)) {
         sum = INT_MAX;
     }
-}
-
-using Bytes = unsigned char __attribute__((vector_size(16)));
-
-// Whether one of the 17 bytes at text is an "h" in front of an "r", which few words have.
-bool HoldsHr(const char *text) {
-    Bytes bytes, next;
-    memcpy(&bytes, text, sizeof bytes);
-    memcpy(&next, text + 1, sizeof next);
-    const auto found = std::bit_cast<std::array<uint64_t, 2>>((bytes == 'h') & (next == 'r'));
-    return (found[0] | found[1]) != 0;
-}
-
-// A comment that says that a case falls through on purpose: "fall through", "drop thru", ...
-bool SpeaksOfFallingThrough(const char *line, int length) {
-    int i = 0;
-    while (i < length && !HoldsHr(line + i)) {
-        i += static_cast<int>(sizeof(Bytes));
-    }
-    for (const char *p = i < length ? line : ""; (p = strstr(p, " thr")) != nullptr; p += 4) {
-        const int verb = p - line >= 4 && (strncmp(p - 4, "fall", 4) == 0 || strncmp(p - 4, "drop", 4) == 0);
-        if (verb && (p[4] == 'u' || strncmp(p + 4, "ough", 4) == 0)) {
-            return true;
-        }
-    }
-    return false;
 }
 
 void CountBlank(Globals *G) {

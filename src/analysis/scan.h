@@ -1,6 +1,7 @@
 // The line in hand: what the scanner's handlers are given beside G.
 #pragma once
 
+#include "analysis/code_text.h"
 #include "files/byte_masks.h"
 #include "run/globals.h"
 
@@ -95,9 +96,7 @@ Handler *const *HandlersFor(const Globals *G);
 // Walks the line in code from scan.index until a comment or literal opens or the line ends.
 void ScanCode(Scan &scan, Globals *G);
 
-// True if ch is the only significant character of a line, blanks, ";" and comments behind it aside.
-bool SingleChar(const char *line, char ch);
-// The same for the line in hand, refused at a glance where it can be.
+// True if ch is the only significant character of the line in hand; refused at a glance where it can be.
 inline bool IsJust(const Scan &scan, char ch) {
     return scan.line[scan.first_nonblank] == ch && SingleChar(scan.line, ch);
 }
